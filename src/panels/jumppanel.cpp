@@ -1,0 +1,100 @@
+#include "jumppanel.h"
+
+#include "panelvalues.h"
+
+CJumpPanel::CJumpPanel(const QString& line)
+    : CPanel({.Area = AreaProcess, .BitmapId = 10034, .MinTokens = 3, .ShowsComment = false})
+{
+    m_flag = 1;
+    m_option = 0;
+    Init(line);
+}
+
+QString CJumpPanel::GetPortName(int) const
+{
+    return TokenCount() >= 2 && LeadingInt(Token(1)) > 0 ? Token(1) : QString();
+}
+
+int CJumpPanel::GetAuxValue()
+{
+    switch (m_bitmapId) {
+    case 10033:
+        m_bitmapId = 10034;
+        SetToken(2, QStringLiteral("L"));
+        break;
+    case 10034:
+        m_bitmapId = 10033;
+        SetToken(2, QStringLiteral("U"));
+        break;
+    case 10035:
+        m_bitmapId = 10036;
+        SetToken(2, QStringLiteral("D"));
+        break;
+    case 10036:
+        m_bitmapId = 10035;
+        SetToken(2, QStringLiteral("R"));
+        break;
+    }
+    UpdateSides();
+    return 1;
+}
+
+bool CJumpPanel::IsIncomplete() const
+{
+    if (TokenCount() < 3 || m_sides.isEmpty())
+        return true;
+    return LeadingInt(Token(1)) < 1;
+}
+
+bool CJumpPanel::SetLine(const QString& line)
+{
+    CPanel::SetLine(line);
+    const QString keyword = Token(0);
+    const bool in = keyword == u"JPI";
+    if (in || keyword == u"JPO") {
+        if (TokenCount() >= 3) {
+            const QString side = Token(2);
+            m_bitmapId = in ? (side == u"U" ? 10033 : 10034) : (side == u"D" ? 10036 : 10035);
+            m_reference = LeadingInt(Token(1));
+        } else {
+            SetToken(2, in ? QStringLiteral("L") : QStringLiteral("R"));
+            m_bitmapId = in ? 10034 : 10035;
+            m_reference = 0;
+        }
+    }
+    UpdateSides();
+    UpdateCaption();
+    return true;
+}
+
+bool CJumpPanel::EditProperties(IPropertyEditor& editor)
+{
+    return editor.Edit(*this, EPanelDialog::Jump);
+}
+
+void CJumpPanel::AcceptProperties(const QStringList& tokens, int)
+{
+    m_tokens = tokens;
+    m_reference = LeadingInt(Token(1));
+    UpdateCaption();
+}
+
+void CJumpPanel::UpdateSides()
+{
+    switch (m_bitmapId) {
+    case 10033:
+        m_sides = QStringLiteral("U");
+        break;
+    case 10034:
+        m_sides = QStringLiteral("L");
+        break;
+    case 10035:
+        m_sides = QStringLiteral("R");
+        break;
+    case 10036:
+        m_sides = QStringLiteral("D");
+        break;
+    default:
+        m_sides.clear();
+    }
+}

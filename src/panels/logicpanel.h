@@ -1,0 +1,16 @@
+#pragma once
+
+#include "panel.h"
+
+// The gates AND, OR, XOR and NOT and the constants ON and OFF. The line is the gate word
+// and the side its output leaves by ("R" or "D"); Rotate flips that side.
+class CLogicPanel : public CPanel
+{
+public:
+    explicit CLogicPanel(const QString& line = QString());
+
+    int GetAuxValue() override;
+    void Notify() override;
+    // Refuses (false) a line that names no gate and side; the panel keeps its kind.
+    bool SetLine(const QString& line) override;
+};

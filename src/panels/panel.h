@@ -1,0 +1,169 @@
+#pragma once
+
+#include "panelimage.h"
+#include "portlist.h"
+
+#include <QSize>
+#include <QString>
+#include <QStringList>
+
+class CPanel;
+
+// The property dialogs a panel family opens. The editor supplies the dialogs; the model
+// only says which one a panel wants.
+enum class EPanelDialog {
+    None,
+    Switch,
+    FlipFlop,
+    Delay,
+    Buzzer,
+    Counter,
+    SevenSeg,
+    StepMotor,
+    StepMotorOut,
+    Timer,
+    SerialIn,
+    SerialBit,
+    SerialOut,
+    Pulse,
+    Pwm,
+    WebIn,
+    Lcd,
+    Jump,
+};
+
+// Runs a panel's property dialog on a copy of its tokens. On OK the dialog hands its
+// tokens back through CPanel::AcceptProperties and the call answers true.
+class IPropertyEditor
+{
+public:
+    virtual ~IPropertyEditor() = default;
+    virtual bool Edit(CPanel& panel, EPanelDialog dialog) = 0;
+};
+
+// What a family's constructor sets before it reads its line; the rest keeps the defaults.
+struct CPanelDefaults
+{
+    int Area = 0;
+    int BitmapId = 60000;
+    const char* Sides = "";
+    int MinTokens = 0;
+    bool ShowsPorts = true;
+    bool ShowsComment = true;
+    int FixedTokens = -1;
+    int PortToken = -1;
+    const char* Keyword = nullptr; // token 0 of a panel made without a line
+};
+
+// One function block of a layout. Its whole persistent state is its definition line:
+// keyword, arguments and an optional ";" comment. Families set defaults in their
+// constructors and override some of the virtual operations below, kept in slot order.
+class CPanel
+{
+public:
+    enum { NoPanel = 60000 };
+    enum EArea { AreaNone = 0, AreaInput = 1, AreaOutput = 2, AreaProcess = 3 };
+
+    virtual QString GetCaption() const;
+    virtual QSize GetImageSize() const;
+    virtual QString GetPortName(int i) const;
+    virtual QString GetComment(int i) const;
+    // The turn operation of the Rotate command: a panel that can turn changes its
+    // orientation and answers 1; the base cannot turn and answers 0.
+    virtual int GetAuxValue();
+    virtual int GetMode() const;
+    virtual QString GetPortText() const;
+    virtual void Notify();
+    virtual QString GetSides() const;
+    virtual int GetAuxFlag() const;
+    virtual bool IsIncomplete() const;
+    virtual bool MakeImage(CPanelImage& image);
+    virtual void SetVariant(int variant);
+    virtual bool SetLine(const QString& line);
+    virtual QString GetLine() const;
+    virtual bool EditProperties(IPropertyEditor& editor);
+    virtual ~CPanel();
+    virtual void UpdateCaption();
+
+    // What a property dialog's OK gives back: the new tokens and the port chosen.
+    virtual void AcceptProperties(const QStringList& tokens, int portIndex);
+
+    QString GetName() const { return m_name; }
+    void SetName(const QString& name);
+    // The option is the panel's weight against the layout's capacity.
+    int GetOption() const { return m_option; }
+    void SetOption(int option) { m_option = option; }
+    int GetItemCount() const { return m_itemCount; }
+    bool IsEnabled() const { return m_enabled; }
+    int GetFlag() const { return m_flag; }
+    QString GetTrailingComment() const;
+    void RecountItems();
+    void ResolvePort();
+    void CopyFrom(const CPanel& other);
+
+    int GetArea() const { return m_area; }
+    int GetBitmapId() const { return m_bitmapId; }
+    int GetPortIndex() const { return m_portIndex; }
+    int GetVariant() const { return m_variant; }
+    int GetReference() const { return m_reference; }
+    int GetMinTokens() const { return m_minTokens; }
+    bool IsVisible() const { return m_visible; }
+    const QString& GetText() const { return m_text; }
+    // The comment of the line as last parsed, without its ";".
+    const QString& GetLineComment() const { return m_comment; }
+    const QStringList& GetTokens() const { return m_tokens; }
+    const CPortList& GetPortList() const { return m_portList; }
+    CPortList& PortList() { return m_portList; }
+    // Rows the panel covers in the grid.
+    int GetHeight() const { return m_itemCount > 1 ? m_itemCount : 1; }
+
+    // The written and read forms of a definition line, shared by every family.
+    static QString JoinLine(const QStringList& tokens);
+    static QStringList SplitLine(const QString& line);
+
+protected:
+    explicit CPanel(const CPanelDefaults& defaults);
+    // Called at the end of every family constructor: virtual dispatch reaches the family
+    // only once the family's own constructor runs.
+    void Init(const QString& line);
+
+    QString Token(int i) const { return i >= 0 && i < m_tokens.size() ? m_tokens[i] : QString(); }
+    int TokenCount() const { return int(m_tokens.size()); }
+    // Sets token index in place; the token array grows with empty tokens as needed.
+    void SetToken(int index, const QString& value);
+    // The display name a line carries in its last token: that token without its ";", or ""
+    // when the line ends in no comment.
+    QString CommentName() const;
+    // Tokens not counting a final comment.
+    int ArgumentCount() const;
+    bool EndsWithComment() const;
+    // Name + " : " + the given properties, each followed by two blanks, empty ones left out.
+    void SetCaptionParts(std::initializer_list<QString> parts);
+    QString PortProperty(const QString& port) const;
+
+    int m_area;
+    int m_spare = 0;
+    int m_bitmapId;
+    CPortList m_portList;
+    int m_portIndex = -1;
+    int m_variant = 0;
+    int m_reference = -1;
+    int m_minTokens;
+    QString m_text;
+    int m_option = 10;
+    QString m_caption;
+    int m_imageWidth = 0;
+    int m_imageHeight = 0;
+    QString m_name;
+    QString m_comment;
+    QString m_sides;
+    bool m_showsPorts;
+    bool m_showsComment;
+    int m_flag = 0;
+    QStringList m_tokens;
+    int m_itemCount = 1;
+    int m_fixedTokens;
+    int m_portToken;
+    bool m_enabled = true;
+    bool m_visible = true;
+};

@@ -1,0 +1,127 @@
+#include "panelfactory.h"
+
+#include "analogpanel.h"
+#include "buzzerpanel.h"
+#include "counterpanel.h"
+#include "delaypanel.h"
+#include "flipfloppanel.h"
+#include "jumppanel.h"
+#include "lamppanel.h"
+#include "lcdpanel.h"
+#include "logicpanel.h"
+#include "pulsepanel.h"
+#include "pwmpanel.h"
+#include "segmentdecoderpanel.h"
+#include "serialbitpanel.h"
+#include "serialinpanel.h"
+#include "serialoutpanel.h"
+#include "sevensegpanel.h"
+#include "stepmotoroutpanel.h"
+#include "stepmotorpanel.h"
+#include "switchpanel.h"
+#include "timerpanel.h"
+#include "webinpanel.h"
+#include "weboutpanel.h"
+#include "wirepanel.h"
+
+#include <QByteArray>
+
+namespace {
+
+using CMaker = std::unique_ptr<CPanel> (*)(const QString&);
+
+template <class T>
+std::unique_ptr<CPanel> Make(const QString& line)
+{
+    return std::make_unique<T>(line);
+}
+
+struct CKeyword
+{
+    const char16_t* Keyword;
+    CMaker Maker;
+};
+
+// The order is the order of recognition. Keywords are compared whole, so "7SEG4" is
+// itself and not "7SEG".
+constexpr CKeyword kKeywords[] = {
+    {u"KEY", Make<CSwitchPanel>},
+    {u"SW", Make<CSwitchPanel>},
+    {u"ANI", Make<CAnalogPanel>},
+    {u"DGI", Make<CSwitchPanel>},
+    {u"UARI", Make<CSerialInPanel>},
+    {u"UARI0", Make<CSerialInPanel>},
+    {u"DGO", Make<CLampPanel>},
+    {u"BUZZ", Make<CBuzzerPanel>},
+    {u"LAMP", Make<CLampPanel>},
+    {u"PWM", Make<CPwmPanel>},
+    {u"UARO", Make<CSerialOutPanel>},
+    {u"UARO0", Make<CSerialOutPanel>},
+    {u"7SEG", Make<CSevenSegPanel>},
+    {u"7SEG4", Make<CSevenSegPanel>},
+    {u"LINE", Make<CWirePanel>},
+    {u"JPI", Make<CJumpPanel>},
+    {u"UART", Make<CSerialBitPanel>},
+    {u"UART0", Make<CSerialBitPanel>},
+    {u"7S_", Make<CSegmentDecoderPanel>},
+    {u"7S4_", Make<CSegmentDecoderPanel>},
+    {u"7S_B", Make<CSegmentDecoderPanel>},
+    {u"7S_D", Make<CSegmentDecoderPanel>},
+    {u"7S_S", Make<CSegmentDecoderPanel>},
+    {u"7S4_B", Make<CSegmentDecoderPanel>},
+    {u"7S4_D", Make<CSegmentDecoderPanel>},
+    {u"7S4_S", Make<CSegmentDecoderPanel>},
+    {u"JPO", Make<CJumpPanel>},
+    {u"NOT", Make<CLogicPanel>},
+    {u"AND", Make<CLogicPanel>},
+    {u"OR", Make<CLogicPanel>},
+    {u"XOR", Make<CLogicPanel>},
+    {u"ON", Make<CLogicPanel>},
+    {u"OFF", Make<CLogicPanel>},
+    {u"CNT", Make<CCounterPanel>},
+    {u"DLY", Make<CDelayPanel>},
+    {u"TIM", Make<CTimerPanel>},
+    {u"TIM1", Make<CTimerPanel>},
+    {u"RSFF", Make<CFlipFlopPanel>},
+    {u"T_FF", Make<CFlipFlopPanel>},
+    {u"D_FF", Make<CFlipFlopPanel>},
+    {u"FF", Make<CFlipFlopPanel>},
+    {u"SMOT", Make<CStepMotorPanel>},
+    {u"PULS", Make<CPulsePanel>},
+    {u"LCD", Make<CLcdPanel>},
+    {u"WEBIN", Make<CWebInPanel>},
+    {u"WEBOUT", Make<CWebOutPanel>},
+    {u"SMOTO", Make<CStepMotorOutPanel>},
+};
+
+} // namespace
+
+QString CPanelFactory::Keyword(const QString& line)
+{
+    // Recognition looks at the first 254 bytes only; the panel still gets the whole line.
+    const QByteArray head = line.toUtf8().left(254);
+    qsizetype begin = 0;
+    while (begin < head.size() && (head[begin] == ' ' || head[begin] == '\t'))
+        ++begin;
+    qsizetype end = begin;
+    while (end < head.size() && head[end] != ' ' && head[end] != '\t' && head[end] != '\0')
+        ++end;
+    return QString::fromUtf8(head.mid(begin, end - begin));
+}
+
+std::unique_ptr<CPanel> CPanelFactory::Create(const QString& line)
+{
+    const QString keyword = Keyword(line);
+    for (const CKeyword& k : kKeywords)
+        if (keyword == k.Keyword)
+            return k.Maker(line);
+    return nullptr;
+}
+
+QStringList CPanelFactory::Keywords()
+{
+    QStringList keywords;
+    for (const CKeyword& k : kKeywords)
+        keywords.append(QString::fromUtf16(k.Keyword));
+    return keywords;
+}

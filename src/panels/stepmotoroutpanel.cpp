@@ -1,0 +1,51 @@
+#include "stepmotoroutpanel.h"
+
+#include "res/stringtable.h"
+
+CStepMotorOutPanel::CStepMotorOutPanel(const QString& line)
+    : CPanel({.Area = AreaOutput,
+              .BitmapId = 249,
+              .Sides = "L",
+              .MinTokens = 3,
+              .ShowsPorts = false,
+              .Keyword = "SMOTO"})
+{
+    Init(line);
+    m_itemCount = 2;
+}
+
+QString CStepMotorOutPanel::GetComment(int row) const
+{
+    return row == 0   ? CStringTable::Get(Ids::MotorEnable)
+           : row == 1 ? CStringTable::Get(Ids::MotorDir)
+                      : QString();
+}
+
+bool CStepMotorOutPanel::SetLine(const QString& line)
+{
+    CPanel::SetLine(line);
+    m_itemCount = 2;
+    UpdateCaption();
+    return true;
+}
+
+bool CStepMotorOutPanel::EditProperties(IPropertyEditor& editor)
+{
+    return editor.Edit(*this, EPanelDialog::StepMotorOut);
+}
+
+void CStepMotorOutPanel::UpdateCaption()
+{
+    // Unlike the process-area motor, "1" reads as 1-2 phase excitation here.
+    m_caption = m_name + " : ";
+    if (TokenCount() > 1) {
+        const QString mode = Token(1);
+        if (mode == u"1")
+            m_caption += CStringTable::Get(Ids::Excitation12Phase) + ", ";
+        else if (mode == u"2")
+            m_caption += CStringTable::Get(Ids::Excitation2Phase) + ", ";
+        m_caption += CStringTable::Format(Ids::SpeedFormat, {Token(2)});
+    }
+    if (const QString port = GetPortText(); !port.isEmpty())
+        m_caption += ", " + PortProperty(port);
+}

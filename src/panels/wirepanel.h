@@ -1,0 +1,16 @@
+#pragma once
+
+#include "panel.h"
+
+// A piece of wiring in one process cell: a run, a corner, or two pieces (a crossing, a
+// branch, two corners), named by the cell sides each piece joins.
+class CWirePanel : public CPanel
+{
+public:
+    explicit CWirePanel(const QString& line = QString());
+
+    // True for a wire whose line named no kind of the table.
+    bool IsIncomplete() const override;
+    bool SetLine(const QString& line) override;
+    QString GetLine() const override;
+};

@@ -1,0 +1,2 @@
+// Must not compile with quillon_core's include settings.
+#include <QtGui/QImage>
