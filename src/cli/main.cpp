@@ -1,13 +1,28 @@
 // quillon-cli: Quillon's headless commands.
 
-#include "layout/panelcell.h"
+#include "app/boardchooser.h"
+#include "app/boardinfo.h"
+#include "app/settings.h"
+#include "build/layoutcheck.h"
+#include "layout/layoutfile.h"
+#include "layout/panelgrid.h"
 #include "res/stringtable.h"
+#include "stderrmessenger.h"
 
 #include <QCoreApplication>
+#include <QDir>
 #include <QFile>
+#include <QJsonArray>
+#include <QJsonDocument>
+#include <QJsonObject>
+#include <QSettings>
 #include <QTextStream>
 
+#include <optional>
+
 namespace {
+
+enum { ExitOk = 0, ExitFaults = 1, ExitUsage = 2 };
 
 QTextStream& Out()
 {
@@ -23,9 +38,140 @@ QTextStream& Err()
 
 int Usage()
 {
-    Err() << "usage: quillon-cli panels FILE [--lang en|ja]\n"
-             "  panels  makes a panel of every definition line in FILE and shows what it is\n";
-    return 2;
+    Err() << "usage: quillon-cli COMMAND ... [--board DIR] [--lang en|ja]\n"
+             "  check LAYOUT       check the layout; the report, one fault a line\n"
+             "  dump LAYOUT        the loaded layout as JSON\n"
+             "  save LAYOUT OUT    load the layout and save it again as OUT\n"
+             "  panels FILE        make a panel of every definition line in FILE and show it\n"
+             "--board DIR names the board folder; without it the board start-up would choose.\n"
+             "Exit status: 0 done, 1 the check found faults, 2 usage or a file that cannot be read.\n";
+    return ExitUsage;
+}
+
+struct CArguments
+{
+    QStringList Positional;
+    QString Board;
+};
+
+std::optional<CArguments> Parse(QStringList args)
+{
+    CArguments parsed;
+    while (!args.isEmpty()) {
+        const QString arg = args.takeFirst();
+        if (arg == u"--board" || arg == u"--lang") {
+            if (args.isEmpty())
+                return std::nullopt;
+            const QString value = args.takeFirst();
+            if (arg == u"--board")
+                parsed.Board = value;
+            else if (value == u"ja" || value == u"en")
+                CStringTable::SetLanguage(value == u"ja" ? ELanguage::Japanese : ELanguage::English);
+            else
+                return std::nullopt;
+        } else if (arg.startsWith(u"--")) {
+            return std::nullopt;
+        } else {
+            parsed.Positional.append(arg);
+        }
+    }
+    return parsed;
+}
+
+// A layout loaded on a board, the way the editor loads it.
+class CSession
+{
+public:
+    CSession() : m_grid(m_messenger) {}
+
+    bool LoadBoard(const QString& folder)
+    {
+        if (!folder.isEmpty()) {
+            if (CBoardChooser(QString(), m_messenger).TryFolder(folder, m_board))
+                return true;
+            Err() << "cannot read the board in " << folder << "\n";
+            return false;
+        }
+        const QString programs = QCoreApplication::applicationDirPath();
+        QSettings profile(QString::fromLatin1(CSettings::kCompany),
+                          QString::fromLatin1(CSettings::kApplication));
+        CSettings settings(&profile, CSettings::IniPathIn(programs));
+        settings.Load();
+        if (!CBoardChooser(QDir(programs).filePath("TARGET"), m_messenger).Choose(settings, m_board).isEmpty())
+            return true;
+        Err() << "no board could be read under " << QDir(programs).filePath("TARGET") << "\n";
+        return false;
+    }
+
+    bool LoadLayout(const QString& path)
+    {
+        m_grid.SetUseLimits(m_board.UseLimits());
+        CLayoutFile file(&m_board, m_messenger);
+        if (file.Load(m_grid, path))
+            return true;
+        Err() << path << ": " << file.ErrorString() << "\n";
+        return false;
+    }
+
+    bool Save(const QString& path)
+    {
+        return CLayoutFile(&m_board, m_messenger).Save(m_grid, path);
+    }
+
+    const CPanelGrid& Grid() const { return m_grid; }
+
+private:
+    CStderrMessenger m_messenger;
+    CBoardInfo m_board;
+    CPanelGrid m_grid;
+};
+
+int Check(CSession& session)
+{
+    const QString report = CLayoutCheck::Run(session.Grid());
+    for (const QString& fault : report.split("\r\n", Qt::SkipEmptyParts))
+        Out() << fault << "\n";
+    return report.isEmpty() ? ExitOk : ExitFaults;
+}
+
+QJsonObject PanelJson(const CPanelCell& cell, int column, int row)
+{
+    const CPanel& panel = *cell.GetPanel();
+    return QJsonObject{
+        {"column", column},
+        {"row", row},
+        {"keyword", panel.GetTokens().value(0)},
+        {"line", panel.GetLine()},
+        {"bitmapId", cell.GetBitmapId()},
+        {"sides", panel.GetSides()},
+        {"height", cell.GetHeight()},
+        {"itemCount", panel.GetItemCount()},
+        {"caption", panel.GetCaption()},
+        {"incomplete", panel.IsIncomplete()},
+        {"portIndex", panel.GetPortIndex()},
+    };
+}
+
+// Panels in file order: the input column, the process area column by column, the output.
+int Dump(const CSession& session)
+{
+    const CPanelGrid& grid = session.Grid();
+    QList<QPair<int, int>> positions;
+    for (int row = 1; row <= CPanelGrid::GetRowCount(); ++row)
+        positions.append({CPanelGrid::GetInputColumn(), row});
+    for (int column = 1; column <= CPanelGrid::GetColumnCount(); ++column)
+        for (int row = 1; row <= CPanelGrid::GetRowCount(); ++row)
+            positions.append({column, row});
+    for (int row = 1; row <= CPanelGrid::GetRowCount(); ++row)
+        positions.append({CPanelGrid::GetOutputColumn(), row});
+
+    QJsonArray panels;
+    for (const auto& [column, row] : positions)
+        if (const CPanelCell* cell = grid.GetCell(column, row); cell && cell->GetPanel())
+            panels.append(PanelJson(*cell, column, row));
+    const QJsonObject root{{"weightedTotal", grid.GetWeightedTotal()}, {"panels", panels}};
+    Out() << QJsonDocument(root).toJson(QJsonDocument::Indented);
+    return ExitOk;
 }
 
 QString Quoted(const QString& text)
@@ -42,7 +188,7 @@ int ShowPanels(const QString& path)
     QFile file(path);
     if (!file.open(QIODevice::ReadOnly)) {
         Err() << "cannot read " << path << ": " << file.errorString() << "\n";
-        return 2;
+        return ExitUsage;
     }
     int number = 0;
     while (!file.atEnd()) {
@@ -66,7 +212,28 @@ int ShowPanels(const QString& path)
             Out() << "    picture " << item.BitmapId << " " << Quoted(item.PortText) << " "
                   << Quoted(item.Comment) << "\n";
     }
-    return 0;
+    return ExitOk;
+}
+
+int Run(const CArguments& args)
+{
+    const QStringList& p = args.Positional;
+    if (p.size() == 2 && p[0] == u"panels")
+        return ShowPanels(p[1]);
+    const bool check = p.size() == 2 && p[0] == u"check";
+    const bool dump = p.size() == 2 && p[0] == u"dump";
+    const bool save = p.size() == 3 && p[0] == u"save";
+    if (!check && !dump && !save)
+        return Usage();
+
+    CSession session;
+    if (!session.LoadBoard(args.Board) || !session.LoadLayout(p[1]))
+        return ExitUsage;
+    if (check)
+        return Check(session);
+    if (dump)
+        return Dump(session);
+    return session.Save(p[2]) ? ExitOk : ExitFaults;
 }
 
 } // namespace
@@ -74,15 +241,8 @@ int ShowPanels(const QString& path)
 int main(int argc, char* argv[])
 {
     QCoreApplication app(argc, argv);
-    QStringList args = app.arguments().mid(1);
-    const qsizetype lang = args.indexOf(u"--lang");
-    if (lang >= 0) {
-        if (lang + 1 >= args.size())
-            return Usage();
-        CStringTable::SetLanguage(args[lang + 1] == u"ja" ? ELanguage::Japanese : ELanguage::English);
-        args.remove(lang, 2);
-    }
-    if (args.size() == 2 && args[0] == u"panels")
-        return ShowPanels(args[1]);
-    return Usage();
+    const std::optional<CArguments> args = Parse(app.arguments().mid(1));
+    const int result = args ? Run(*args) : Usage();
+    Out().flush();
+    return result;
 }

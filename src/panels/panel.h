@@ -114,6 +114,11 @@ public:
     const QStringList& GetTokens() const { return m_tokens; }
     const CPortList& GetPortList() const { return m_portList; }
     CPortList& PortList() { return m_portList; }
+    // A row count read from a number in the line is bounded, so that a malformed line cannot
+    // make a panel of millions of rows: anything taller than the grid stays too tall to place.
+    static constexpr int kTooManyRows = 41;
+    static int BoundedRows(int rows) { return qMin(rows, kTooManyRows); }
+
     // Rows the panel covers in the grid.
     int GetHeight() const { return m_itemCount > 1 ? m_itemCount : 1; }
 

@@ -23,7 +23,7 @@ QString CSerialInPanel::GetPortName(int i) const
         return value.startsWith(u';') ? QString() : value;
     }
     case BitMode:
-        return i < LeadingInt(Token(2)) ? "bit" + QString::number(7 - i) : QString();
+        return i < BoundedRows(LeadingInt(Token(2))) ? "bit" + QString::number(7 - i) : QString();
     default:
         return QString();
     }
@@ -81,7 +81,7 @@ int CSerialInPanel::RowCount() const
     case CompareMode:
         return ArgumentCount() - 2;
     case BitMode:
-        return LeadingInt(Token(2));
+        return BoundedRows(LeadingInt(Token(2)));
     default:
         return 0;
     }

@@ -55,5 +55,5 @@ void CWebInPanel::AcceptProperties(const QStringList& tokens, int)
 
 int CWebInPanel::BitCount() const
 {
-    return TokenCount() >= 2 ? LeadingInt(Token(1)) : 0;
+    return TokenCount() >= 2 ? BoundedRows(LeadingInt(Token(1))) : 0;
 }

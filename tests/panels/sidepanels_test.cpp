@@ -247,3 +247,11 @@ TEST(StepMotorOut, TwoRowsEnableAndDir)
     EXPECT_EQ(MakePanel("SMOTO\t2,20")->GetCaption(), " : 2 phase excitation, 20ms/step");
     EXPECT_EQ(MakePanel("SMOTO\t2,20,x,y,z")->GetItemCount(), 2);
 }
+
+TEST(RowCounts, HugeBitCountsFromAMalformedLineAreBoundedRegression)
+{
+    // A bit count of millions once made a panel of millions of rows and picture items.
+    EXPECT_EQ(MakePanel("UARI\tB,99999999")->GetItemCount(), CPanel::kTooManyRows);
+    EXPECT_EQ(MakePanel("WEBIN\t2147483647")->GetItemCount(), CPanel::kTooManyRows);
+    EXPECT_EQ(MakePanel("UARI\tB,99999999")->GetPortName(41), "");
+}

@@ -1,0 +1,89 @@
+#pragma once
+
+#include "paletteinfo.h"
+#include "panels/portlist.h"
+
+#include <QHash>
+#include <QString>
+#include <QStringList>
+
+class IMessenger;
+class QDomElement;
+
+// What one target board offers, read from its folder under TARGET/: the compiler and writer
+// entries, the processor's ports, the clock, the network flag and the two palettes. Valid
+// only after a Read that answered true.
+class CBoardInfo
+{
+  public:
+    // Reads "board_e.xml" (English) or "board.xml" (Japanese) in folder, then the
+    // input/output palette and then the process palette it names. ignored is not used.
+    // Faults in the board file fail silently; a faulty palette is reported once through
+    // messenger. Each read starts from an empty description, so two boards never mix.
+    bool Read(const QString& folder, const QString& ignored, IMessenger& messenger);
+
+    QString GetFolder() const { return m_folder; }
+    const QString& GetBoardName() const { return m_boardName; }
+    // Matched exactly against the description the board's USB serial adapter announces.
+    const QString& GetInterfaceName() const { return m_interfaceName; }
+
+    int GetPwmLowFreq() const { return m_pwmLowFreq; }
+    int GetPwmHighFreq() const { return m_pwmHighFreq; }
+    // The board's default clock source, an index into its clock-source list: start-up uses
+    // it when the ClockSource setting is negative, and the compiler gets it plus one as -c.
+    int GetSystemClock() const { return m_systemClock; }
+    bool HasNetwork() const { return m_network != 0; }
+
+    const QString& GetCompilerPanel() const { return m_compilerPanel; }
+    const QString& GetCompilerDll() const { return m_compilerDll; }
+    const QString& GetCompilerProc() const { return m_compilerProc; }
+    int GetCommandCount() const { return int(m_commands.size()); }
+    // "" for a position the file skipped and out of range.
+    QString GetCommand(int position) const { return m_commands.value(position); }
+    const QStringList& GetCommands() const { return m_commands; }
+
+    const QString& GetWriterCommand() const { return m_writerCommand; }
+    const QString& GetWriterParam() const { return m_writerParam; }
+
+    const QString& GetInOutFile() const { return m_inOutFile; }
+    const QString& GetPartsFile() const { return m_partsFile; }
+    const CPaletteInfo& GetInOutPalette() const { return m_inOutPalette; }
+    const CPaletteInfo& GetPartsPalette() const { return m_partsPalette; }
+
+    // The port table: id, name and alias of each port, in file order.
+    int GetPortCount() const { return m_ports.GetCount(); }
+    const CPortEntry& GetPort(int row) const { return m_ports.GetEntry(row); }
+    const CPortList& GetPorts() const { return m_ports; }
+
+    // The palette entry whose prototype has this keyword, the input/output palette first.
+    const CPaletteEntry* FindEntry(const QString& keyword) const;
+    // Use limit by panel type id (the prototype's BitmapId); entries without a limit are left
+    // out. Types that share an id share their count, so the smallest of their limits holds.
+    QHash<int, int> UseLimits() const;
+
+  private:
+    bool ReadBoardFile();
+    void ReadCompiler(const QDomElement& compiler, bool& ok);
+    void ReadWriter(const QDomElement& writer);
+    void ReadPalette(const QDomElement& palette);
+    void ReadCpu(const QDomElement& cpu);
+
+    int m_pwmLowFreq = 0;
+    int m_pwmHighFreq = 0;
+    int m_systemClock = 0;
+    int m_network = 0;
+    QString m_writerParam;
+    CPaletteInfo m_inOutPalette;
+    CPaletteInfo m_partsPalette;
+    QString m_interfaceName;
+    QString m_boardName;
+    QString m_writerCommand;
+    QStringList m_commands;
+    QString m_compilerPanel;
+    QString m_compilerDll;
+    QString m_compilerProc;
+    QString m_folder;
+    QString m_partsFile;
+    QString m_inOutFile;
+    CPortList m_ports;
+};

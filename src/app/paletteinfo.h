@@ -1,0 +1,35 @@
+#pragma once
+
+#include "paletteentry.h"
+
+#include <QString>
+#include <QStringList>
+
+#include <vector>
+
+class CPortList;
+class IMessenger;
+
+// One of a board's two palettes, read from a panel definition file: titled pages of
+// entries, both in file order.
+class CPaletteInfo
+{
+  public:
+    // Replaces the palette by the file's. boardPorts is the board's port table: each port an
+    // entry lists takes its alias from the row of the same name there. A file that cannot
+    // be read or parsed shows "Error found in panel definition file." and answers false.
+    bool Read(const QString& path, IMessenger& messenger, const CPortList& boardPorts);
+    void Clear();
+
+    int GetPageCount() const { return int(m_titles.size()); }
+    QString GetPageTitle(int page) const { return m_titles.value(page); }
+    int GetEntryCount(int page) const;
+    // Null out of range.
+    const CPaletteEntry* GetEntry(int page, int entry) const;
+    // The first entry whose prototype's keyword is keyword, null when none.
+    const CPaletteEntry* FindEntry(const QString& keyword) const;
+
+  private:
+    QStringList m_titles;
+    std::vector<std::vector<CPaletteEntry>> m_pages;
+};

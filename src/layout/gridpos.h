@@ -1,0 +1,11 @@
+#pragma once
+
+// A grid position: 1-based column and row. Column -1 is the input column, -2 the output
+// column, 1 to 16 the process area.
+struct CGridPos
+{
+    int Column = 0;
+    int Row = 0;
+
+    bool operator==(const CGridPos&) const = default;
+};

@@ -1,0 +1,154 @@
+#include "layoutfile.h"
+
+#include "app/boardinfo.h"
+#include "app/messenger.h"
+#include "panelgrid.h"
+#include "panels/panelvalues.h"
+#include "res/stringtable.h"
+
+#include <QFile>
+#include <QRegularExpression>
+#include <QSaveFile>
+#include <QStringDecoder>
+
+namespace {
+
+QString TwoDigits(int n)
+{
+    return QString::number(n).rightJustified(2, u'0');
+}
+
+// Only a top cell has a panel: continuation cells and empty positions write nothing.
+void WriteRecord(QByteArray& out, const CPanelGrid& grid, int column, int row, const QString& prefix)
+{
+    const CPanelCell* cell = grid.GetCell(column, row);
+    if (cell && cell->GetPanel())
+        out += (prefix + cell->GetPanel()->GetLine()).toUtf8() + "\r\n";
+}
+
+// A layout has at least one line a layout writes: its header, a heading or a record
+// ("I_03:", "O_12:", "0112:"). Anything else, or binary bytes, is no layout.
+bool LooksLikeLayout(const QString& text)
+{
+    if (text.contains(QChar(0)))
+        return false;
+    static const QRegularExpression record(QStringLiteral("^(I_|O_|[0-9]{2})[0-9]{2}:"));
+    for (QStringView line : QStringView(text).split(u'\n')) {
+        line = line.trimmed();
+        if (line == u"; PANEL LOCATION" || line == u"INPUT" || line == u"PROCESS" ||
+            line == u"OUTPUT" || record.match(line).hasMatch())
+            return true;
+    }
+    return false;
+}
+
+} // namespace
+
+CLayoutFile::CLayoutFile(const CBoardInfo* board, IMessenger& messenger)
+    : m_board(board), m_messenger(messenger)
+{
+}
+
+QByteArray CLayoutFile::Write(const CPanelGrid& grid)
+{
+    QByteArray out = "; Quillon\r\n; PANEL LOCATION\r\n;\r\nINPUT\r\n";
+    const int rows = CPanelGrid::GetRowCount();
+    for (int row = 1; row <= rows; ++row)
+        WriteRecord(out, grid, CPanelGrid::GetInputColumn(), row, "I_" + TwoDigits(row) + ":");
+    out += ";\r\nPROCESS\r\n";
+    for (int column = 1; column <= CPanelGrid::GetColumnCount(); ++column)
+        for (int row = 1; row <= rows; ++row)
+            WriteRecord(out, grid, column, row, TwoDigits(column) + TwoDigits(row) + ":");
+    out += ";\r\nOUTPUT\r\n";
+    for (int row = 1; row <= rows; ++row)
+        WriteRecord(out, grid, CPanelGrid::GetOutputColumn(), row, "O_" + TwoDigits(row) + ":");
+    return out;
+}
+
+bool CLayoutFile::Save(const CPanelGrid& grid, const QString& path)
+{
+    if (path.isEmpty())
+        return false;
+    QSaveFile file(path);
+    const QByteArray bytes = Write(grid);
+    if (!file.open(QIODevice::WriteOnly) || file.write(bytes) != bytes.size() || !file.commit()) {
+        m_error = file.errorString();
+        m_messenger.Message(CStringTable::Get(Ids::MsgNotSaved), EButtons::Ok, EIcon::Error);
+        return false;
+    }
+    return true;
+}
+
+QString CLayoutFile::Decode(const QByteArray& bytes)
+{
+    QStringDecoder utf8(QStringConverter::Utf8);
+    const QString text = utf8(bytes);
+    if (!utf8.hasError())
+        return text;
+    QStringDecoder cp932("windows-31j");
+    return cp932.isValid() ? cp932(bytes) : QString::fromLatin1(bytes);
+}
+
+bool CLayoutFile::Load(CPanelGrid& grid, const QString& path)
+{
+    m_error.clear();
+    if (path.isEmpty())
+        return false;
+    QFile file(path);
+    if (!file.open(QIODevice::ReadOnly)) {
+        m_error = file.errorString();
+        return false;
+    }
+    const QString text = Decode(file.readAll());
+    if (!LooksLikeLayout(text)) {
+        m_error = CStringTable::Get(Ids::MsgNotLocFile);
+        return false;
+    }
+    Read(grid, text);
+    return true;
+}
+
+void CLayoutFile::Read(CPanelGrid& grid, const QString& text)
+{
+    grid.ClearJournal();
+    grid.SetLimitFlag(false);
+    for (const QString& raw : text.split(u'\n'))
+        ReadRecord(grid, raw.trimmed());
+    if (grid.GetWeightedTotal() > CPanelGrid::GetCapacity())
+        m_messenger.Message(CStringTable::Get(Ids::MsgOverLimit));
+    grid.SetLimitFlag(true);
+    grid.ClearJournal();
+    grid.RefreshDecoders();
+}
+
+void CLayoutFile::ReadRecord(CPanelGrid& grid, const QString& line)
+{
+    // Headings only guide a reader of the file: each record's prefix names its column.
+    if (line.size() < 5 || line.startsWith(u';') || line == u"INPUT" || line == u"PROCESS" ||
+        line == u"OUTPUT")
+        return;
+    const QStringView prefix = QStringView(line).left(2);
+    const int column = prefix == u"I_"   ? CPanelGrid::GetInputColumn()
+                       : prefix == u"O_" ? CPanelGrid::GetOutputColumn()
+                                         : LeadingInt(prefix.toString());
+    const int row = LeadingInt(line.mid(2, 2));
+    const QString record = line.mid(5);
+    if (column == 0 || row == 0 || record.isEmpty())
+        return;
+
+    auto cell = std::make_unique<CPanelCell>(record);
+    CPanel* panel = cell->GetPanel();
+    if (!panel)
+        return;
+    if (const CPaletteEntry* entry = m_board ? m_board->FindEntry(panel->GetTokens().value(0)) : nullptr;
+        entry && entry->GetPrototype()) {
+        // The board's entry gives ports, name and weight before the panel reads its line.
+        const CPanel& prototype = *entry->GetPrototype();
+        panel->PortList() = prototype.GetPortList();
+        panel->SetOption(prototype.GetOption());
+        panel->SetName(prototype.GetName());
+        panel->SetLine(record);
+        cell->MakeImage();
+    }
+    grid.Place(column, row, std::move(cell));
+}

@@ -1,0 +1,155 @@
+#include "layout/layoutfile.h"
+#include "layout/panelgrid.h"
+#include "panels/paneltest.h"
+#include "support/recordingmessenger.h"
+
+#include <gtest/gtest.h>
+
+#include <QDir>
+#include <QFile>
+#include <QFileInfo>
+#include <QTemporaryDir>
+
+namespace {
+
+QByteArray ReadAll(const QString& path)
+{
+    QFile file(path);
+    return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray();
+}
+
+QString Fixture(const char* name)
+{
+    return QStringLiteral(QUILLON_TEST_DATA "/layouts/") + QString::fromLatin1(name);
+}
+
+struct CLayoutFixture : testing::Test
+{
+    CRecordingMessenger messenger;
+    CPanelGrid grid{messenger};
+    CLayoutFile file{nullptr, messenger};
+
+    QString Line(int column, int row) const
+    {
+        const CPanelCell* cell = grid.GetCell(column, row);
+        return cell && cell->GetPanel() ? cell->GetPanel()->GetLine() : QString();
+    }
+};
+
+} // namespace
+
+TEST_F(CLayoutFixture, GoldenLayoutOfEveryFamilyRoundTripsByteForByte)
+{
+    const QByteArray golden = ReadAll(Fixture("golden.loc"));
+    ASSERT_FALSE(golden.isEmpty());
+    ASSERT_TRUE(file.Load(grid, Fixture("golden.loc"))) << file.ErrorString().toStdString();
+    // Compared as lines, so a failure shows which record differs.
+    EXPECT_EQ(QString::fromUtf8(CLayoutFile::Write(grid)).split("\r\n"),
+              QString::fromUtf8(golden).split("\r\n"));
+    EXPECT_EQ(messenger.Texts, QStringList());
+
+    QTemporaryDir dir;
+    const QString copy = dir.filePath("copy.loc");
+    ASSERT_TRUE(file.Save(grid, copy));
+    EXPECT_EQ(ReadAll(copy), golden);
+}
+
+TEST_F(CLayoutFixture, RecordsForTopCellsOnlyAndEmptyGridWritesTheFrame)
+{
+    EXPECT_EQ(CLayoutFile::Write(grid),
+              "; Quillon\r\n; PANEL LOCATION\r\n;\r\nINPUT\r\n;\r\nPROCESS\r\n;\r\nOUTPUT\r\n");
+    grid.Place(1, 5, std::make_unique<CPanelCell>("CNT\tC,3,2,1"));
+    grid.Place(16, 12, std::make_unique<CPanelCell>("AND\tR"));
+    EXPECT_EQ(CLayoutFile::Write(grid), "; Quillon\r\n; PANEL LOCATION\r\n;\r\nINPUT\r\n;\r\nPROCESS\r\n"
+                                        "0105:CNT \tC,3,2,1\r\n1612:AND \tR\r\n;\r\nOUTPUT\r\n");
+}
+
+TEST_F(CLayoutFixture, ReadingSkipsWhatIsNoRecord)
+{
+    file.Read(grid, ";INPUT\n"
+                    "  I_03:SW\tH,P1  \n"
+                    "I_00:SW\tH,P2\n"      // row 0
+                    "0000:AND\tR\n"        // column 0
+                    "9912:AND\tR\n"        // column 99 is off the grid
+                    "0212:\n"              // empty record
+                    "O_1\n"                // too short
+                    "O_02:BOGUS\tX\n"      // unknown keyword
+                    "0103:OR\tD\r\n"
+                    "OUTPUT\n"
+                    "I_04:LAMP\tH,P3\n");   // the prefix decides the column, not the heading
+    EXPECT_EQ(Line(-1, 3), "SW  \tH,P1");
+    EXPECT_EQ(Line(1, 3), "OR  \tD");
+    EXPECT_EQ(Line(-1, 4), "LAMP\tH,P3");
+    EXPECT_EQ(grid.GetCell(-1, 0), nullptr);
+    EXPECT_EQ(grid.GetCell(-2, 2), nullptr);
+    EXPECT_EQ(grid.GetCell(2, 12), nullptr);
+    EXPECT_TRUE(messenger.Texts.isEmpty());
+}
+
+TEST_F(CLayoutFixture, MultiRowPanelIsWrittenOnceAtItsTop)
+{
+    file.Read(grid, "0105:CNT\tC,3,2,1\n");
+    EXPECT_EQ(grid.GetCell(1, 6)->GetPanel(), nullptr);
+    EXPECT_EQ(CLayoutFile::Write(grid).count("CNT"), 1);
+}
+
+TEST_F(CLayoutFixture, CapacityIsAnnouncedOnceAfterTheWholeFile)
+{
+    QString text;
+    for (int column = 1; column <= 16; ++column)
+        for (int row = 1; row <= 7; ++row)
+            text += QStringLiteral("%1%2:DLY\t1.00S\n").arg(column, 2, 10, QChar(u'0')).arg(row, 2, 10, QChar(u'0'));
+    file.Read(grid, text); // 112 panels of weight 10
+    EXPECT_EQ(grid.GetWeightedTotal(), 1120);
+    EXPECT_EQ(messenger.Texts, QStringList{"The number of panels larger than limit."});
+    EXPECT_TRUE(grid.GetLimitFlag());
+    EXPECT_FALSE(grid.CanUndo()); // loading is no step to undo
+}
+
+TEST_F(CLayoutFixture, JapaneseWindowsFileKeepsItsNames)
+{
+    ASSERT_TRUE(file.Load(grid, Fixture("cp932.loc")));
+    EXPECT_EQ(grid.GetCell(-1, 1)->GetPanel()->GetLineComment(), QString::fromUtf8("スタート"));
+    EXPECT_EQ(grid.GetCell(-2, 1)->GetPanel()->GetPortName(0), QString::fromUtf8("ランプ"));
+    EXPECT_TRUE(CLayoutFile::Write(grid).contains(QString::fromUtf8(";スタート").toUtf8()));
+}
+
+TEST_F(CLayoutFixture, FilesThatAreNoLayoutAreRefused)
+{
+    QTemporaryDir dir;
+    const QString binary = dir.filePath("x.loc");
+    QFile out(binary);
+    ASSERT_TRUE(out.open(QIODevice::WriteOnly));
+    out.write(QByteArray("I_01:SW\tH\0\1\2", 12));
+    out.close();
+    EXPECT_FALSE(file.Load(grid, binary));
+    EXPECT_EQ(file.ErrorString(), "It is no LOC file.");
+
+    const QString prose = dir.filePath("notes.loc");
+    QFile notes(prose);
+    ASSERT_TRUE(notes.open(QIODevice::WriteOnly));
+    notes.write("root:x:0:0:root:/root:/bin/bash\nDear diary,\ntoday I made a blinker.\n");
+    notes.close();
+    EXPECT_FALSE(file.Load(grid, prose));
+    EXPECT_FALSE(file.Load(grid, dir.filePath("missing.loc")));
+    EXPECT_FALSE(file.ErrorString().isEmpty());
+    EXPECT_FALSE(file.Load(grid, QString()));
+}
+
+TEST_F(CLayoutFixture, FailedSaveSaysSoAndWritesNothing)
+{
+    QTemporaryDir dir;
+    grid.Place(1, 1, std::make_unique<CPanelCell>("AND\tR"));
+    EXPECT_FALSE(file.Save(grid, dir.filePath("no/such/folder/x.loc")));
+    EXPECT_EQ(messenger.Texts, QStringList{"Error occured. It was not saved."});
+
+    // A folder standing where the file should be is left as it was.
+    ASSERT_TRUE(QDir(dir.path()).mkdir("taken.loc"));
+    EXPECT_FALSE(file.Save(grid, dir.filePath("taken.loc")));
+    EXPECT_TRUE(QFileInfo(dir.filePath("taken.loc")).isDir());
+    EXPECT_EQ(messenger.Texts.size(), 2);
+    EXPECT_EQ(QDir(dir.path()).entryList(QDir::Files), QStringList());
+
+    EXPECT_FALSE(file.Save(grid, QString()));
+    EXPECT_EQ(messenger.Texts.size(), 2); // no path: no message
+}
