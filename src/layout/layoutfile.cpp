@@ -3,6 +3,7 @@
 #include "app/boardinfo.h"
 #include "app/messenger.h"
 #include "panelgrid.h"
+#include "panels/panelfactory.h"
 #include "panels/panelvalues.h"
 #include "res/stringtable.h"
 
@@ -13,17 +14,21 @@
 
 namespace {
 
-QString TwoDigits(int n)
+// Two digits with a leading zero, as every record prefix writes its numbers.
+QByteArray TwoDigits(int n)
 {
-    return QString::number(n).rightJustified(2, u'0');
+    return QByteArray::number(n).rightJustified(2, '0');
 }
 
 // Only a top cell has a panel: continuation cells and empty positions write nothing.
-void WriteRecord(QByteArray& out, const CPanelGrid& grid, int column, int row, const QString& prefix)
+void WriteRecord(QByteArray& out, const CPanelGrid& grid, int column, int row, const QByteArray& prefix)
 {
     const CPanelCell* cell = grid.GetCell(column, row);
-    if (cell && cell->GetPanel())
-        out += (prefix + cell->GetPanel()->GetLine()).toUtf8() + "\r\n";
+    if (cell && cell->GetPanel()) {
+        out += prefix;
+        out += cell->GetPanel()->GetLine().toUtf8();
+        out += "\r\n";
+    }
 }
 
 // A layout has at least one line a layout writes: its header, a heading or a record
@@ -51,7 +56,9 @@ CLayoutFile::CLayoutFile(const CBoardInfo* board, IMessenger& messenger)
 
 QByteArray CLayoutFile::Write(const CPanelGrid& grid)
 {
-    QByteArray out = "; Quillon\r\n; PANEL LOCATION\r\n;\r\nINPUT\r\n";
+    QByteArray out;
+    out.reserve(32 * 1024);
+    out += "; Quillon\r\n; PANEL LOCATION\r\n;\r\nINPUT\r\n";
     const int rows = CPanelGrid::GetRowCount();
     for (int row = 1; row <= rows; ++row)
         WriteRecord(out, grid, CPanelGrid::GetInputColumn(), row, "I_" + TwoDigits(row) + ":");
@@ -136,19 +143,19 @@ void CLayoutFile::ReadRecord(CPanelGrid& grid, const QString& line)
     if (column == 0 || row == 0 || record.isEmpty())
         return;
 
-    auto cell = std::make_unique<CPanelCell>(record);
-    CPanel* panel = cell->GetPanel();
+    std::unique_ptr<CPanel> panel = CPanelFactory::Create(record);
     if (!panel)
         return;
     if (const CPaletteEntry* entry = m_board ? m_board->FindEntry(panel->GetTokens().value(0)) : nullptr;
         entry && entry->GetPrototype()) {
-        // The board's entry gives ports, name and weight before the panel reads its line.
+        // The board's entry gives ports, name and weight. The line was read already; with
+        // the ports known the panel finds its port, and its name rebuilds the caption.
         const CPanel& prototype = *entry->GetPrototype();
         panel->PortList() = prototype.GetPortList();
+        panel->ResolvePort();
         panel->SetOption(prototype.GetOption());
         panel->SetName(prototype.GetName());
-        panel->SetLine(record);
-        cell->MakeImage();
     }
+    auto cell = std::make_unique<CPanelCell>(std::move(panel));
     grid.Place(column, row, std::move(cell));
 }

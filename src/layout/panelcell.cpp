@@ -10,6 +10,13 @@ CPanelCell::CPanelCell(const QString& line)
         MakeImage();
 }
 
+CPanelCell::CPanelCell(std::unique_ptr<CPanel> panel) : m_panel(std::move(panel))
+{
+    m_typeId = GetBitmapId();
+    if (m_typeId != CPanel::NoPanel)
+        MakeImage();
+}
+
 CPanelCell::CPanelCell(const CPanelCell& other)
 {
     if (other.m_panel) {

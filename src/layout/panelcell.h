@@ -13,6 +13,8 @@ class CPanelCell
 {
 public:
     explicit CPanelCell(const QString& line);
+    // A cell for a panel already made (and prepared) by the caller.
+    explicit CPanelCell(std::unique_ptr<CPanel> panel);
     // A copy goes through the definition line, then takes the settings the line lacks.
     CPanelCell(const CPanelCell& other);
     CPanelCell& operator=(const CPanelCell&) = delete;

@@ -35,7 +35,7 @@ bool CBuzzerPanel::SetLine(const QString& line)
     CPanel::SetLine(line);
     // A port and a lone comment count no frequency at all, unlike the base's minimum of one.
     m_itemCount = TokenCount() < 3 ? 1 : TokenCount() - 2 - (EndsWithComment() ? 1 : 0);
-    UpdateCaption();
+    InvalidateCaption();
     return true;
 }
 
@@ -60,5 +60,5 @@ void CBuzzerPanel::AcceptProperties(const QStringList& tokens, int)
 {
     m_tokens = tokens;
     m_itemCount = TokenCount() - 2;
-    UpdateCaption();
+    InvalidateCaption();
 }

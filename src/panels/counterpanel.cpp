@@ -64,5 +64,5 @@ void CCounterPanel::AcceptProperties(const QStringList& tokens, int)
 {
     m_tokens = tokens;
     m_itemCount = TokenCount() - 2;
-    UpdateCaption();
+    InvalidateCaption();
 }

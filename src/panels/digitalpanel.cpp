@@ -30,5 +30,5 @@ void CDigitalPanel::AcceptProperties(const QStringList& tokens, int)
 {
     m_tokens = tokens;
     ResolvePort();
-    UpdateCaption();
+    InvalidateCaption();
 }

@@ -23,7 +23,7 @@ bool CFlipFlopPanel::SetLine(const QString& line)
     // An untyped keyword keeps whatever picture the panel had.
     if (const int id = BitmapFor(Token(0)))
         m_bitmapId = id;
-    UpdateCaption();
+    InvalidateCaption();
     return true;
 }
 
@@ -37,7 +37,7 @@ void CFlipFlopPanel::AcceptProperties(const QStringList& tokens, int)
     m_tokens = tokens;
     if (const int id = BitmapFor(Token(0)))
         m_bitmapId = id;
-    UpdateCaption();
+    InvalidateCaption();
 }
 
 int CFlipFlopPanel::BitmapFor(const QString& keyword)

@@ -63,7 +63,7 @@ bool CJumpPanel::SetLine(const QString& line)
         }
     }
     UpdateSides();
-    UpdateCaption();
+    InvalidateCaption();
     return true;
 }
 
@@ -76,7 +76,7 @@ void CJumpPanel::AcceptProperties(const QStringList& tokens, int)
 {
     m_tokens = tokens;
     m_reference = LeadingInt(Token(1));
-    UpdateCaption();
+    InvalidateCaption();
 }
 
 void CJumpPanel::UpdateSides()

@@ -74,6 +74,6 @@ bool CLogicPanel::SetLine(const QString& line)
         return false;
     m_bitmapId = it->BitmapId;
     Notify();
-    UpdateCaption();
+    InvalidateCaption();
     return true;
 }

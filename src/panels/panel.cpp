@@ -30,6 +30,11 @@ void CPanel::Init(const QString& line)
 
 QString CPanel::GetCaption() const
 {
+    if (m_captionStale) {
+        // Building the caption is no change of the panel's state.
+        const_cast<CPanel*>(this)->UpdateCaption();
+        m_captionStale = false;
+    }
     return m_caption;
 }
 
@@ -131,7 +136,7 @@ bool CPanel::SetLine(const QString& line)
     if (EndsWithComment())
         m_comment = m_tokens.last().mid(1);
     ResolvePort();
-    UpdateCaption();
+    InvalidateCaption();
     return true;
 }
 
@@ -153,13 +158,13 @@ void CPanel::UpdateCaption()
 void CPanel::AcceptProperties(const QStringList& tokens, int)
 {
     m_tokens = tokens;
-    UpdateCaption();
+    InvalidateCaption();
 }
 
 void CPanel::SetName(const QString& name)
 {
     m_name = name;
-    UpdateCaption();
+    InvalidateCaption();
 }
 
 QString CPanel::GetTrailingComment() const
@@ -218,23 +223,19 @@ QStringList CPanel::SplitLine(const QString& line)
     // The keyword also ends at a blank; arguments only at "," or TAB, so blanks inside an
     // argument survive.
     QStringList tokens;
-    QString current;
-    bool first = true;
-    auto finish = [&] {
-        const QString token = current.trimmed();
-        if (!token.isEmpty()) {
-            tokens.append(token);
-            first = false;
-        }
-        current.clear();
-    };
-    for (const QChar c : line) {
-        if (c == u',' || c == u'\t' || (first && c == u' ' && !current.trimmed().isEmpty()))
-            finish();
-        else
-            current += c;
+    const QStringView text(line);
+    qsizetype start = 0;
+    for (qsizetype i = 0; i <= text.size(); ++i) {
+        const bool atEnd = i == text.size();
+        bool delimiter = atEnd || text[i] == u',' || text[i] == u'\t';
+        if (!delimiter && tokens.isEmpty() && text[i] == u' ')
+            delimiter = !text.mid(start, i - start).trimmed().isEmpty();
+        if (!delimiter)
+            continue;
+        if (const QStringView token = text.mid(start, i - start).trimmed(); !token.isEmpty())
+            tokens.append(token.toString());
+        start = i + 1;
     }
-    finish();
     return tokens;
 }
 
@@ -262,10 +263,15 @@ bool CPanel::EndsWithComment() const
 
 void CPanel::SetCaptionParts(std::initializer_list<QString> parts)
 {
-    m_caption = m_name + " : ";
+    m_caption.clear();
+    m_caption.reserve(m_name.size() + 40);
+    m_caption += m_name;
+    m_caption += QLatin1String(" : ");
     for (const QString& part : parts)
-        if (!part.isEmpty())
-            m_caption += part + "  ";
+        if (!part.isEmpty()) {
+            m_caption += part;
+            m_caption += QLatin1String("  ");
+        }
 }
 
 QString CPanel::PortProperty(const QString& port) const

@@ -113,7 +113,15 @@ public:
     const QString& GetLineComment() const { return m_comment; }
     const QStringList& GetTokens() const { return m_tokens; }
     const CPortList& GetPortList() const { return m_portList; }
-    CPortList& PortList() { return m_portList; }
+    CPortList& PortList()
+    {
+        InvalidateCaption(); // the caption shows ports in the list's display form
+        return m_portList;
+    }
+    // The caption is built when it is next asked for: a panel being loaded changes its line,
+    // ports and name in turn, and only the last state is ever shown.
+    void InvalidateCaption() { m_captionStale = true; }
+
     // A row count read from a number in the line is bounded, so that a malformed line cannot
     // make a panel of millions of rows: anything taller than the grid stays too tall to place.
     static constexpr int kTooManyRows = 41;
@@ -157,6 +165,7 @@ protected:
     QString m_text;
     int m_option = 10;
     QString m_caption;
+    mutable bool m_captionStale = true;
     int m_imageWidth = 0;
     int m_imageHeight = 0;
     QString m_name;

@@ -26,7 +26,7 @@ bool CPulsePanel::SetLine(const QString& line)
 {
     CPanel::SetLine(line);
     m_itemCount = qMax(1, LevelCount());
-    UpdateCaption();
+    InvalidateCaption();
     return true;
 }
 
@@ -45,7 +45,7 @@ void CPulsePanel::AcceptProperties(const QStringList& tokens, int portIndex)
     m_tokens = tokens;
     m_portIndex = portIndex;
     m_itemCount = LevelCount();
-    UpdateCaption();
+    InvalidateCaption();
 }
 
 int CPulsePanel::LevelCount() const

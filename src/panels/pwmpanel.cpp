@@ -42,5 +42,5 @@ void CPwmPanel::AcceptProperties(const QStringList& tokens, int portIndex)
     m_tokens = tokens;
     m_portIndex = portIndex;
     m_itemCount = TokenCount() - 2;
-    UpdateCaption();
+    InvalidateCaption();
 }

@@ -49,7 +49,7 @@ bool CSerialInPanel::SetLine(const QString& line)
 {
     CPanel::SetLine(line);
     m_itemCount = qMax(1, RowCount());
-    UpdateCaption();
+    InvalidateCaption();
     return true;
 }
 
@@ -72,7 +72,7 @@ void CSerialInPanel::AcceptProperties(const QStringList& tokens, int)
 {
     m_tokens = tokens;
     m_itemCount = RowCount();
-    UpdateCaption();
+    InvalidateCaption();
 }
 
 int CSerialInPanel::RowCount() const

@@ -25,7 +25,7 @@ bool CStepMotorOutPanel::SetLine(const QString& line)
 {
     CPanel::SetLine(line);
     m_itemCount = 2;
-    UpdateCaption();
+    InvalidateCaption();
     return true;
 }
 

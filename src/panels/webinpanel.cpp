@@ -30,7 +30,7 @@ bool CWebInPanel::SetLine(const QString& line)
 {
     CPanel::SetLine(line);
     m_itemCount = qMax(1, BitCount());
-    UpdateCaption();
+    InvalidateCaption();
     return true;
 }
 
@@ -50,7 +50,7 @@ void CWebInPanel::AcceptProperties(const QStringList& tokens, int)
 {
     m_tokens = tokens;
     m_itemCount = BitCount();
-    UpdateCaption();
+    InvalidateCaption();
 }
 
 int CWebInPanel::BitCount() const

@@ -1,7 +1,6 @@
 #include "stringtable.h"
 
-#include <algorithm>
-#include <array>
+#include <QHash>
 
 namespace {
 
@@ -13,11 +12,26 @@ constexpr CStringTable::CEntry kEntries[] = {
 
 ELanguage g_language = ELanguage::English;
 
-const CStringTable::CEntry* Find(int id)
+// Captions ask for texts on every change of every panel: the texts of both languages are
+// converted once and found by id through a hash.
+struct CTexts
 {
-    const auto it = std::find_if(std::begin(kEntries), std::end(kEntries),
-                                 [id](const CStringTable::CEntry& e) { return e.Id == id; });
-    return it == std::end(kEntries) ? nullptr : &*it;
+    QHash<int, QString> English;
+    QHash<int, QString> Japanese;
+
+    CTexts()
+    {
+        for (const CStringTable::CEntry& e : kEntries) {
+            English.insert(e.Id, QString::fromUtf8(e.English));
+            Japanese.insert(e.Id, QString::fromUtf8(e.Japanese));
+        }
+    }
+};
+
+const CTexts& Texts()
+{
+    static const CTexts texts;
+    return texts;
 }
 
 } // namespace
@@ -34,10 +48,8 @@ ELanguage CStringTable::GetLanguage()
 
 QString CStringTable::Get(int id)
 {
-    const CEntry* entry = Find(id);
-    if (!entry)
-        return QString();
-    return QString::fromUtf8(g_language == ELanguage::Japanese ? entry->Japanese : entry->English);
+    const CTexts& texts = Texts();
+    return (g_language == ELanguage::Japanese ? texts.Japanese : texts.English).value(id);
 }
 
 QString CStringTable::Format(int id, std::initializer_list<QVariant> args)
@@ -53,12 +65,16 @@ std::span<const CStringTable::CEntry> CStringTable::Entries()
 QString FormatText(const QString& pattern, std::initializer_list<QVariant> args)
 {
     QString out;
+    out.reserve(pattern.size() + 16);
     auto arg = args.begin();
     for (qsizetype i = 0; i < pattern.size(); ++i) {
-        if (pattern[i] != u'%' || i + 1 >= pattern.size()) {
-            out += pattern[i];
-            continue;
+        const qsizetype percent = pattern.indexOf(u'%', i);
+        if (percent < 0 || percent + 1 >= pattern.size()) {
+            out += QStringView(pattern).mid(i);
+            break;
         }
+        out += QStringView(pattern).mid(i, percent - i);
+        i = percent;
         qsizetype j = i + 1;
         if (pattern[j] == u'%') {
             out += u'%';

@@ -1,0 +1,52 @@
+// Any bytes as a layout file, loaded on the sample board, checked and written again.
+#include "app/boardinfo.h"
+#include "app/messenger.h"
+#include "build/layoutcheck.h"
+#include "layout/layoutfile.h"
+#include "layout/panelgrid.h"
+
+#include <cstdint>
+#include <cstdlib>
+
+namespace {
+
+struct CSilent : IMessenger
+{
+    EAnswer Message(const QString&, EButtons, EIcon) override { return EAnswer::Ok; }
+};
+
+const CBoardInfo& SampleBoard()
+{
+    static CSilent messenger;
+    static CBoardInfo board;
+    static const bool read = board.Read(QStringLiteral(QUILLON_BOARDS "/atmega328p"), QString(), messenger);
+    if (!read)
+        std::abort();
+    return board;
+}
+
+} // namespace
+
+extern "C" int LLVMFuzzerTestOneInput(const uint8_t* data, size_t size)
+{
+    CSilent messenger;
+    const CBoardInfo& board = SampleBoard();
+    CPanelGrid grid(messenger);
+    grid.SetUseLimits(board.UseLimits());
+    CLayoutFile file(&board, messenger);
+    file.Read(grid, CLayoutFile::Decode(QByteArray(reinterpret_cast<const char*>(data), qsizetype(size))));
+    CLayoutCheck::Run(grid);
+
+    // What was loaded, written and loaded again, writes the same bytes.
+    const QByteArray written = CLayoutFile::Write(grid);
+    CPanelGrid again(messenger);
+    again.SetUseLimits(board.UseLimits());
+    file.Read(again, CLayoutFile::Decode(written));
+    const QByteArray rewritten = CLayoutFile::Write(again);
+    CPanelGrid third(messenger);
+    third.SetUseLimits(board.UseLimits());
+    file.Read(third, CLayoutFile::Decode(rewritten));
+    if (CLayoutFile::Write(third) != rewritten)
+        std::abort();
+    return 0;
+}
