@@ -2,8 +2,12 @@
 
 #include <gtest/gtest.h>
 
+#include <QCoreApplication>
+
 int main(int argc, char** argv)
 {
+    // External programs are run and watched through the event loop.
+    QCoreApplication app(argc, argv);
     // Expected texts in the tests are the English ones.
     CStringTable::SetLanguage(ELanguage::English);
     testing::InitGoogleTest(&argc, argv);

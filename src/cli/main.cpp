@@ -3,7 +3,11 @@
 #include "app/boardchooser.h"
 #include "app/boardinfo.h"
 #include "app/settings.h"
+#include "build/buildfolders.h"
+#include "build/buildlog.h"
+#include "build/buildpipeline.h"
 #include "build/layoutcheck.h"
+#include "build/portfinder.h"
 #include "layout/layoutfile.h"
 #include "layout/panelgrid.h"
 #include "res/stringtable.h"
@@ -12,6 +16,7 @@
 #include <QCoreApplication>
 #include <QDir>
 #include <QFile>
+#include <QFileInfo>
 #include <QJsonArray>
 #include <QJsonDocument>
 #include <QJsonObject>
@@ -42,9 +47,14 @@ int Usage()
              "  check LAYOUT       check the layout; the report, one fault a line\n"
              "  dump LAYOUT        the loaded layout as JSON\n"
              "  save LAYOUT OUT    load the layout and save it again as OUT\n"
+             "  build LAYOUT [--write] [--port DEVICE] [--work DIR]\n"
+             "                     build the HEX file beside the layout; with --write also write\n"
+             "                     it into the board (--port instead of the board found, --work\n"
+             "                     instead of the work folder the settings name)\n"
              "  panels FILE        make a panel of every definition line in FILE and show it\n"
              "--board DIR names the board folder; without it the board start-up would choose.\n"
-             "Exit status: 0 done, 1 the check found faults, 2 usage or a file that cannot be read.\n";
+             "Exit status: 0 done, 1 the check, build or writing failed, 2 usage or a file that\n"
+             "cannot be read.\n";
     return ExitUsage;
 }
 
@@ -52,6 +62,9 @@ struct CArguments
 {
     QStringList Positional;
     QString Board;
+    QString Port;
+    QString Work;
+    bool Write = false;
 };
 
 std::optional<CArguments> Parse(QStringList args)
@@ -59,12 +72,18 @@ std::optional<CArguments> Parse(QStringList args)
     CArguments parsed;
     while (!args.isEmpty()) {
         const QString arg = args.takeFirst();
-        if (arg == u"--board" || arg == u"--lang") {
+        if (arg == u"--write") {
+            parsed.Write = true;
+        } else if (arg == u"--board" || arg == u"--lang" || arg == u"--port" || arg == u"--work") {
             if (args.isEmpty())
                 return std::nullopt;
             const QString value = args.takeFirst();
             if (arg == u"--board")
                 parsed.Board = value;
+            else if (arg == u"--port")
+                parsed.Port = value;
+            else if (arg == u"--work")
+                parsed.Work = QFileInfo(value).absoluteFilePath();
             else if (value == u"ja" || value == u"en")
                 CStringTable::SetLanguage(value == u"ja" ? ELanguage::Japanese : ELanguage::English);
             else
@@ -82,7 +101,14 @@ std::optional<CArguments> Parse(QStringList args)
 class CSession
 {
 public:
-    CSession() : m_grid(m_messenger) {}
+    CSession()
+        : m_profile(QString::fromLatin1(CSettings::kCompany), QString::fromLatin1(CSettings::kApplication)),
+          m_settings(&m_profile, CSettings::IniPathIn(Programs())), m_grid(m_messenger)
+    {
+        m_settings.Load();
+    }
+
+    static QString Programs() { return QCoreApplication::applicationDirPath(); }
 
     bool LoadBoard(const QString& folder)
     {
@@ -92,12 +118,8 @@ public:
             Err() << "cannot read the board in " << folder << "\n";
             return false;
         }
-        const QString programs = QCoreApplication::applicationDirPath();
-        QSettings profile(QString::fromLatin1(CSettings::kCompany),
-                          QString::fromLatin1(CSettings::kApplication));
-        CSettings settings(&profile, CSettings::IniPathIn(programs));
-        settings.Load();
-        if (!CBoardChooser(QDir(programs).filePath("TARGET"), m_messenger).Choose(settings, m_board).isEmpty())
+        const QString programs = Programs();
+        if (!CBoardChooser(QDir(programs).filePath("TARGET"), m_messenger).Choose(m_settings, m_board).isEmpty())
             return true;
         Err() << "no board could be read under " << QDir(programs).filePath("TARGET") << "\n";
         return false;
@@ -119,12 +141,57 @@ public:
     }
 
     const CPanelGrid& Grid() const { return m_grid; }
+    const CBoardInfo& Board() const { return m_board; }
+    const CSettings& Settings() const { return m_settings; }
 
 private:
     CStderrMessenger m_messenger;
+    QSettings m_profile;
+    CSettings m_settings;
     CBoardInfo m_board;
     CPanelGrid m_grid;
 };
+
+// The build's log on stdout, each line as it comes.
+class CStdoutLog : public IBuildLog
+{
+public:
+    void Start(const QString& line) override { Append(line); }
+    void Append(const QString& line) override
+    {
+        QString text = line;
+        text.replace("\r\n", "\n");
+        Out() << text << "\n";
+        Out().flush();
+    }
+};
+
+int Build(const CSession& session, const CArguments& args)
+{
+    const CSettings& settings = session.Settings();
+    const QString programs = CSession::Programs();
+    CBuildSettings build;
+    build.WorkFolder = CBuildFolders::WorkFolder(programs, args.Work.isEmpty() ? settings.GetWorkDir() : args.Work);
+    build.OutputFolder = CBuildFolders::OutputFolder(programs, settings.GetProject(), build.WorkFolder);
+    // An unset clock source takes the board's default.
+    build.ClockSource = settings.GetClockSource() < 0 ? session.Board().GetSystemClock() : settings.GetClockSource();
+    build.Writer.Port = !args.Port.isEmpty()         ? args.Port
+                        : settings.GetWriteCOM() > 0 ? QString::number(settings.GetWriteCOM())
+                                                     : QString();
+    build.Writer.Wait = settings.GetWriteWait();
+    build.Writer.Writer = settings.GetWriter();
+    build.Writer.WriterOptions = settings.GetWriterOptions();
+
+    CStdoutLog log;
+    // Without --write the question before writing is answered Cancel.
+    CStderrMessenger messenger(args.Write ? EAnswer::Ok : EAnswer::Cancel);
+    const std::unique_ptr<IPortFinder> finder = CreatePlatformPortFinder();
+    CBuildPipeline pipeline(session.Grid(), session.Board(), build, log, messenger, *finder);
+    const QString layout = QFileInfo(args.Positional[1]).absoluteFilePath();
+    const bool written = pipeline.Build(layout);
+    const bool made = QFileInfo(CBuildPipeline::HexPathFor(layout)).size() > 0;
+    return (args.Write ? written : made) ? ExitOk : ExitFaults;
+}
 
 int Check(CSession& session)
 {
@@ -223,7 +290,8 @@ int Run(const CArguments& args)
     const bool check = p.size() == 2 && p[0] == u"check";
     const bool dump = p.size() == 2 && p[0] == u"dump";
     const bool save = p.size() == 3 && p[0] == u"save";
-    if (!check && !dump && !save)
+    const bool build = p.size() == 2 && p[0] == u"build";
+    if (!check && !dump && !save && !build)
         return Usage();
 
     CSession session;
@@ -233,6 +301,8 @@ int Run(const CArguments& args)
         return Check(session);
     if (dump)
         return Dump(session);
+    if (build)
+        return Build(session, args);
     return session.Save(p[2]) ? ExitOk : ExitFaults;
 }
 

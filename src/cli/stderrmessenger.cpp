@@ -5,5 +5,13 @@
 EAnswer CStderrMessenger::Message(const QString& text, EButtons buttons, EIcon)
 {
     std::fprintf(stderr, "%s\n", qUtf8Printable(text));
-    return buttons == EButtons::YesNo || buttons == EButtons::YesNoCancel ? EAnswer::Yes : EAnswer::Ok;
+    switch (buttons) {
+    case EButtons::YesNo:
+    case EButtons::YesNoCancel:
+        return EAnswer::Yes;
+    case EButtons::OkCancel:
+        return m_okCancel;
+    default:
+        return EAnswer::Ok;
+    }
 }

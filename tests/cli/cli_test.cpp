@@ -1,4 +1,6 @@
 // quillon-cli's contract, as scripts and acceptance tests use it.
+#include "build/buildtest.h"
+
 #include <gtest/gtest.h>
 
 #include <QFile>
@@ -116,4 +118,57 @@ TEST(Cli, SaveWritesTheLayoutAgain)
     QFile a(source), b(out);
     ASSERT_TRUE(a.open(QIODevice::ReadOnly) && b.open(QIODevice::ReadOnly));
     EXPECT_EQ(a.readAll(), b.readAll());
+}
+
+namespace {
+
+// A layout that passes the check, in a sandbox whose board builds with the fake tool.
+struct CCliBuild : testing::Test
+{
+    CBuildSandbox sandbox;
+    QString layout;
+
+    void SetUp() override
+    {
+        CFakeBoardSpec spec;
+        spec.WriterCommand = "faketool";
+        CBoardInfo board;
+        ASSERT_TRUE(sandbox.ReadBoard(spec, board));
+        layout = sandbox.Path("layouts/lamp.loc");
+        QFile::copy(QStringLiteral(QUILLON_EXAMPLES "/pushbutton-lamp.loc"), layout);
+    }
+
+    CRun Build(const char* scenario, const QStringList& more = {})
+    {
+        qputenv("QUILLON_FAKE_SCENARIO", scenario);
+        return Cli(QStringList{"build", layout, "--board", sandbox.BoardFolder(), "--work",
+                               sandbox.WorkFolder()} + more);
+    }
+};
+
+} // namespace
+
+TEST_F(CCliBuild, WithoutWriteTheBuildEndsAtTheQuestion)
+{
+    const CRun run = Build("hex");
+    EXPECT_EQ(run.Exit, 0) << run.Err.toStdString();
+    EXPECT_EQ(run.Out, "The compilation started.\nPass1...\nPass2...\nPass3...\n"
+                       "The compilation terminated.\nThe FLASH writing was canceled.\n");
+    EXPECT_EQ(sandbox.ReadFile("layouts/lamp.hex"), ":00000001FF\n");
+}
+
+TEST_F(CCliBuild, FailedBuildExitsOne)
+{
+    const CRun run = Build("err");
+    EXPECT_EQ(run.Exit, 1);
+    EXPECT_TRUE(run.Out.endsWith("Panel (3,4): the net has two drivers.\n\nThe compilation stopped.\n"))
+        << run.Out.toStdString();
+}
+
+TEST_F(CCliBuild, WriteUsesThePortGiven)
+{
+    const CRun run = Build("hex", {"--write", "--port", "/dev/ttyFAKE0"});
+    EXPECT_EQ(run.Exit, 0) << run.Out.toStdString();
+    EXPECT_TRUE(run.Out.endsWith("The FLASH writing started.\nThe FLASH writing terminated.\n"));
+    EXPECT_TRUE(sandbox.Recorded().value(1).startsWith("hex [/C/dev/ttyFAKE0] [/W2] ["));
 }

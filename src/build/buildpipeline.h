@@ -1,0 +1,62 @@
+#pragma once
+
+#include "flashwriter.h"
+
+#include <QString>
+
+class CBoardInfo;
+class CPanelGrid;
+class IBuildLog;
+class IMessenger;
+class IPortFinder;
+
+// What a build takes from the settings, resolved to folders.
+struct CBuildSettings
+{
+    QString WorkFolder;
+    QString OutputFolder;
+    int ClockSource = -1;
+    CWriterSettings Writer;
+};
+
+// "Build && Write": writes the layout into the work folder and checks it (pass 1), runs
+// the board's panel compiler (pass 2) and command list (pass 3), copies the HEX file beside
+// the layout, and after the user's OK writes it into the board's FLASH.
+class CBuildPipeline
+{
+public:
+    CBuildPipeline(const CPanelGrid& grid, const CBoardInfo& board, const CBuildSettings& settings,
+                   IBuildLog& log, IMessenger& messenger, IPortFinder& finder);
+
+    // True when the HEX file was made and written.
+    bool Build(const QString& layoutPath);
+
+    bool Pass1(const QString& layoutPath);
+    bool Pass2();
+    bool Pass3();
+    // Copies the work folder's HEX file beside the layout; false when there is none.
+    bool CollectHex(const QString& layoutPath);
+
+    // The compiler's command line, options in their fixed order.
+    QString CompilerCommand() const;
+    // The layout path with its last extension replaced by "hex".
+    static QString HexPathFor(const QString& layoutPath);
+    void CleanWorkFolder() const;
+
+    // How often the board writer is asked whether it has ended (tests make it quick).
+    void SetWriterPolling(int readings, int intervalMs);
+
+private:
+    bool RunLogged(const QString& commandLine, const QString& name);
+    void AppendFirstErrorFile();
+
+    const CPanelGrid& m_grid;
+    const CBoardInfo& m_board;
+    CBuildSettings m_settings;
+    IBuildLog& m_log;
+    IMessenger& m_messenger;
+    IPortFinder& m_finder;
+    QString m_locationPath;
+    int m_writerReadings = 60;
+    int m_writerIntervalMs = 1000;
+};

@@ -1,0 +1,47 @@
+#pragma once
+
+#include <QString>
+
+class CBoardInfo;
+class IBuildLog;
+class IPortFinder;
+
+// What the writing takes from the user's settings.
+struct CWriterSettings
+{
+    // The text after the board writer's "/C": a COM number on Windows, a serial device
+    // path elsewhere; "" means the board is to be found.
+    QString Port;
+    int Wait = 2;
+    // The user's own writer and its options, "%hex%" standing for the HEX file.
+    QString Writer;
+    QString WriterOptions;
+};
+
+// Writes a HEX file into the board's FLASH with the board's writer, or the user's when the
+// board names none.
+class CFlashWriter
+{
+public:
+    CFlashWriter(const CBoardInfo& board, const CWriterSettings& settings, IPortFinder& finder,
+                 IBuildLog& log);
+
+    // How often and how many times a board writer is asked whether it has ended.
+    void SetPolling(int readings, int intervalMs);
+
+    // Appends its progress to the log; true when the writer ended with 0 (a user writer is
+    // not waited for and counts as 0).
+    bool Write(const QString& hexPath, const QString& workFolder);
+
+    // The board writer's command line; "" with the log told why when no port is known.
+    QString BoardCommand(const QString& hexPath);
+    static QString UserCommand(const QString& writer, const QString& options, const QString& hexPath);
+
+private:
+    const CBoardInfo& m_board;
+    CWriterSettings m_settings;
+    IPortFinder& m_finder;
+    IBuildLog& m_log;
+    int m_readings = 60;
+    int m_intervalMs = 1000;
+};

@@ -1,0 +1,182 @@
+// "Build && Write" against a fake board tool that acts out every outcome.
+#include "build/buildpipeline.h"
+#include "build/buildtest.h"
+#include "layout/panelgrid.h"
+
+#include <QElapsedTimer>
+#include <QFileInfo>
+
+namespace {
+
+struct CPipelineFixture : testing::Test
+{
+    CBuildSandbox sandbox;
+    CRecordingMessenger messenger;
+    CRecordingLog log;
+    CFakePortFinder finder;
+    CPanelGrid grid{messenger};
+    CBoardInfo board;
+    CBuildSettings settings;
+
+    void SetUp() override
+    {
+        settings.WorkFolder = sandbox.WorkFolder();
+        settings.OutputFolder = sandbox.WorkFolder();
+        messenger.Answers = {EAnswer::Cancel}; // the FLASH question
+    }
+
+    bool Build(const CFakeBoardSpec& spec, const char* scenario, const QString& layout = "layouts/a.loc")
+    {
+        EXPECT_TRUE(sandbox.ReadBoard(spec, board));
+        qputenv("QUILLON_FAKE_SCENARIO", scenario);
+        CBuildPipeline pipeline(grid, board, settings, log, messenger, finder);
+        pipeline.SetWriterPolling(3, 10);
+        return pipeline.Build(sandbox.Path(layout));
+    }
+
+    QStringList Tail(int n) const { return log.Lines.mid(log.Lines.size() - n); }
+};
+
+} // namespace
+
+TEST_F(CPipelineFixture, SuccessfulBuildCopiesTheHexAndAsksBeforeWriting)
+{
+    EXPECT_FALSE(Build({}, "hex"));
+    EXPECT_EQ(log.Lines, (QStringList{"The compilation started.", "Pass1...", "Pass2...", "Pass3...",
+                                      "The compilation terminated.", "The FLASH writing was canceled."}));
+    EXPECT_EQ(messenger.Texts, QStringList{"Build Completed.\nStart to write on FLASH."});
+    EXPECT_EQ(sandbox.ReadFile("layouts/a.hex"), ":00000001FF\n");
+    // The location file is the layout as saved, in the work folder.
+    EXPECT_TRUE(sandbox.ReadFile("work/a.loc").startsWith("; Quillon\r\n"));
+}
+
+TEST_F(CPipelineFixture, CompilerGetsItsOptionsInOrderInTheWorkFolder)
+{
+    settings.ClockSource = 2;
+    settings.OutputFolder = sandbox.Path("layouts");
+    Build({}, "hex");
+    const QString expected = QStringLiteral("hex [%1] [-o] [%2] [-w] [%3] [-x] [16] [-y] [40] [-c3] cwd=%3")
+                                 .arg(sandbox.Path("work/a.loc"), sandbox.Path("layouts"), sandbox.WorkFolder());
+    EXPECT_EQ(sandbox.Recorded().value(0), expected);
+}
+
+TEST_F(CPipelineFixture, UnsetClockSourceGivesC0)
+{
+    CBuildPipeline pipeline(grid, board, settings, log, messenger, finder);
+    EXPECT_TRUE(pipeline.CompilerCommand().endsWith(" -x 16 -y 40 -c0"));
+}
+
+TEST_F(CPipelineFixture, CompilerErrorFileIsShownAfterAnEmptyLine)
+{
+    EXPECT_FALSE(Build({}, "err"));
+    EXPECT_EQ(Tail(4), (QStringList{"Pass2...", "", "Panel (3,4): the net has two drivers.\r\n",
+                                    "The compilation stopped."}));
+    EXPECT_TRUE(messenger.Texts.isEmpty());
+}
+
+TEST_F(CPipelineFixture, CrashingCompilerStopsTheBuild)
+{
+    EXPECT_FALSE(Build({}, "crash"));
+    EXPECT_EQ(Tail(3), (QStringList{"Pass2...", "", "The compilation stopped."}));
+}
+
+TEST_F(CPipelineFixture, MissingCompilerIsACommandExecutionError)
+{
+    CFakeBoardSpec spec;
+    spec.Compiler = "nothere";
+    EXPECT_FALSE(Build(spec, "hex"));
+    EXPECT_EQ(Tail(4), (QStringList{"Pass2...", "Command execution error.\n(nothere,2)", "",
+                                    "The compilation stopped."}));
+
+    spec.Compiler.clear(); // the board folder itself cannot be run
+    log.Lines.clear();
+    EXPECT_FALSE(Build(spec, "hex"));
+    EXPECT_TRUE(log.Lines.value(log.Lines.size() - 3).startsWith("Command execution error.\n(,"));
+}
+
+TEST_F(CPipelineFixture, CommandListSkipsEmptyPositionsAndStopsAtAFailure)
+{
+    CFakeBoardSpec spec;
+    spec.Commands = {sandbox.Tool() + " --act ok", "", sandbox.Tool() + " --act print", sandbox.Tool() + " --act fail",
+                     sandbox.Tool() + " --act ok"};
+    EXPECT_FALSE(Build(spec, "hex"));
+    EXPECT_EQ(Tail(4), (QStringList{"Pass3...", "first line", "second line", "The compilation stopped."}));
+    QStringList acted;
+    for (const QString& line : sandbox.Recorded())
+        acted << line.section(u' ', 0, 0);
+    EXPECT_EQ(acted, (QStringList{"hex", "ok", "print", "fail"}));
+}
+
+TEST_F(CPipelineFixture, CommandThatCannotStartNamesItself)
+{
+    CFakeBoardSpec spec;
+    spec.Commands = {"no-such-program --x"};
+    EXPECT_FALSE(Build(spec, "hex"));
+    EXPECT_EQ(Tail(2), (QStringList{"Command execution error.\n(no-such-program --x,2)", "The compilation stopped."}));
+}
+
+TEST_F(CPipelineFixture, EmptyOrMissingHexIsNotCreated)
+{
+    EXPECT_FALSE(Build({}, "empty-hex"));
+    EXPECT_EQ(log.Lines.last(), "HEX file was not created.");
+    EXPECT_FALSE(QFileInfo::exists(sandbox.Path("layouts/a.hex")) && QFileInfo(sandbox.Path("layouts/a.hex")).size() > 0);
+    log.Lines.clear();
+    EXPECT_FALSE(Build({}, "ok"));
+    EXPECT_EQ(log.Lines.last(), "HEX file was not created.");
+}
+
+TEST_F(CPipelineFixture, HexNamedAfterTheLayoutIsTheFallback)
+{
+    EXPECT_FALSE(Build({}, "named-hex", "layouts/b.c.loc"));
+    EXPECT_EQ(sandbox.ReadFile("layouts/b.c.hex"), ":00000001FF\n");
+    EXPECT_EQ(CBuildPipeline::HexPathFor("/x/b.c.loc"), "/x/b.c.hex");
+    EXPECT_EQ(CBuildPipeline::HexPathFor("/x/plain"), "/x/plain.hex");
+}
+
+TEST_F(CPipelineFixture, FailedCheckShowsTheReportAndRunsNothing)
+{
+    grid.Place(-1, 3, std::make_unique<CPanelCell>("SW\tH,P1"));
+    EXPECT_FALSE(Build({}, "hex"));
+    EXPECT_EQ(log.Lines, (QStringList{"The compilation started.", "Pass1...",
+                                      "The connection of panel [] is incomplete. "}));
+    EXPECT_TRUE(sandbox.Recorded().isEmpty());
+}
+
+TEST_F(CPipelineFixture, CleaningRemovesOldFilesButNotFolders)
+{
+    QDir work(sandbox.WorkFolder());
+    work.mkdir("BASE.x");
+    for (const char* name : {"old.hex", "BASE.c", "PANEL.txt", "a.inc", "b.log", "c.err", "keep.txt"})
+        sandbox.WriteFile(QStringLiteral("work/") + name, "x");
+    ASSERT_TRUE(sandbox.ReadBoard({}, board));
+    CBuildPipeline pipeline(grid, board, settings, log, messenger, finder);
+    pipeline.CleanWorkFolder();
+    EXPECT_EQ(work.entryList(QDir::AllEntries | QDir::NoDotAndDotDot), (QStringList{"BASE.x", "keep.txt"}));
+}
+
+TEST_F(CPipelineFixture, NoWorkFolderDoesNothing)
+{
+    settings.WorkFolder.clear();
+    EXPECT_FALSE(Build({}, "hex"));
+    EXPECT_TRUE(log.Lines.isEmpty());
+}
+
+TEST_F(CPipelineFixture, WritingNeedsAWriter)
+{
+    messenger.Answers = {EAnswer::Ok};
+    EXPECT_FALSE(Build({}, "hex"));
+    EXPECT_EQ(Tail(2), (QStringList{"The compilation terminated.", "FLASH writer was not setting."}));
+}
+
+TEST_F(CPipelineFixture, OkStartsTheBoardWriterWithTheHexBesideTheLayout)
+{
+    messenger.Answers = {EAnswer::Ok};
+    settings.Writer.Port = "/dev/ttyACM0";
+    CFakeBoardSpec spec;
+    spec.WriterCommand = "faketool";
+    EXPECT_TRUE(Build(spec, "hex"));
+    EXPECT_EQ(Tail(3), (QStringList{"The compilation terminated.", "The FLASH writing started.",
+                                    "The FLASH writing terminated."}));
+    EXPECT_EQ(sandbox.Recorded().value(1),
+              QStringLiteral("hex [/C/dev/ttyACM0] [/W2] [%1] cwd=%2").arg(sandbox.Path("layouts/a.hex"), sandbox.WorkFolder()));
+}

@@ -1,0 +1,117 @@
+#pragma once
+
+#include "app/boardinfo.h"
+#include "build/buildlog.h"
+#include "build/portfinder.h"
+#include "support/recordingmessenger.h"
+
+#include <gtest/gtest.h>
+
+#include <QDir>
+#include <QFile>
+#include <QTemporaryDir>
+
+// Collects the log as the build dialog would show it.
+class CRecordingLog : public IBuildLog
+{
+public:
+    void Start(const QString& line) override { Lines = {line}; }
+    void Append(const QString& line) override { Lines.append(line); }
+    QStringList Lines;
+};
+
+// A board as the tests need it: attached at a port of their choosing, or not at all.
+class CFakePortFinder : public IPortFinder
+{
+public:
+    QString FindBoardPort(const QString& interfaceName) override
+    {
+        AskedFor = interfaceName;
+        ++Calls;
+        return Port;
+    }
+    QString Port;
+    QString AskedFor;
+    int Calls = 0;
+};
+
+// The parts of a board definition the build reads.
+struct CFakeBoardSpec
+{
+    QString Compiler = QStringLiteral("faketool");
+    QStringList Commands = {}; // CMD1, CMD2, ... ; "" leaves a position out
+    QString WriterCommand = {};
+    QString WriterParam = {};
+};
+
+// A board folder holding the fake tool as its compiler and writer, a work folder and a
+// folder for layouts, all in a temporary folder of the test's own.
+class CBuildSandbox
+{
+public:
+    CBuildSandbox()
+    {
+        QDir root(m_root.path());
+        root.mkpath("board");
+        root.mkpath("work");
+        root.mkpath("layouts");
+        const QString tool = BoardFolder() + "/faketool";
+        QFile::copy(QStringLiteral(QUILLON_FAKE_TOOL), tool);
+        QFile::setPermissions(tool, QFile::permissions(tool) | QFileDevice::ExeOwner);
+        WriteFile("board/inout_e.xml", "<PALETTES/>");
+        WriteFile("board/parts_e.xml", "<PALETTES/>");
+        qputenv("QUILLON_FAKE_RECORD", Path("record.txt").toUtf8());
+    }
+    ~CBuildSandbox()
+    {
+        qunsetenv("QUILLON_FAKE_RECORD");
+        qunsetenv("QUILLON_FAKE_SCENARIO");
+    }
+
+    QString Path(const QString& relative) const { return QDir(m_root.path()).filePath(relative); }
+    QString BoardFolder() const { return Path("board"); }
+    QString WorkFolder() const { return Path("work"); }
+    QString Tool() const { return BoardFolder() + "/faketool"; }
+
+    void WriteFile(const QString& relative, const QByteArray& bytes) const
+    {
+        QFile file(Path(relative));
+        file.open(QIODevice::WriteOnly);
+        file.write(bytes);
+    }
+    QByteArray ReadFile(const QString& relative) const
+    {
+        QFile file(Path(relative));
+        return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray();
+    }
+    QStringList Recorded() const
+    {
+        return QString::fromUtf8(ReadFile("record.txt")).split(u'\n', Qt::SkipEmptyParts);
+    }
+
+    // Writes the board definition and reads it.
+    bool ReadBoard(const CFakeBoardSpec& spec, CBoardInfo& board) const
+    {
+        QString commands;
+        for (int i = 0; i < spec.Commands.size(); ++i)
+            if (!spec.Commands[i].isEmpty())
+                commands += QStringLiteral("<CMD%1 var=\"%2\"/>").arg(i + 1).arg(spec.Commands[i].toHtmlEscaped());
+        const QString writer = spec.WriterCommand.isEmpty()
+                                   ? QString()
+                                   : QStringLiteral("<CMD var=\"%1\"/>").arg(spec.WriterCommand);
+        const QString param =
+            spec.WriterParam.isEmpty() ? QString() : QStringLiteral("<PRM var=\"%1\"/>").arg(spec.WriterParam);
+        WriteFile("board/board_e.xml",
+                  QStringLiteral("<Q><BOARD name=\"Fake\"><INTERFACE name=\"FakeSerial\"/>"
+                                 "<COMPILER><PANEL var=\"%1\"/>%2</COMPILER><WRITER>%3%4</WRITER>"
+                                 "<PALETTE><INOUT file=\"inout_e.xml\"/><PARTS file=\"parts_e.xml\"/></PALETTE>"
+                                 "</BOARD></Q>")
+                      .arg(spec.Compiler, commands, writer, param)
+                      .toUtf8());
+        CRecordingMessenger messenger;
+        return board.Read(BoardFolder(), QString(), messenger);
+    }
+
+private:
+    QTemporaryDir m_root;
+};
