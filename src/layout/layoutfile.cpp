@@ -98,6 +98,15 @@ QString CLayoutFile::Decode(const QByteArray& bytes)
 
 bool CLayoutFile::Load(CPanelGrid& grid, const QString& path)
 {
+    QString text;
+    if (!ReadText(path, text))
+        return false;
+    Read(grid, text);
+    return true;
+}
+
+bool CLayoutFile::ReadText(const QString& path, QString& text)
+{
     m_error.clear();
     if (path.isEmpty())
         return false;
@@ -106,12 +115,11 @@ bool CLayoutFile::Load(CPanelGrid& grid, const QString& path)
         m_error = file.errorString();
         return false;
     }
-    const QString text = Decode(file.readAll());
+    text = Decode(file.readAll());
     if (!LooksLikeLayout(text)) {
         m_error = CStringTable::Get(Ids::MsgNotLocFile);
         return false;
     }
-    Read(grid, text);
     return true;
 }
 

@@ -19,6 +19,8 @@ public:
     // Places every panel of the file it can. False when the file cannot be read or is no
     // layout at all; ErrorString() then says why.
     bool Load(CPanelGrid& grid, const QString& path);
+    // The text of a layout file, checked to be a layout; false as Load answers it.
+    bool ReadText(const QString& path, QString& text);
     // Writes atomically: on failure the old file stays as it was, 59439 is shown and the
     // result is false.
     bool Save(const CPanelGrid& grid, const QString& path);
