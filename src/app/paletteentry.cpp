@@ -1,5 +1,6 @@
 #include "paletteentry.h"
 
+#include "layout/panelcell.h"
 #include "panels/panel.h"
 #include "panels/panelfactory.h"
 
@@ -24,4 +25,16 @@ void CPaletteEntry::SetWeight(int weight)
 {
     if (m_prototype)
         m_prototype->SetOption(weight);
+}
+
+std::unique_ptr<CPanelCell> CPaletteEntry::MakeCell() const
+{
+    if (!m_prototype)
+        return nullptr;
+    auto cell = std::make_unique<CPanelCell>(m_prototype->GetLine());
+    if (CPanel* panel = cell->GetPanel()) {
+        panel->CopyFrom(*m_prototype);
+        cell->MakeImage();
+    }
+    return cell;
 }

@@ -5,6 +5,7 @@
 #include <memory>
 
 class CPanel;
+class CPanelCell;
 struct CPortEntry;
 
 // One panel a board offers in its panel bar: a prototype panel made from the type keyword,
@@ -28,6 +29,10 @@ class CPaletteEntry
     // -1: no limit.
     int GetUseLimit() const { return m_useLimit; }
     void SetUseLimit(int limit) { m_useLimit = limit; }
+
+    // A new cell copied from the prototype, as placing it from the panel bar makes it; null
+    // without a prototype.
+    std::unique_ptr<CPanelCell> MakeCell() const;
 
     // The settings a palette gives its prototype; without a prototype they change nothing.
     void AddPort(const CPortEntry& port);

@@ -2,6 +2,8 @@
 
 #include "app/boardinfo.h"
 #include "app/messenger.h"
+#include "app/settings.h"
+#include "buildfolders.h"
 #include "buildlog.h"
 #include "layout/layoutfile.h"
 #include "layout/panelgrid.h"
@@ -21,6 +23,20 @@ QString Quoted(const QString& text)
 }
 
 } // namespace
+
+CBuildSettings CBuildSettings::From(const CSettings& settings, const CBoardInfo& board,
+                                   const QString& programFolder)
+{
+    CBuildSettings build;
+    build.WorkFolder = CBuildFolders::WorkFolder(programFolder, settings.GetWorkDir());
+    build.OutputFolder = CBuildFolders::OutputFolder(programFolder, settings.GetProject(), build.WorkFolder);
+    build.ClockSource = settings.GetClockSource() < 0 ? board.GetSystemClock() : settings.GetClockSource();
+    build.Writer.Port = settings.GetWriteCOM() > 0 ? QString::number(settings.GetWriteCOM()) : QString();
+    build.Writer.Wait = settings.GetWriteWait();
+    build.Writer.Writer = settings.GetWriter();
+    build.Writer.WriterOptions = settings.GetWriterOptions();
+    return build;
+}
 
 CBuildPipeline::CBuildPipeline(const CPanelGrid& grid, const CBoardInfo& board,
                                const CBuildSettings& settings, IBuildLog& log,

@@ -6,6 +6,7 @@
 
 class CBoardInfo;
 class CPanelGrid;
+class CSettings;
 class IBuildLog;
 class IMessenger;
 class IPortFinder;
@@ -17,6 +18,12 @@ struct CBuildSettings
     QString OutputFolder;
     int ClockSource = -1;
     CWriterSettings Writer;
+
+    // From the user's settings: the work folder from WorkDir (beside the programs, or the
+    // user's data folder), the output folder, the clock source (the board's default when
+    // unset), the writer's port (the COM number when one is set), wait and program.
+    static CBuildSettings From(const CSettings& settings, const CBoardInfo& board,
+                               const QString& programFolder);
 };
 
 // "Build && Write": writes the layout into the work folder and checks it (pass 1), runs

@@ -10,6 +10,7 @@
 #include "build/portfinder.h"
 #include "layout/layoutfile.h"
 #include "layout/panelgrid.h"
+#include "rendercommand.h"
 #include "res/stringtable.h"
 #include "stderrmessenger.h"
 
@@ -23,6 +24,7 @@
 #include <QSettings>
 #include <QTextStream>
 
+#include <memory>
 #include <optional>
 
 namespace {
@@ -52,6 +54,9 @@ int Usage()
              "                     it into the board (--port instead of the board found, --work\n"
              "                     instead of the work folder the settings name)\n"
              "  panels FILE        make a panel of every definition line in FILE and show it\n"
+             "  render LAYOUT OUT [--scale N]\n"
+             "                     draw the layout into OUT: a PNG at N device pixels a unit\n"
+             "                     (1 to 8, default 1), or the printed page when OUT ends in .pdf\n"
              "--board DIR names the board folder; without it the board start-up would choose.\n"
              "Exit status: 0 done, 1 the check, build or writing failed, 2 usage or a file that\n"
              "cannot be read.\n";
@@ -64,6 +69,7 @@ struct CArguments
     QString Board;
     QString Port;
     QString Work;
+    double Scale = 1;
     bool Write = false;
 };
 
@@ -74,7 +80,8 @@ std::optional<CArguments> Parse(QStringList args)
         const QString arg = args.takeFirst();
         if (arg == u"--write") {
             parsed.Write = true;
-        } else if (arg == u"--board" || arg == u"--lang" || arg == u"--port" || arg == u"--work") {
+        } else if (arg == u"--board" || arg == u"--lang" || arg == u"--port" || arg == u"--work" ||
+                   arg == u"--scale") {
             if (args.isEmpty())
                 return std::nullopt;
             const QString value = args.takeFirst();
@@ -84,6 +91,8 @@ std::optional<CArguments> Parse(QStringList args)
                 parsed.Port = value;
             else if (arg == u"--work")
                 parsed.Work = QFileInfo(value).absoluteFilePath();
+            else if (arg == u"--scale")
+                parsed.Scale = CRenderCommand::ParseScale(value);
             else if (value == u"ja" || value == u"en")
                 CStringTable::SetLanguage(value == u"ja" ? ELanguage::Japanese : ELanguage::English);
             else
@@ -94,6 +103,8 @@ std::optional<CArguments> Parse(QStringList args)
             parsed.Positional.append(arg);
         }
     }
+    if (parsed.Scale == 0)
+        return std::nullopt;
     return parsed;
 }
 
@@ -168,19 +179,11 @@ public:
 
 int Build(const CSession& session, const CArguments& args)
 {
-    const CSettings& settings = session.Settings();
-    const QString programs = CSession::Programs();
-    CBuildSettings build;
-    build.WorkFolder = CBuildFolders::WorkFolder(programs, args.Work.isEmpty() ? settings.GetWorkDir() : args.Work);
-    build.OutputFolder = CBuildFolders::OutputFolder(programs, settings.GetProject(), build.WorkFolder);
-    // An unset clock source takes the board's default.
-    build.ClockSource = settings.GetClockSource() < 0 ? session.Board().GetSystemClock() : settings.GetClockSource();
-    build.Writer.Port = !args.Port.isEmpty()         ? args.Port
-                        : settings.GetWriteCOM() > 0 ? QString::number(settings.GetWriteCOM())
-                                                     : QString();
-    build.Writer.Wait = settings.GetWriteWait();
-    build.Writer.Writer = settings.GetWriter();
-    build.Writer.WriterOptions = settings.GetWriterOptions();
+    CBuildSettings build = CBuildSettings::From(session.Settings(), session.Board(), CSession::Programs());
+    if (!args.Work.isEmpty())
+        build.WorkFolder = CBuildFolders::WorkFolder(CSession::Programs(), args.Work);
+    if (!args.Port.isEmpty())
+        build.Writer.Port = args.Port;
 
     CStdoutLog log;
     // Without --write the question before writing is answered Cancel.
@@ -291,7 +294,8 @@ int Run(const CArguments& args)
     const bool dump = p.size() == 2 && p[0] == u"dump";
     const bool save = p.size() == 3 && p[0] == u"save";
     const bool build = p.size() == 2 && p[0] == u"build";
-    if (!check && !dump && !save && !build)
+    const bool render = p.size() == 3 && p[0] == u"render";
+    if (!check && !dump && !save && !build && !render)
         return Usage();
 
     CSession session;
@@ -303,15 +307,34 @@ int Run(const CArguments& args)
         return Dump(session);
     if (build)
         return Build(session, args);
+    if (render) {
+        QString error;
+        if (CRenderCommand::Render(session.Grid(), p[2], args.Scale, error))
+            return ExitOk;
+        Err() << error << "\n";
+        return ExitFaults;
+    }
     return session.Save(p[2]) ? ExitOk : ExitFaults;
+}
+
+// Only drawing needs a QGuiApplication; the other commands must not look for a display.
+bool WantsRender(int argc, char* argv[])
+{
+    QStringList arguments;
+    for (int i = 1; i < argc; ++i)
+        arguments.append(QString::fromLocal8Bit(argv[i]));
+    const std::optional<CArguments> args = Parse(arguments);
+    return args && args->Positional.value(0) == u"render";
 }
 
 } // namespace
 
 int main(int argc, char* argv[])
 {
-    QCoreApplication app(argc, argv);
-    const std::optional<CArguments> args = Parse(app.arguments().mid(1));
+    const std::unique_ptr<QCoreApplication> app =
+        WantsRender(argc, argv) ? CRenderCommand::CreateApplication(argc, argv)
+                                : std::make_unique<QCoreApplication>(argc, argv);
+    const std::optional<CArguments> args = Parse(app->arguments().mid(1));
     const int result = args ? Run(*args) : Usage();
     Out().flush();
     return result;

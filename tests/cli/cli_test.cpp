@@ -56,7 +56,8 @@ TEST(Cli, CheckPrintsOneFaultALineAndExitsOne)
     EXPECT_EQ(run.Exit, 1);
     EXPECT_TRUE(run.Out.startsWith("The properties of panel [(2,10)] is none. \n")) << run.Out.toStdString();
     EXPECT_FALSE(run.Out.contains(u'\r'));
-    EXPECT_TRUE(run.Out.contains("The port assigned two or more panels. port=PD3\n"));
+    // The PWM output runs on the first port of its palette entry, PB2, as the pulse output does.
+    EXPECT_TRUE(run.Out.contains("The port assigned two or more panels. port=PB2\n"));
 }
 
 TEST(Cli, CheckSpeaksJapanese)

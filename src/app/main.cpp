@@ -1,0 +1,75 @@
+// quillon: the editor.
+
+#include "app/boardchooser.h"
+#include "app/boardinfo.h"
+#include "app/messageboxmessenger.h"
+#include "app/settings.h"
+#include "app/startup.h"
+#include "frame/mainframe.h"
+#include "panels/panel.h"
+
+#include <QApplication>
+#include <QLocale>
+#include <QSettings>
+#include <QTimer>
+
+namespace {
+
+// Panels open no dialog until their families' dialogs are wired in; their double-click
+// then does nothing.
+class CNoDialogs : public IPropertyEditor
+{
+public:
+    bool Edit(CPanel&, EPanelDialog) override { return false; }
+};
+
+} // namespace
+
+int main(int argc, char* argv[])
+{
+    QApplication app(argc, argv);
+    QApplication::setOrganizationName(QString::fromLatin1(CSettings::kCompany));
+    QApplication::setApplicationName(QString::fromLatin1(CSettings::kApplication));
+    QApplication::setApplicationDisplayName(QStringLiteral("Quillon"));
+    QApplication::setApplicationVersion(QStringLiteral(QUILLON_VERSION));
+
+    QStringList arguments = QApplication::arguments();
+    // "--screenshot FILE" saves a picture of the window once it has painted, then ends:
+    // the documentation's screenshots are made this way, also headless (offscreen).
+    QString screenshot;
+    if (const qsizetype at = arguments.indexOf(QStringLiteral("--screenshot")); at > 0 && at + 1 < arguments.size()) {
+        screenshot = arguments[at + 1];
+        arguments.remove(at, 2);
+    }
+    CStringTable::SetLanguage(
+        CStartup::LanguageFor(arguments, QLocale::system().language() == QLocale::Japanese));
+
+    const QString programs = QApplication::applicationDirPath();
+    QSettings profile;
+    CStartup::WriteFolders(profile, programs);
+    CSettings settings(&profile, CSettings::IniPathIn(programs));
+    settings.Load();
+
+    CMessageBoxMessenger messenger;
+    CBoardInfo board;
+    const QString boardFolder =
+        CBoardChooser(CStartup::TargetFolder(programs), messenger).Choose(settings, board);
+    if (boardFolder.isEmpty())
+        return 1;
+    if (settings.GetClockSource() < 0)
+        settings.SetClockSource(board.GetSystemClock());
+    CStartup::WriteBoardFolder(profile, boardFolder);
+
+    CNoDialogs dialogs;
+    CMainFrame frame(board, settings, dialogs);
+    const QString layout = CStartup::LayoutArgument(arguments);
+    if (!layout.isEmpty() && !frame.OpenLayout(layout))
+        return 1;
+    frame.show();
+    if (!screenshot.isEmpty())
+        QTimer::singleShot(500, &frame, [&frame, screenshot] {
+            const bool saved = frame.grab().save(screenshot);
+            QApplication::exit(saved ? 0 : 1);
+        });
+    return QApplication::exec();
+}

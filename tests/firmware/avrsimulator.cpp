@@ -1,0 +1,474 @@
+#include "avrsimulator.h"
+
+#include "hd44780.h"
+
+#include <avr_adc.h>
+#include <avr_ioport.h>
+#include <avr_uart.h>
+#include <sim_avr.h>
+#include <sim_hex.h>
+
+#include <algorithm>
+#include <array>
+#include <cstdarg>
+#include <cstdio>
+#include <deque>
+#include <filesystem>
+#include <map>
+#include <mutex>
+
+namespace {
+
+// Data-space addresses of the ATmega328P's port and USART registers.
+constexpr std::uint16_t PinRegister[] = {0x29, 0x23, 0x26};  // PIND, PINB, PINC
+constexpr std::uint16_t DdrRegister[] = {0x2a, 0x24, 0x27};  // DDRD, DDRB, DDRC
+constexpr std::uint16_t PortRegister[] = {0x2b, 0x25, 0x28}; // PORTD, PORTB, PORTC
+constexpr char PortName[] = {'D', 'B', 'C'};
+constexpr std::uint16_t Ucsr0b = 0xc1;
+constexpr std::uint8_t Rxen0 = 1 << 4;
+
+constexpr int LcdRs = 8;  // PB0
+constexpr int LcdE = 9;   // PB1
+constexpr int LcdD4 = 4;  // PD4..PD7
+
+constexpr std::uint64_t UartFrameCycles = CAvrSimulator::ClockHz * 10 / CAvrSimulator::UartBaud;
+constexpr int AdcReferenceMv = 5000;
+
+// A header pin as the core knows it: the port (index into the tables above) and the bit.
+struct CPinPlace
+{
+    int Port;
+    int Bit;
+};
+
+CPinPlace PlaceOf(int pin)
+{
+    if (pin < 8)
+        return {0, pin};
+    if (pin < 14)
+        return {1, pin - 8};
+    return {2, pin - 14};
+}
+
+bool ValidPin(int pin)
+{
+    return pin >= 0 && pin < CAvrSimulator::PinCount;
+}
+
+} // namespace
+
+class CAvrSimulator::CImpl
+{
+public:
+    enum class EInput { Floating, Low, High };
+
+    struct CPinHook
+    {
+        CImpl* Impl;
+        int Pin;
+    };
+
+    ~CImpl() { Close(); }
+
+    void Close()
+    {
+        if (!m_avr)
+            return;
+        Registry(m_avr, nullptr, false);
+        avr_terminate(m_avr);
+        std::free(m_avr);
+        m_avr = nullptr;
+        m_running = false;
+    }
+
+    bool Load(const std::string& hexPath);
+    bool Run(std::uint64_t cycles);
+
+    bool IsOutput(int pin) const
+    {
+        const CPinPlace place = PlaceOf(pin);
+        return m_avr->data[DdrRegister[place.Port]] & (1 << place.Bit);
+    }
+
+    bool Fail(const std::string& text)
+    {
+        m_error = text;
+        if (!m_log.empty())
+            m_error += " (" + m_log + ")";
+        m_running = false;
+        return false;
+    }
+
+    // Driven inputs are the port's external state, which the core prefers to the pull-up
+    // whenever the firmware writes PORT or DDR: a driven pin never glitches to its pull-up.
+    // A floating pin gets the pull-up's level now, and the core's own pull-up later.
+    void ApplyInputs(int port)
+    {
+        avr_ioport_external_t external {};
+        external.name = PortName[port];
+        for (int pin = 0; pin < PinCount; ++pin) {
+            const CPinPlace place = PlaceOf(pin);
+            if (place.Port == port && m_inputs[pin] != EInput::Floating) {
+                external.mask |= 1u << place.Bit;
+                if (m_inputs[pin] == EInput::High)
+                    external.value |= 1u << place.Bit;
+            }
+        }
+        avr_ioctl(m_avr, AVR_IOCTL_IOPORT_SET_EXTERNAL(PortName[port]), &external);
+        for (int pin = 0; pin < PinCount; ++pin) {
+            const CPinPlace place = PlaceOf(pin);
+            if (place.Port != port || IsOutput(pin))
+                continue;
+            bool high = m_inputs[pin] == EInput::High;
+            if (m_inputs[pin] == EInput::Floating)
+                high = m_avr->data[PortRegister[port]] & (1 << place.Bit);
+            avr_raise_irq(m_pinIrq[pin], high ? 1 : 0);
+        }
+    }
+
+    void OnPin(int pin, std::uint32_t value)
+    {
+        if (!IsOutput(pin))
+            return;
+        const bool high = value & 1;
+        const bool wasHigh = m_traces[pin].Level();
+        m_traces[pin].Record(m_avr->cycle, high);
+        if (pin == LcdE && wasHigh && !high) {
+            std::uint8_t nibble = 0;
+            for (int bit = 0; bit < 4; ++bit)
+                nibble |= std::uint8_t(m_traces[LcdD4 + bit].Level() << bit);
+            m_lcd.Strobe(m_traces[LcdRs].Level(), nibble);
+        }
+    }
+
+    void ArmUart()
+    {
+        if (m_uartArmed || m_uartQueue.empty() || !m_avr)
+            return;
+        m_uartArmed = true;
+        avr_cycle_timer_register(m_avr, UartFrameCycles, &CImpl::UartFrame, this);
+    }
+
+    static avr_cycle_count_t UartFrame(avr_t* avr, avr_cycle_count_t when, void* param)
+    {
+        auto* self = static_cast<CImpl*>(param);
+        // A byte sent while the receiver is off would be lost; it waits for the next frame.
+        if (!self->m_uartQueue.empty() && (avr->data[Ucsr0b] & Rxen0)) {
+            avr_raise_irq(self->m_uartIn, self->m_uartQueue.front());
+            self->m_uartQueue.pop_front();
+        }
+        if (self->m_uartQueue.empty()) {
+            self->m_uartArmed = false;
+            return 0;
+        }
+        return when + UartFrameCycles;
+    }
+
+    static avr_cycle_count_t Wake(avr_t*, avr_cycle_count_t, void*) { return 0; }
+
+    static void Logger(avr_t* avr, const int level, const char* format, va_list args)
+    {
+        if (level > LOG_ERROR)
+            return;
+        char text[512];
+        std::vsnprintf(text, sizeof text, format, args);
+        // Colour escapes and line ends are dropped: the text ends up in a test's message.
+        std::string line;
+        for (const char* c = text; *c; ++c) {
+            if (*c == '\x1b') {
+                while (*c && *c != 'm')
+                    ++c;
+                if (!*c)
+                    break;
+            } else if (*c != '\n' && *c != '\r') {
+                line.push_back(*c);
+            }
+        }
+        if (CImpl* self = Registry(avr, nullptr, true))
+            self->m_log += (self->m_log.empty() ? "" : "; ") + line;
+    }
+
+    // The core's log calls name only the core; this finds its simulator. A null
+    // simulator removes the core.
+    static CImpl* Registry(const avr_t* avr, CImpl* set, bool lookup);
+
+    avr_t* m_avr = nullptr;
+    bool m_running = false;
+    std::string m_error;
+    std::string m_log;
+    std::array<CPinTrace, PinCount> m_traces;
+    std::array<EInput, PinCount> m_inputs {};
+    std::array<CPinHook, PinCount> m_pinHooks {};
+    std::array<avr_irq_t*, PinCount> m_pinIrq {};
+    std::array<avr_irq_t*, AnalogChannels> m_adcIrq {};
+    avr_irq_t* m_uartIn = nullptr;
+    std::deque<std::uint8_t> m_uartQueue;
+    bool m_uartArmed = false;
+    std::string m_uartOut;
+    CHd44780 m_lcd;
+};
+
+CAvrSimulator::CImpl* CAvrSimulator::CImpl::Registry(const avr_t* avr, CImpl* set, bool lookup)
+{
+    static std::mutex lock;
+    static std::map<const avr_t*, CImpl*> simulators;
+    const std::lock_guard<std::mutex> guard(lock);
+    if (lookup) {
+        const auto found = simulators.find(avr);
+        return found == simulators.end() ? nullptr : found->second;
+    }
+    if (set)
+        simulators[avr] = set;
+    else
+        simulators.erase(avr);
+    return nullptr;
+}
+
+bool CAvrSimulator::CImpl::Load(const std::string& hexPath)
+{
+    Close();
+    m_error.clear();
+    m_log.clear();
+    m_traces = {};
+    m_inputs.fill(EInput::Floating);
+    m_uartQueue.clear();
+    m_uartArmed = false;
+    m_uartOut.clear();
+    m_lcd = CHd44780();
+
+    std::error_code ignored;
+    if (!std::filesystem::is_regular_file(hexPath, ignored))
+        return Fail("no HEX file \"" + hexPath + "\"");
+    ihex_chunk_p chunks = nullptr;
+    const int count = read_ihex_chunks(hexPath.c_str(), &chunks);
+    if (count <= 0) {
+        free_ihex_chunks(chunks);
+        return Fail("\"" + hexPath + "\" does not read as Intel HEX");
+    }
+
+    static std::once_flag logger;
+    std::call_once(logger, [] { avr_global_logger_set(&CImpl::Logger); });
+    m_avr = avr_make_mcu_by_name("atmega328p");
+    if (!m_avr) {
+        free_ihex_chunks(chunks);
+        return Fail("the core has no atmega328p");
+    }
+    Registry(m_avr, this, false);
+    avr_init(m_avr);
+    m_avr->frequency = ClockHz;
+    m_avr->vcc = m_avr->avcc = m_avr->aref = AdcReferenceMv;
+    // Simulated time only: a sleeping core must not sleep the test too.
+    m_avr->sleep = [](avr_t*, avr_cycle_count_t) {};
+    m_avr->log = LOG_ERROR;
+
+    bool fits = true;
+    for (int i = 0; i < count; ++i) {
+        // The core aborts on code that does not fit, so it is refused here.
+        if (std::uint64_t(chunks[i].baseaddr) + chunks[i].size > std::uint64_t(m_avr->flashend) + 1) {
+            fits = false;
+            break;
+        }
+        avr_loadcode(m_avr, chunks[i].data, chunks[i].size, chunks[i].baseaddr);
+    }
+    free_ihex_chunks(chunks);
+    if (!fits)
+        return Fail("\"" + hexPath + "\" does not fit into the FLASH");
+    m_avr->codeend = m_avr->flashend;
+    m_avr->pc = 0;
+
+    for (int pin = 0; pin < PinCount; ++pin) {
+        const CPinPlace place = PlaceOf(pin);
+        m_pinHooks[pin] = {this, pin};
+        m_pinIrq[pin] = avr_io_getirq(m_avr, AVR_IOCTL_IOPORT_GETIRQ(PortName[place.Port]), place.Bit);
+        avr_irq_register_notify(
+            m_pinIrq[pin],
+            [](avr_irq_t*, std::uint32_t value, void* param) {
+                auto* hook = static_cast<CPinHook*>(param);
+                hook->Impl->OnPin(hook->Pin, value);
+            },
+            &m_pinHooks[pin]);
+    }
+    // No console echo and no real-time pause while the firmware polls its status.
+    std::uint32_t flags = 0;
+    avr_ioctl(m_avr, AVR_IOCTL_UART_GET_FLAGS('0'), &flags);
+    flags &= ~std::uint32_t(AVR_UART_FLAG_STDIO | AVR_UART_FLAG_POLL_SLEEP);
+    avr_ioctl(m_avr, AVR_IOCTL_UART_SET_FLAGS('0'), &flags);
+    m_uartIn = avr_io_getirq(m_avr, AVR_IOCTL_UART_GETIRQ('0'), UART_IRQ_INPUT);
+    avr_irq_register_notify(
+        avr_io_getirq(m_avr, AVR_IOCTL_UART_GETIRQ('0'), UART_IRQ_OUTPUT),
+        [](avr_irq_t*, std::uint32_t value, void* param) {
+            static_cast<CImpl*>(param)->m_uartOut.push_back(char(value & 0xff));
+        },
+        this);
+
+    for (int channel = 0; channel < AnalogChannels; ++channel)
+        m_adcIrq[channel] = avr_io_getirq(m_avr, AVR_IOCTL_ADC_GETIRQ, ADC_IRQ_ADC0 + channel);
+
+    if (!m_uartIn || !m_adcIrq[0] || !m_pinIrq[0])
+        return Fail("the core lacks a peripheral");
+    for (int port = 0; port < 3; ++port)
+        ApplyInputs(port);
+    m_running = true;
+    return true;
+}
+
+bool CAvrSimulator::CImpl::Run(std::uint64_t cycles)
+{
+    if (!m_running)
+        return false;
+    if (cycles == 0)
+        return true;
+    const avr_cycle_count_t target = m_avr->cycle + cycles;
+    // A sleeping core jumps to its next timer; this one keeps it from jumping past the end.
+    avr_cycle_timer_register(m_avr, cycles, &CImpl::Wake, this);
+    while (m_avr->cycle < target) {
+        const int state = avr_run(m_avr);
+        if (state == cpu_Done || state == cpu_Crashed || state == cpu_Stopped) {
+            avr_cycle_timer_cancel(m_avr, &CImpl::Wake, this);
+            char where[96];
+            std::snprintf(where, sizeof where, " at cycle %llu, PC 0x%04x",
+                          static_cast<unsigned long long>(m_avr->cycle), unsigned(m_avr->pc));
+            return Fail(std::string(state == cpu_Done ? "the core stopped" : "the core crashed") + where);
+        }
+    }
+    avr_cycle_timer_cancel(m_avr, &CImpl::Wake, this);
+    return true;
+}
+
+CAvrSimulator::CAvrSimulator() : m_impl(std::make_unique<CImpl>())
+{
+    m_impl->m_error = "no program loaded";
+}
+
+CAvrSimulator::~CAvrSimulator() = default;
+
+bool CAvrSimulator::Load(const std::string& hexPath)
+{
+    return m_impl->Load(hexPath);
+}
+
+const std::string& CAvrSimulator::Error() const
+{
+    return m_impl->m_error;
+}
+
+bool CAvrSimulator::IsRunning() const
+{
+    return m_impl->m_running;
+}
+
+bool CAvrSimulator::RunCycles(std::uint64_t cycles)
+{
+    return m_impl->Run(cycles);
+}
+
+bool CAvrSimulator::RunUntil(const std::function<bool()>& done, double limitMs)
+{
+    const std::uint64_t end = Cycle() + Ms(limitMs);
+    while (!done()) {
+        if (Cycle() >= end || !RunCycles(std::min(Us(100), end - Cycle())))
+            return false;
+    }
+    return true;
+}
+
+std::uint64_t CAvrSimulator::Cycle() const
+{
+    return m_impl->m_avr ? m_impl->m_avr->cycle : 0;
+}
+
+double CAvrSimulator::NowMs() const
+{
+    return double(Cycle()) / double(CyclesPerMs);
+}
+
+void CAvrSimulator::SetInput(int pin, bool high)
+{
+    if (!ValidPin(pin))
+        return;
+    m_impl->m_inputs[pin] = high ? CImpl::EInput::High : CImpl::EInput::Low;
+    if (m_impl->m_avr)
+        m_impl->ApplyInputs(PlaceOf(pin).Port);
+}
+
+void CAvrSimulator::FloatInput(int pin)
+{
+    if (!ValidPin(pin))
+        return;
+    m_impl->m_inputs[pin] = CImpl::EInput::Floating;
+    if (m_impl->m_avr)
+        m_impl->ApplyInputs(PlaceOf(pin).Port);
+}
+
+bool CAvrSimulator::Level(int pin) const
+{
+    if (!ValidPin(pin) || !m_impl->m_avr)
+        return false;
+    if (m_impl->IsOutput(pin))
+        return m_impl->m_traces[pin].Level();
+    const CPinPlace place = PlaceOf(pin);
+    return m_impl->m_avr->data[PinRegister[place.Port]] & (1 << place.Bit);
+}
+
+const CPinTrace& CAvrSimulator::Trace(int pin) const
+{
+    static const CPinTrace none;
+    return ValidPin(pin) ? m_impl->m_traces[pin] : none;
+}
+
+std::int64_t CAvrSimulator::LastChange(int pin) const
+{
+    const std::optional<std::uint64_t> last = Trace(pin).LastChange();
+    return last ? std::int64_t(*last) : -1;
+}
+
+int CAvrSimulator::Pulses(int pin, double fromMs, double toMs) const
+{
+    return Trace(pin).Pulses(Ms(fromMs), Ms(toMs));
+}
+
+double CAvrSimulator::Duty(int pin, double fromMs, double toMs) const
+{
+    return Trace(pin).Duty(Ms(fromMs), Ms(toMs));
+}
+
+double CAvrSimulator::Frequency(int pin, double fromMs, double toMs) const
+{
+    return Trace(pin).Frequency(Ms(fromMs), Ms(toMs), double(ClockHz));
+}
+
+void CAvrSimulator::SendUart(const std::string& bytes)
+{
+    m_impl->m_uartQueue.insert(m_impl->m_uartQueue.end(), bytes.begin(), bytes.end());
+    m_impl->ArmUart();
+}
+
+const std::string& CAvrSimulator::UartOutput() const
+{
+    return m_impl->m_uartOut;
+}
+
+void CAvrSimulator::ClearUartOutput()
+{
+    m_impl->m_uartOut.clear();
+}
+
+void CAvrSimulator::SetAnalogMillivolts(int channel, int millivolts)
+{
+    if (channel < 0 || channel >= AnalogChannels || !m_impl->m_avr)
+        return;
+    avr_raise_irq(m_impl->m_adcIrq[channel], std::uint32_t(std::clamp(millivolts, 0, AdcReferenceMv)));
+}
+
+void CAvrSimulator::SetAnalogReading(int channel, int reading)
+{
+    reading = std::clamp(reading, 0, 1023);
+    // The core converts as reading = mV * 1023 / reference; the smallest voltage that
+    // gives the reading is taken, rounded up.
+    SetAnalogMillivolts(channel, (reading * AdcReferenceMv + 1022) / 1023);
+}
+
+std::string CAvrSimulator::LcdLine(int line) const
+{
+    return m_impl->m_lcd.Line(line);
+}
