@@ -152,10 +152,16 @@ void CBoardInfo::ReadCpu(const QDomElement& cpu)
     }
 }
 
-const CPaletteEntry* CBoardInfo::FindEntry(const QString& keyword) const
+const CPaletteEntry* CBoardInfo::FindEntry(const QString& keyword, int bitmapId) const
 {
-    const CPaletteEntry* entry = m_inOutPalette.FindEntry(keyword);
-    return entry ? entry : m_partsPalette.FindEntry(keyword);
+    const CPaletteEntry* inOut = m_inOutPalette.FindEntry(keyword, bitmapId);
+    const CPaletteEntry* parts = m_partsPalette.FindEntry(keyword, bitmapId);
+    const auto exact = [bitmapId](const CPaletteEntry* e) {
+        return e && e->GetPrototype()->GetBitmapId() == bitmapId;
+    };
+    if (exact(inOut) || (inOut && !exact(parts)))
+        return inOut;
+    return parts;
 }
 
 QHash<int, int> CBoardInfo::UseLimits() const

@@ -55,8 +55,9 @@ class CBoardInfo
     const CPortEntry& GetPort(int row) const { return m_ports.GetEntry(row); }
     const CPortList& GetPorts() const { return m_ports; }
 
-    // The palette entry whose prototype has this keyword, the input/output palette first.
-    const CPaletteEntry* FindEntry(const QString& keyword) const;
+    // The palette entry whose prototype has this keyword, the input/output palette first;
+    // an entry whose picture is also bitmapId wins (each wire kind has an entry of its own).
+    const CPaletteEntry* FindEntry(const QString& keyword, int bitmapId = -1) const;
     // Use limit by panel type id (the prototype's BitmapId); entries without a limit are left
     // out. Types that share an id share their count, so the smallest of their limits holds.
     QHash<int, int> UseLimits() const;

@@ -83,11 +83,18 @@ const CPaletteEntry* CPaletteInfo::GetEntry(int page, int entry) const
     return &m_pages[page][entry];
 }
 
-const CPaletteEntry* CPaletteInfo::FindEntry(const QString& keyword) const
+const CPaletteEntry* CPaletteInfo::FindEntry(const QString& keyword, int bitmapId) const
 {
+    const CPaletteEntry* first = nullptr;
     for (const std::vector<CPaletteEntry>& page : m_pages)
-        for (const CPaletteEntry& entry : page)
-            if (entry.GetPrototype() && entry.GetPrototype()->GetTokens().value(0) == keyword)
+        for (const CPaletteEntry& entry : page) {
+            const CPanel* prototype = entry.GetPrototype();
+            if (!prototype || prototype->GetTokens().value(0) != keyword)
+                continue;
+            if (prototype->GetBitmapId() == bitmapId)
                 return &entry;
-    return nullptr;
+            if (!first)
+                first = &entry;
+        }
+    return first;
 }

@@ -26,8 +26,9 @@ class CPaletteInfo
     int GetEntryCount(int page) const;
     // Null out of range.
     const CPaletteEntry* GetEntry(int page, int entry) const;
-    // The first entry whose prototype's keyword is keyword, null when none.
-    const CPaletteEntry* FindEntry(const QString& keyword) const;
+    // The entry whose prototype has this keyword and, when one has, this picture too (a
+    // wire of the same kind); else the first with the keyword; null when none.
+    const CPaletteEntry* FindEntry(const QString& keyword, int bitmapId = -1) const;
 
   private:
     QStringList m_titles;

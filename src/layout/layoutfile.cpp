@@ -154,7 +154,7 @@ void CLayoutFile::ReadRecord(CPanelGrid& grid, const QString& line)
     std::unique_ptr<CPanel> panel = CPanelFactory::Create(record);
     if (!panel)
         return;
-    if (const CPaletteEntry* entry = m_board ? m_board->FindEntry(panel->GetTokens().value(0)) : nullptr;
+    if (const CPaletteEntry* entry = m_board ? m_board->FindEntry(panel->GetTokens().value(0), panel->GetBitmapId()) : nullptr;
         entry && entry->GetPrototype()) {
         // The board's entry gives ports, name and weight. The line was read already; with
         // the ports known the panel finds its port, and its name rebuilds the caption.

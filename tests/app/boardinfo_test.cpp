@@ -1,5 +1,6 @@
 // Reading a board folder: the board file, its faults, and the sample board shipped.
 #include "app/boardinfo.h"
+#include "panels/panelfactory.h"
 #include "panels/paneltest.h"
 #include "res/stringtable.h"
 #include "support/recordingmessenger.h"
@@ -290,7 +291,10 @@ TEST_P(SampleBoard, EveryEntryMakesItsPrototypeOnPortsTheBoardHas)
         SCOPED_TRACE(entry->GetType().toStdString());
         const CPanel* prototype = entry->GetPrototype();
         ASSERT_NE(prototype, nullptr) << "the factory does not know the type";
-        EXPECT_EQ(prototype->GetTokens().value(0), entry->GetType());
+        // A type may be a whole line ("LINE LR", "AND R"): its keyword names the panel.
+        EXPECT_EQ(prototype->GetTokens().value(0), CPanelFactory::Keyword(entry->GetType()));
+        // Wires and gates are offered in a kind they can be placed in, never as a "?".
+        EXPECT_NE(prototype->GetBitmapId(), CPanel::NoPanel);
         EXPECT_FALSE(prototype->GetName().isEmpty());
         const CPortList& ports = prototype->GetPortList();
         for (int i = 0; i < ports.GetCount(); ++i) {

@@ -172,6 +172,9 @@ std::vector<CLayoutCase> EveryFamily()
              .At(1, 5, "ON  \tR").At(2, 5, "7S4_\t7")
              .At(1, 6, "ON  \tR").WireToOutput(6, 2).Out(6, "DGO \tL,PB2"),
          {"q_seg_number(", "q_motor_two_phase", "Q_PIN_WRITE(10, !"}},
+        {"a buzzer on timer 1",
+         CLayoutText().At(1, 1, "ON  \tR").WireToOutput(1, 2).Out(1, "BUZZ\tPB1,2000,1000"),
+         {"q_wave_t1a(1, 7999, 4000)"}},
         {"four digits by bit",
          CLayoutText().At(1, 1, "ON  \tR").WireToOutput(1, 2).Out(1, "7SEG4\t\t;7SEG4_B")
              .At(1, 2, "ON  \tR").At(2, 2, "7S4_B\t15"),

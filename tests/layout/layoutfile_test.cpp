@@ -1,3 +1,4 @@
+#include "app/boardinfo.h"
 #include "layout/layoutfile.h"
 #include "layout/panelgrid.h"
 #include "panels/paneltest.h"
@@ -152,4 +153,17 @@ TEST_F(CLayoutFixture, FailedSaveSaysSoAndWritesNothing)
 
     EXPECT_FALSE(file.Save(grid, QString()));
     EXPECT_EQ(messenger.Texts.size(), 2); // no path: no message
+}
+
+TEST(LayoutFileOnBoard, EachWireKindTakesTheNameOfItsOwnEntry)
+{
+    CRecordingMessenger messenger;
+    CBoardInfo board;
+    ASSERT_TRUE(board.Read(QStringLiteral(QUILLON_BOARDS "/atmega328p"), QString(), messenger));
+    CPanelGrid grid(messenger);
+    CLayoutFile(&board, messenger).Read(grid, "0101:LINE\tLR\n0102:LINE\tUD\n0103:AND\tD\n");
+    EXPECT_EQ(grid.GetCell(1, 1)->GetPanel()->GetName(), "Wire (left-right)");
+    EXPECT_EQ(grid.GetCell(1, 2)->GetPanel()->GetName(), "Wire (up-down)");
+    // A turned gate has no entry of its own and takes its gate's.
+    EXPECT_EQ(grid.GetCell(1, 3)->GetPanel()->GetName(), "AND");
 }

@@ -10,12 +10,19 @@ constexpr long kClockSources[] = {16000000L};
 
 constexpr int kRxd = 0, kTxd = 1;
 
-bool IsOneOf(const QString& keyword, std::initializer_list<const char*> keywords)
+// Where a panel with a pin keeps its port.
+enum class EPortSource { None, Token1, Token2, FirstOfPalette };
+
+EPortSource SourceOf(const QString& keyword)
 {
-    for (const char* k : keywords)
-        if (keyword == QLatin1String(k))
-            return true;
-    return false;
+    static const QStringList token2{"KEY", "SW", "DGI", "LAMP", "DGO", "ANI", "PULS"};
+    // Their lines keep no port: the panel takes the first of its palette entry.
+    static const QStringList palette{"PWM", "UARI", "UARO", "SMOTO"};
+    if (token2.contains(keyword))
+        return EPortSource::Token2;
+    if (keyword == u"BUZZ")
+        return EPortSource::Token1;
+    return palette.contains(keyword) ? EPortSource::FirstOfPalette : EPortSource::None;
 }
 
 } // namespace
@@ -98,15 +105,16 @@ int CAvrBoard::AdcChannel(int header)
 
 QString CAvrBoard::PortOf(const CPanel& panel)
 {
-    const QString keyword = panel.GetTokens().value(0);
-    if (IsOneOf(keyword, {"KEY", "SW", "DGI", "LAMP", "DGO", "ANI", "PULS"}))
-        return panel.GetTokens().value(2);
-    if (keyword == u"BUZZ")
+    switch (SourceOf(panel.GetTokens().value(0))) {
+    case EPortSource::Token1:
         return panel.GetTokens().value(1);
-    // Their lines keep no port: the panel takes the first of its palette entry.
-    if (IsOneOf(keyword, {"PWM", "UARI", "UARO", "SMOTO"}))
+    case EPortSource::Token2:
+        return panel.GetTokens().value(2);
+    case EPortSource::FirstOfPalette:
         return panel.GetPortList().GetAt(0);
-    return QString();
+    default:
+        return QString();
+    }
 }
 
 std::optional<QList<int>> CAvrBoard::PinsOf(const CPanel& panel) const
@@ -116,11 +124,9 @@ std::optional<QList<int>> CAvrBoard::PinsOf(const CPanel& panel) const
         return LcdPins();
     if (keyword == u"7SEG" || keyword == u"7SEG4")
         return SegmentPins(panel.GetMode() >= 4);
-    const QString port = PortOf(panel);
-    if (port.isEmpty() && !IsOneOf(keyword, {"KEY", "SW", "DGI", "LAMP", "DGO", "ANI", "PULS",
-                                             "BUZZ", "PWM", "UARI", "UARO", "SMOTO"}))
+    if (SourceOf(keyword) == EPortSource::None)
         return QList<int>();
-    const int header = Header(port);
+    const int header = Header(PortOf(panel));
     if (header < 0)
         return std::nullopt;
     if ((keyword == u"UARI" && header != kRxd) || (keyword == u"UARO" && header != kTxd) ||

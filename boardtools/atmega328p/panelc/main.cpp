@@ -65,14 +65,12 @@ int main(int argc, char** argv)
     args.removeFirst();
     CPanelcArguments parsed;
     QString error;
-    if (!CPanelcArguments::Parse(args, parsed, error) || parsed.Columns != CPanelGrid::GetColumnCount() ||
-        parsed.Rows != CPanelGrid::GetRowCount()) {
-        std::fprintf(stderr, "quillon-panelc: %s\nusage: quillon-panelc LOCATION -o OUT -w WORK -x %d -y %d -cN\n",
-                     qPrintable(error.isEmpty() ? QStringLiteral("the grid is not %1 x %2")
-                                                      .arg(CPanelGrid::GetColumnCount())
-                                                      .arg(CPanelGrid::GetRowCount())
-                                                : error),
-                     CPanelGrid::GetColumnCount(), CPanelGrid::GetRowCount());
+    if (CPanelcArguments::Parse(args, parsed, error) &&
+        (parsed.Columns != CPanelGrid::GetColumnCount() || parsed.Rows != CPanelGrid::GetRowCount()))
+        error = QStringLiteral("the grid is %1 x %2").arg(CPanelGrid::GetColumnCount()).arg(CPanelGrid::GetRowCount());
+    if (!error.isEmpty()) {
+        std::fprintf(stderr, "quillon-panelc: %s\nusage: quillon-panelc LOCATION -o OUT -w WORK -x 16 -y 40 -cN\n",
+                     qPrintable(error));
         return ExitUsage;
     }
     const QString work = parsed.WorkFolder;

@@ -41,7 +41,7 @@ QString CString(const QByteArray& bytes)
 } // namespace
 
 CScanCode::CScanCode(const CPanelGrid& grid, const CNetlist& netlist, const CBoardInfo& board)
-    : m_grid(grid), m_netlist(netlist), m_pins(board)
+    : m_grid(grid), m_netlist(netlist), m_board(board)
 {
 }
 

@@ -28,7 +28,7 @@ public:
     CScanCode(const CPanelGrid& grid, const CNetlist& netlist, const CBoardInfo& board);
 
     const CPanelGrid& Grid() const { return m_grid; }
-    const CAvrBoard& Board() const { return m_pins; }
+    const CAvrBoard& Board() const { return m_board; }
     long Clock() const { return m_clock; }
     void SetClock(long clock) { m_clock = clock; }
 
@@ -58,7 +58,7 @@ private:
 
     const CPanelGrid& m_grid;
     const CNetlist& m_netlist;
-    CAvrBoard m_pins;
+    CAvrBoard m_board;
     long m_clock = 0;
     QString m_panelName;
     int m_panelIndex = -1;
