@@ -6,24 +6,12 @@
 #include "app/settings.h"
 #include "app/startup.h"
 #include "frame/mainframe.h"
-#include "panels/panel.h"
+#include "panels/paneldialogs.h"
 
 #include <QApplication>
 #include <QLocale>
 #include <QSettings>
 #include <QTimer>
-
-namespace {
-
-// Panels open no dialog until their families' dialogs are wired in; their double-click
-// then does nothing.
-class CNoDialogs : public IPropertyEditor
-{
-public:
-    bool Edit(CPanel&, EPanelDialog) override { return false; }
-};
-
-} // namespace
 
 int main(int argc, char* argv[])
 {
@@ -60,8 +48,9 @@ int main(int argc, char* argv[])
         settings.SetClockSource(board.GetSystemClock());
     CStartup::WriteBoardFolder(profile, boardFolder);
 
-    CNoDialogs dialogs;
+    CPanelDialogs dialogs;
     CMainFrame frame(board, settings, dialogs);
+    dialogs.SetParent(&frame);
     const QString layout = CStartup::LayoutArgument(arguments);
     if (!layout.isEmpty() && !frame.OpenLayout(layout))
         return 1;
