@@ -6,12 +6,29 @@
 #include "app/settings.h"
 #include "app/startup.h"
 #include "frame/mainframe.h"
+#include "layout/layoutview.h"
 #include "panels/paneldialogs.h"
 
 #include <QApplication>
 #include <QLocale>
 #include <QSettings>
 #include <QTimer>
+
+namespace {
+
+// Ends the program after the first paint of the widget it watches.
+class CQuitAfterPaint : public QObject
+{
+public:
+    bool eventFilter(QObject* watched, QEvent* event) override
+    {
+        if (event->type() == QEvent::Paint)
+            QTimer::singleShot(0, qApp, &QCoreApplication::quit);
+        return QObject::eventFilter(watched, event);
+    }
+};
+
+} // namespace
 
 int main(int argc, char* argv[])
 {
@@ -29,6 +46,9 @@ int main(int argc, char* argv[])
         screenshot = arguments[at + 1];
         arguments.remove(at, 2);
     }
+    // "--quit-after-paint" ends the program once the window has painted: the start-up
+    // benchmark times it.
+    const bool quitAfterPaint = arguments.removeAll(QStringLiteral("--quit-after-paint")) > 0;
     CStringTable::SetLanguage(
         CStartup::LanguageFor(arguments, QLocale::system().language() == QLocale::Japanese));
 
@@ -55,6 +75,9 @@ int main(int argc, char* argv[])
     if (!layout.isEmpty() && !frame.OpenLayout(layout))
         return 1;
     frame.show();
+    CQuitAfterPaint quitter;
+    if (quitAfterPaint)
+        frame.View().viewport()->installEventFilter(&quitter);
     if (!screenshot.isEmpty())
         QTimer::singleShot(500, &frame, [&frame, screenshot] {
             const bool saved = frame.grab().save(screenshot);

@@ -3,6 +3,7 @@
 #include "layoutgeometry.h"
 #include "panelgrid.h"
 #include "res/panelpainter.h"
+#include "res/picturecache.h"
 #include "res/stringtable.h"
 
 #include <QFont>
@@ -65,8 +66,13 @@ class CPass
             return;
         const QRect top = CLayoutGeometry::CellRect(column, row);
         const QRect whole(top.topLeft(), QSize(top.width(), top.height() * cell.GetHeight()));
-        if (Needed(whole))
+        if (!Needed(whole))
+            return;
+        // Paper gets vectors; the screen gets pictures drawn once and blitted.
+        if (m_options.Printing)
             CPanelPainter::DrawImage(m_painter, top.topLeft(), cell.GetImage());
+        else
+            CPictureCache::DrawImage(m_painter, top.topLeft(), cell.GetImage());
     }
 
     void SideColumn(int column)

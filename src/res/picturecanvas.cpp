@@ -2,6 +2,8 @@
 
 #include <QFont>
 #include <QFontMetricsF>
+#include <QHash>
+#include <QStaticText>
 #include <QPainter>
 #include <QtMath>
 
@@ -131,21 +133,73 @@ void CPictureCanvas::Line(QPointF from, QPointF to, qreal width)
     m_painter.drawLine(from, to);
 }
 
+namespace {
+
+QFont PictureFont(int pixelSize, bool bold)
+{
+    // Fonts are resolved once per size: looking a face up is what drawing texts cost most.
+    static QHash<int, QFont> fonts;
+    const int key = pixelSize * 2 + (bold ? 1 : 0);
+    auto it = fonts.find(key);
+    if (it == fonts.end()) {
+        QFont font;
+        font.setFamilies({QStringLiteral("DejaVu Sans Condensed"), QStringLiteral("Arial Narrow"),
+                          QStringLiteral("Arial"), QStringLiteral("Helvetica")});
+        font.setStyleHint(QFont::SansSerif);
+        font.setPixelSize(pixelSize);
+        font.setBold(bold);
+        it = fonts.insert(key, font);
+    }
+    return *it;
+}
+
+// A text shaped once: a layout repaints the same names and values again and again.
+struct CShapedText
+{
+    QStaticText Text;
+    QSizeF Size;
+};
+
+const CShapedText& Shaped(const QString& text, const QFont& font, qreal width)
+{
+    static QHash<QString, CShapedText> cache;
+    const QString key = text + QChar(0) + font.key() + QChar(0) + QString::number(width);
+    auto it = cache.find(key);
+    if (it == cache.end()) {
+        if (cache.size() > 4096)
+            cache.clear();
+        const QFontMetricsF metrics(font);
+        QStaticText shaped(metrics.horizontalAdvance(text) <= width
+                               ? text
+                               : metrics.elidedText(text, Qt::ElideRight, width));
+        shaped.setTextFormat(Qt::PlainText);
+        shaped.prepare(QTransform(), font);
+        it = cache.insert(key, {shaped, shaped.size()});
+    }
+    return *it;
+}
+
+} // namespace
+
 void CPictureCanvas::Text(const QRectF& rect, const QString& text, qreal pixelSize, int flags,
                           bool bold)
 {
     if (text.isEmpty())
         return;
-    QFont font;
-    font.setFamilies({QStringLiteral("DejaVu Sans Condensed"), QStringLiteral("Arial Narrow"),
-                      QStringLiteral("Arial"), QStringLiteral("Helvetica")});
-    font.setStyleHint(QFont::SansSerif);
-    font.setPixelSize(qMax(1, qRound(pixelSize)));
-    font.setBold(bold);
+    const QFont font = PictureFont(qMax(1, qRound(pixelSize)), bold);
     m_painter.setFont(font);
     m_painter.setPen(Ink());
-    const QString shown = QFontMetricsF(font).elidedText(text, Qt::ElideRight, rect.width());
-    m_painter.drawText(rect, flags | Qt::TextSingleLine, shown);
+    const CShapedText& shaped = Shaped(text, font, rect.width());
+    QPointF at = rect.topLeft();
+    if (flags & Qt::AlignHCenter)
+        at.rx() += (rect.width() - shaped.Size.width()) / 2;
+    else if (flags & Qt::AlignRight)
+        at.rx() += rect.width() - shaped.Size.width();
+    if (flags & Qt::AlignVCenter)
+        at.ry() += (rect.height() - shaped.Size.height()) / 2;
+    else if (flags & Qt::AlignBottom)
+        at.ry() += rect.height() - shaped.Size.height();
+    m_painter.drawStaticText(at, shaped.Text);
 }
 
 void CPictureCanvas::BarredText(const QRectF& rect, const QString& text, qreal pixelSize)
