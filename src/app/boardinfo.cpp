@@ -77,6 +77,8 @@ bool CBoardInfo::ReadBoardFile()
             m_network = 1;
         else if (tag == u"SYSTEMCLOCK")
             m_systemClock = LeadingInt(Attribute(child, "value"));
+        else if (tag == u"CLOCKSOURCE")
+            m_clockSources.append(Attribute(child, "name"));
     }
     return ok;
 }

@@ -33,6 +33,8 @@ class CBoardInfo
     // it when the ClockSource setting is negative, and the compiler gets it plus one as -c.
     int GetSystemClock() const { return m_systemClock; }
     bool HasNetwork() const { return m_network != 0; }
+    // The names of the board's clock sources, in index order; empty when the file lists none.
+    const QStringList& GetClockSources() const { return m_clockSources; }
 
     const QString& GetCompilerPanel() const { return m_compilerPanel; }
     const QString& GetCompilerDll() const { return m_compilerDll; }
@@ -87,4 +89,5 @@ class CBoardInfo
     QString m_partsFile;
     QString m_inOutFile;
     CPortList m_ports;
+    QStringList m_clockSources;
 };

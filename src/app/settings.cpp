@@ -55,6 +55,7 @@ struct CSettingKeys
         {"Settings/Target", "", &CSettings::m_target},
         {"Settings/Writer", "", &CSettings::m_writer},
         {"Settings/WriterOptions", "", &CSettings::m_writerOptions},
+        {"Settings/WritePort", "", &CSettings::m_writePort},
         {"Folders/Project", "Project", &CSettings::m_project},
     };
 

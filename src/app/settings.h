@@ -61,6 +61,10 @@ class CSettings
     void SetWriter(const QString& value) { m_writer = value; }
     const QString& GetWriterOptions() const { return m_writerOptions; }
     void SetWriterOptions(const QString& value) { m_writerOptions = value; }
+    // The board writer's serial device where ports have paths (/dev/ttyACM0); "" lets the
+    // writer find the board. Windows keeps the COM number in WriteCOM instead.
+    const QString& GetWritePort() const { return m_writePort; }
+    void SetWritePort(const QString& value) { m_writePort = value; }
 
     // Profile, section "Folders".
     const QString& GetProject() const { return m_project; }
@@ -88,6 +92,7 @@ class CSettings
     QString m_target;
     QString m_writer;
     QString m_writerOptions;
+    QString m_writePort;
     QString m_project;
     QString m_saveDir;
     QString m_workDir;

@@ -31,7 +31,12 @@ CBuildSettings CBuildSettings::From(const CSettings& settings, const CBoardInfo&
     build.WorkFolder = CBuildFolders::WorkFolder(programFolder, settings.GetWorkDir());
     build.OutputFolder = CBuildFolders::OutputFolder(programFolder, settings.GetProject(), build.WorkFolder);
     build.ClockSource = settings.GetClockSource() < 0 ? board.GetSystemClock() : settings.GetClockSource();
+#ifdef Q_OS_WIN
     build.Writer.Port = settings.GetWriteCOM() > 0 ? QString::number(settings.GetWriteCOM()) : QString();
+#else
+    // Serial devices have paths here; a COM number means nothing to the writer.
+    build.Writer.Port = settings.GetWritePort();
+#endif
     build.Writer.Wait = settings.GetWriteWait();
     build.Writer.Writer = settings.GetWriter();
     build.Writer.WriterOptions = settings.GetWriterOptions();

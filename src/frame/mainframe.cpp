@@ -3,9 +3,13 @@
 #include "app/boardinfo.h"
 #include "app/paletteentry.h"
 #include "app/settings.h"
+#include "app/startup.h"
+#include "app/targetdialog.h"
 #include "build/builddialog.h"
 #include "build/buildpipeline.h"
 #include "build/portfinder.h"
+#include "build/usedportdialog.h"
+#include "build/writeroptiondialog.h"
 #include "layout/layoutdocument.h"
 #include "layout/layoutgeometry.h"
 #include "layout/layoutpaintoptions.h"
@@ -14,6 +18,7 @@
 #include "layout/panelcell.h"
 #include "panelbar.h"
 #include "panels/panel.h"
+#include "panels/pwmdialog.h"
 #include "res/stringtable.h"
 
 #include <QApplication>
@@ -173,7 +178,7 @@ void CMainFrame::CreateActions()
     }
 
     QMenu* view = menuBar()->addMenu(Text(Ids::MenuView));
-    m_actions.insert(Ids::MenuViewAssignedPorts, view->addAction(Text(Ids::MenuViewAssignedPorts)));
+    AddAction(view, Ids::MenuViewAssignedPorts, {}, [this] { CUsedPortDialog::Run(m_document->Grid(), this); });
     QToolBar* tools = addToolBar(Text(Ids::MenuViewToolbar));
     tools->setObjectName("Toolbar");
     QAction* toolbar = tools->toggleViewAction();
@@ -189,8 +194,13 @@ void CMainFrame::CreateActions()
     AddAction(run, Ids::MenuRunBuild, {QKeySequence(Qt::Key_F7)}, [this] { RunBuild(); });
 
     QMenu* settingsMenu = menuBar()->addMenu(Text(Ids::MenuSettings));
-    m_actions.insert(Ids::MenuSettingsBoard, settingsMenu->addAction(Text(Ids::MenuSettingsBoard)));
-    m_actions.insert(Ids::MenuSettingsWriter, settingsMenu->addAction(Text(Ids::MenuSettingsWriter)));
+    AddAction(settingsMenu, Ids::MenuSettingsBoard, {}, [this] {
+        CTargetDialog::Run(m_board, m_settings,
+                           CStartup::TargetFolder(QCoreApplication::applicationDirPath()), m_messenger, this);
+    });
+    AddAction(settingsMenu, Ids::MenuSettingsWriter, {}, [this] { CWriterOptionDialog::Run(m_settings, this); });
+    // The PWM dialog's frequency range is the board's.
+    CPwmDialog::SetFrequencyLimits(m_board.GetPwmLowFreq(), m_board.GetPwmHighFreq());
 
     QMenu* help = menuBar()->addMenu(Text(Ids::MenuHelp));
     AddAction(help, Ids::MenuHelpManual, {QKeySequence::HelpContents}, [this] { HelpManual(); });
@@ -282,9 +292,9 @@ void CMainFrame::UpdateCommands()
     enable(Ids::MenuEditRotate, m_view->CanRotate());
     enable(Ids::MenuEditProperty, m_view->CanEditSelection());
     // Wired up with their dialogs.
-    enable(Ids::MenuViewAssignedPorts, false);
-    enable(Ids::MenuSettingsBoard, false);
-    enable(Ids::MenuSettingsWriter, false);
+    enable(Ids::MenuViewAssignedPorts, true);
+    enable(Ids::MenuSettingsBoard, true);
+    enable(Ids::MenuSettingsWriter, true);
 }
 
 bool CMainFrame::MayDiscard()

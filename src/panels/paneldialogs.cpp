@@ -1,11 +1,44 @@
 #include "paneldialogs.h"
 
+#include "panels/buzzerdialog.h"
+#include "panels/counterdialog.h"
+#include "panels/flipflopdialog.h"
+#include "panels/numberdialog.h"
+#include "panels/sevensegdialog.h"
+#include "panels/switchdialog.h"
+#include "panels/timedialog.h"
+#include "panels/timerdialog.h"
+#include "panels/lcddialog.h"
+#include "panels/pulsedialog.h"
+#include "panels/pwmdialog.h"
+#include "panels/serialindialog.h"
+#include "panels/serialoutdialog.h"
+#include "panels/stepmotordialog.h"
+#include "panels/stepmotoroutdialog.h"
+#include "panels/webindialog.h"
 #include "res/stringtable.h"
 
 // One line a family: its dialog's Run(panel, parent) answers true on OK.
 bool CPanelDialogs::Edit(CPanel& panel, EPanelDialog dialog)
 {
     switch (dialog) {
+    case EPanelDialog::StepMotor: return CStepMotorDialog::Run(panel, m_parent);
+    case EPanelDialog::StepMotorOut: return CStepMotorOutDialog::Run(panel, m_parent);
+    case EPanelDialog::SerialIn: return CSerialInDialog::Run(panel, m_parent);
+    case EPanelDialog::SerialOut: return CSerialOutDialog::Run(panel, m_parent);
+    case EPanelDialog::Pulse: return CPulseDialog::Run(panel, m_parent);
+    case EPanelDialog::Pwm: return CPwmDialog::Run(panel, m_parent);
+    case EPanelDialog::WebIn: return CWebInDialog::Run(panel, m_parent);
+    case EPanelDialog::Lcd: return CLcdDialog::Run(panel, m_parent);
+    case EPanelDialog::Switch: return CSwitchDialog::Run(panel, m_parent);
+    case EPanelDialog::FlipFlop: return CFlipFlopDialog::Run(panel, m_parent);
+    case EPanelDialog::Delay: return CTimeDialog::Run(panel, m_parent);
+    case EPanelDialog::Timer: return CTimerDialog::Run(panel, m_parent);
+    case EPanelDialog::Buzzer: return CBuzzerDialog::Run(panel, m_parent);
+    case EPanelDialog::Counter: return CCounterDialog::Run(panel, m_parent);
+    case EPanelDialog::SevenSeg: return CSevenSegDialog::Run(panel, m_parent);
+    case EPanelDialog::SerialBit: return CNumberDialog::Run(panel, CNumberDialogLogic::SerialBit, m_parent);
+    case EPanelDialog::Jump: return CNumberDialog::Run(panel, CNumberDialogLogic::Jump, m_parent);
     default:
         return false;
     }

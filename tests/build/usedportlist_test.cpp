@@ -1,0 +1,65 @@
+// The used port list: inputs then outputs, in row order, with their assigned ports.
+#include "build/usedportlist.h"
+#include "layout/panelcell.h"
+#include "layout/panelgrid.h"
+#include "panels/paneltest.h"
+#include "res/stringtable.h"
+#include "support/recordingmessenger.h"
+
+// Readable failures: gtest finds this beside the row's type.
+void PrintTo(const CUsedPortList::CRow& row, std::ostream* os)
+{
+    *os << QStringList{row.Io, row.Location, row.Type, row.Name, row.Assigned}.join(u'|').toStdString();
+}
+
+namespace {
+
+struct UsedPortList : testing::Test
+{
+    CRecordingMessenger messenger;
+    CPanelGrid grid{messenger};
+
+    void SetUp() override { CStringTable::SetLanguage(ELanguage::English); }
+
+    void Place(int column, int row, const QString& line, const QString& type, const QList<CPortEntry>& ports)
+    {
+        std::unique_ptr<CPanel> panel = CPanelFactory::Create(line);
+        ASSERT_TRUE(panel);
+        for (const CPortEntry& port : ports)
+            panel->PortList().Add(port);
+        panel->SetName(type);
+        panel->SetLine(line);
+        ASSERT_TRUE(grid.Place(column, row, std::make_unique<CPanelCell>(std::move(panel))));
+    }
+};
+
+TEST_F(UsedPortList, EmptyLayoutHasNoRows)
+{
+    EXPECT_TRUE(CUsedPortList::Rows(grid).isEmpty());
+}
+
+TEST_F(UsedPortList, InputsComeFirstThenOutputsEachInRowOrder)
+{
+    const QList<CPortEntry> pins{{"2", "PD2", "D2"}, {"13", "PB5", "D13"}};
+    Place(CPanelGrid::GetOutputColumn(), 2, "LAMP" TAB "H,PB5", "Lamp", pins);
+    Place(CPanelGrid::GetInputColumn(), 7, "KEY" TAB "H,PD2" TAB TAB ";Start", "Key", pins);
+    Place(CPanelGrid::GetInputColumn(), 3, "KEY" TAB "H,PX9", "Key", pins);
+    Place(3, 1, "AND", "AND", {});
+
+    const QList<CUsedPortList::CRow> expected{
+        {"IN", "3", "Key", "", ""},
+        {"IN", "7", "Key", "Start", "PD2(D2)"},
+        {"OUT", "2", "Lamp", "", "PB5(D13)"},
+    };
+    EXPECT_EQ(CUsedPortList::Rows(grid), expected);
+}
+
+TEST_F(UsedPortList, PanelWithoutPortTokenShowsItsListPort)
+{
+    Place(CPanelGrid::GetInputColumn(), 1, "UARI" TAB "B,2", "UART", {{"0", "PD0(RxD6)", ""}});
+    const QList<CUsedPortList::CRow> rows = CUsedPortList::Rows(grid);
+    ASSERT_EQ(rows.size(), 1);
+    EXPECT_EQ(rows[0].Assigned, "PD0(RxD6)");
+}
+
+} // namespace

@@ -1,0 +1,176 @@
+// The beginner's examples under examples/: each passes the layout check, builds to a HEX
+// file through the real pipeline and does in the simulator what its name promises.
+#include "firmwaretest.h"
+#include "layoutbuilder.h"
+
+#include <array>
+#include <cstdio>
+#include <sys/wait.h>
+
+namespace {
+
+constexpr int PD2 = 2, PD3 = 3, PD4 = 4, PB2 = 10, PB5 = 13;
+
+std::string ExamplePath(const std::string& name)
+{
+    return std::string(QUILLON_EXAMPLES_FOLDER) + "/" + name + ".loc";
+}
+
+#define LOAD_EXAMPLE(simulator, name)                                                      \
+    do {                                                                                   \
+        if (!QUILLON_HAVE_AVR_GCC)                                                         \
+            GTEST_SKIP() << "avr-gcc not found: examples cannot be built";                \
+        const std::string hex = BuildLayout(ExamplePath(name));                            \
+        ASSERT_FALSE(hex.empty()) << "the example " << (name) << " did not build";        \
+        ASSERT_TRUE((simulator).Load(hex)) << (simulator).Error();                        \
+    } while (false)
+
+void RunTo(CAvrSimulator& sim, double ms)
+{
+    ASSERT_GT(ms, sim.NowMs());
+    ASSERT_TRUE(sim.RunMs(ms - sim.NowMs())) << sim.Error();
+}
+
+void Press(CAvrSimulator& sim, int pin)
+{
+    sim.SetInput(pin, true);
+    ASSERT_TRUE(sim.RunMs(40));
+    sim.SetInput(pin, false);
+    ASSERT_TRUE(sim.RunMs(40));
+}
+
+} // namespace
+
+class ExampleCheck : public testing::TestWithParam<const char*>
+{
+};
+
+TEST_P(ExampleCheck, PassesTheLayoutCheckOnTheSampleBoard)
+{
+    const std::string command = std::string("\"") + QUILLON_CLI + "\" check \"" + ExamplePath(GetParam()) +
+                                "\" --board \"" + QUILLON_BOARD_FOLDER + "\" 2>&1";
+    FILE* pipe = popen(command.c_str(), "r");
+    ASSERT_NE(pipe, nullptr);
+    std::string report;
+    std::array<char, 256> buffer {};
+    while (fgets(buffer.data(), int(buffer.size()), pipe))
+        report += buffer.data();
+    const int status = pclose(pipe);
+    EXPECT_TRUE(WIFEXITED(status) && WEXITSTATUS(status) == 0) << report;
+}
+
+INSTANTIATE_TEST_SUITE_P(Example, ExampleCheck,
+                         testing::Values("blinker", "traffic-light", "latch", "counter-display", "serial-lamp",
+                                         "pushbutton-lamp"),
+                         [](const testing::TestParamInfo<const char*>& info) {
+                             std::string name = info.param;
+                             for (char& c : name)
+                                 if (c == '-')
+                                     c = '_';
+                             return name;
+                         });
+
+TEST(Example, BlinkerHasAOneSecondPeriod)
+{
+    CAvrSimulator sim;
+    LOAD_EXAMPLE(sim, "blinker");
+    ASSERT_TRUE(sim.RunMs(3100));
+    const auto& changes = sim.Trace(PB5).Changes();
+    ASSERT_GE(changes.size(), 6u);
+    EXPECT_TRUE(changes[0].High);
+    EXPECT_LT(changes[0].Cycle, CAvrSimulator::Ms(3));
+    for (std::size_t i = 1; i < changes.size(); ++i)
+        EXPECT_NEAR(double(changes[i].Cycle - changes[i - 1].Cycle) / CAvrSimulator::CyclesPerMs, 500.0, 0.5) << i;
+    EXPECT_NEAR(sim.Frequency(PB5, 0, 3100), 1.0, 0.002);
+}
+
+TEST(Example, TrafficLightRedGreenYellow)
+{
+    CAvrSimulator sim;
+    LOAD_EXAMPLE(sim, "traffic-light");
+    // Red 3 s, green 3 s, yellow 1 s; exactly one lamp on at any time.
+    ASSERT_TRUE(sim.RunMs(5));
+    EXPECT_TRUE(sim.Level(PD2));
+    for (int i = 0; i < 170; ++i) {
+        ASSERT_TRUE(sim.RunMs(100));
+        EXPECT_EQ(int(sim.Level(PD2)) + int(sim.Level(PD3)) + int(sim.Level(PD4)), 1) << sim.NowMs();
+    }
+    // The steady state from the second cycle: the on times of each lamp.
+    struct { int Pin; double OnMs; } const lamps[] = {{PD2, 3000}, {PD4, 3000}, {PD3, 1000}};
+    for (const auto& lamp : lamps) {
+        const auto& changes = sim.Trace(lamp.Pin).Changes();
+        int periods = 0;
+        for (std::size_t i = 1; i < changes.size(); ++i) {
+            if (changes[i].High || !changes[i - 1].High || changes[i - 1].Cycle < CAvrSimulator::Ms(7000))
+                continue;
+            EXPECT_NEAR(double(changes[i].Cycle - changes[i - 1].Cycle) / CAvrSimulator::CyclesPerMs, lamp.OnMs, 1.0)
+                << lamp.Pin;
+            ++periods;
+        }
+        EXPECT_GE(periods, 1) << lamp.Pin;
+        EXPECT_NEAR(sim.Duty(lamp.Pin, 7002, 14002), lamp.OnMs / 7000.0, 0.001) << lamp.Pin;
+    }
+}
+
+TEST(Example, LatchKeepsTheLampOnUntilStop)
+{
+    CAvrSimulator sim;
+    LOAD_EXAMPLE(sim, "latch");
+    sim.SetInput(PD2, false);
+    sim.SetInput(PD3, false);
+    RunTo(sim, 50);
+    EXPECT_FALSE(sim.Level(PB5));
+    Press(sim, PD2);
+    RunTo(sim, 600);
+    EXPECT_TRUE(sim.Level(PB5)) << "stays on after the start key is released";
+    Press(sim, PD3);
+    EXPECT_FALSE(sim.Level(PB5));
+    // A bounce shorter than the debounce time does not start it.
+    sim.SetInput(PD2, true);
+    ASSERT_TRUE(sim.RunMs(10));
+    sim.SetInput(PD2, false);
+    ASSERT_TRUE(sim.RunMs(50));
+    EXPECT_FALSE(sim.Level(PB5));
+}
+
+TEST(Example, CounterDisplayShowsPressesModuloTen)
+{
+    CAvrSimulator sim;
+    LOAD_EXAMPLE(sim, "counter-display");
+    constexpr int kFont[10] = {0x3F, 0x06, 0x5B, 0x4F, 0x66, 0x6D, 0x7D, 0x07, 0x7F, 0x6F};
+    auto segments = [&] {
+        int pattern = 0;
+        for (int segment = 0; segment < 8; ++segment)
+            if (sim.Level(PD2 + segment))
+                pattern |= 1 << segment;
+        return pattern;
+    };
+    sim.SetInput(PB2, false);
+    RunTo(sim, 30);
+    EXPECT_EQ(segments(), kFont[0]);
+    for (int presses = 1; presses <= 13; ++presses) {
+        Press(sim, PB2);
+        EXPECT_EQ(segments(), kFont[presses % 10]) << presses;
+    }
+}
+
+TEST(Example, SerialLampOnAndOff)
+{
+    CAvrSimulator sim;
+    LOAD_EXAMPLE(sim, "serial-lamp");
+    RunTo(sim, 10);
+    EXPECT_FALSE(sim.Level(PB5));
+    sim.SendUart("1");
+    RunTo(sim, 40);
+    EXPECT_TRUE(sim.Level(PB5));
+    sim.SendUart("x");
+    RunTo(sim, 70);
+    EXPECT_TRUE(sim.Level(PB5)) << "another byte changes nothing";
+    sim.SendUart("0");
+    RunTo(sim, 100);
+    EXPECT_FALSE(sim.Level(PB5));
+    sim.SendUart("10");
+    RunTo(sim, 150);
+    EXPECT_FALSE(sim.Level(PB5));
+    EXPECT_EQ(sim.Pulses(PB5, 100, 150), 1) << "on for the '1', off for the '0'";
+}
