@@ -25,9 +25,9 @@ struct CPipelineFixture : testing::Test
         messenger.Answers = {EAnswer::Cancel}; // the FLASH question
     }
 
-    bool Build(const CFakeBoardSpec& spec, const char* scenario, const QString& layout = "layouts/a.loc")
+    bool Build(const CFakeBoardDefinition& fake, const char* scenario, const QString& layout = "layouts/a.loc")
     {
-        EXPECT_TRUE(sandbox.ReadBoard(spec, board));
+        EXPECT_TRUE(sandbox.ReadBoard(fake, board));
         qputenv("QUILLON_FAKE_SCENARIO", scenario);
         CBuildPipeline pipeline(grid, board, settings, log, messenger, finder);
         pipeline.SetWriterPolling(3, 10);
@@ -82,24 +82,24 @@ TEST_F(CPipelineFixture, CrashingCompilerStopsTheBuild)
 
 TEST_F(CPipelineFixture, MissingCompilerIsACommandExecutionError)
 {
-    CFakeBoardSpec spec;
-    spec.Compiler = "nothere";
-    EXPECT_FALSE(Build(spec, "hex"));
+    CFakeBoardDefinition fake;
+    fake.Compiler = "nothere";
+    EXPECT_FALSE(Build(fake, "hex"));
     EXPECT_EQ(Tail(4), (QStringList{"Pass2...", "Command execution error.\n(nothere,2)", "",
                                     "The compilation stopped."}));
 
-    spec.Compiler.clear(); // the board folder itself cannot be run
+    fake.Compiler.clear(); // the board folder itself cannot be run
     log.Lines.clear();
-    EXPECT_FALSE(Build(spec, "hex"));
+    EXPECT_FALSE(Build(fake, "hex"));
     EXPECT_TRUE(log.Lines.value(log.Lines.size() - 3).startsWith("Command execution error.\n(,"));
 }
 
 TEST_F(CPipelineFixture, CommandListSkipsEmptyPositionsAndStopsAtAFailure)
 {
-    CFakeBoardSpec spec;
-    spec.Commands = {sandbox.Tool() + " --act ok", "", sandbox.Tool() + " --act print", sandbox.Tool() + " --act fail",
+    CFakeBoardDefinition fake;
+    fake.Commands = {sandbox.Tool() + " --act ok", "", sandbox.Tool() + " --act print", sandbox.Tool() + " --act fail",
                      sandbox.Tool() + " --act ok"};
-    EXPECT_FALSE(Build(spec, "hex"));
+    EXPECT_FALSE(Build(fake, "hex"));
     EXPECT_EQ(Tail(4), (QStringList{"Pass3...", "first line", "second line", "The compilation stopped."}));
     QStringList acted;
     for (const QString& line : sandbox.Recorded())
@@ -109,9 +109,9 @@ TEST_F(CPipelineFixture, CommandListSkipsEmptyPositionsAndStopsAtAFailure)
 
 TEST_F(CPipelineFixture, CommandThatCannotStartNamesItself)
 {
-    CFakeBoardSpec spec;
-    spec.Commands = {"no-such-program --x"};
-    EXPECT_FALSE(Build(spec, "hex"));
+    CFakeBoardDefinition fake;
+    fake.Commands = {"no-such-program --x"};
+    EXPECT_FALSE(Build(fake, "hex"));
     EXPECT_EQ(Tail(2), (QStringList{"Command execution error.\n(no-such-program --x,2)", "The compilation stopped."}));
 }
 
@@ -172,9 +172,9 @@ TEST_F(CPipelineFixture, OkStartsTheBoardWriterWithTheHexBesideTheLayout)
 {
     messenger.Answers = {EAnswer::Ok};
     settings.Writer.Port = "/dev/ttyACM0";
-    CFakeBoardSpec spec;
-    spec.WriterCommand = "faketool";
-    EXPECT_TRUE(Build(spec, "hex"));
+    CFakeBoardDefinition fake;
+    fake.WriterCommand = "faketool";
+    EXPECT_TRUE(Build(fake, "hex"));
     EXPECT_EQ(Tail(3), (QStringList{"The compilation terminated.", "The FLASH writing started.",
                                     "The FLASH writing terminated."}));
     EXPECT_EQ(sandbox.Recorded().value(1),

@@ -36,7 +36,7 @@ public:
 };
 
 // The parts of a board definition the build reads.
-struct CFakeBoardSpec
+struct CFakeBoardDefinition
 {
     QString Compiler = QStringLiteral("faketool");
     QStringList Commands = {}; // CMD1, CMD2, ... ; "" leaves a position out
@@ -90,23 +90,23 @@ public:
     }
 
     // Writes the board definition and reads it.
-    bool ReadBoard(const CFakeBoardSpec& spec, CBoardInfo& board) const
+    bool ReadBoard(const CFakeBoardDefinition& fake, CBoardInfo& board) const
     {
         QString commands;
-        for (int i = 0; i < spec.Commands.size(); ++i)
-            if (!spec.Commands[i].isEmpty())
-                commands += QStringLiteral("<CMD%1 var=\"%2\"/>").arg(i + 1).arg(spec.Commands[i].toHtmlEscaped());
-        const QString writer = spec.WriterCommand.isEmpty()
+        for (int i = 0; i < fake.Commands.size(); ++i)
+            if (!fake.Commands[i].isEmpty())
+                commands += QStringLiteral("<CMD%1 var=\"%2\"/>").arg(i + 1).arg(fake.Commands[i].toHtmlEscaped());
+        const QString writer = fake.WriterCommand.isEmpty()
                                    ? QString()
-                                   : QStringLiteral("<CMD var=\"%1\"/>").arg(spec.WriterCommand);
+                                   : QStringLiteral("<CMD var=\"%1\"/>").arg(fake.WriterCommand);
         const QString param =
-            spec.WriterParam.isEmpty() ? QString() : QStringLiteral("<PRM var=\"%1\"/>").arg(spec.WriterParam);
+            fake.WriterParam.isEmpty() ? QString() : QStringLiteral("<PRM var=\"%1\"/>").arg(fake.WriterParam);
         WriteFile("board/board_e.xml",
                   QStringLiteral("<Q><BOARD name=\"Fake\"><INTERFACE name=\"FakeSerial\"/>"
                                  "<COMPILER><PANEL var=\"%1\"/>%2</COMPILER><WRITER>%3%4</WRITER>"
                                  "<PALETTE><INOUT file=\"inout_e.xml\"/><PARTS file=\"parts_e.xml\"/></PALETTE>"
                                  "</BOARD></Q>")
-                      .arg(spec.Compiler, commands, writer, param)
+                      .arg(fake.Compiler, commands, writer, param)
                       .toUtf8());
         CRecordingMessenger messenger;
         return board.Read(BoardFolder(), QString(), messenger);

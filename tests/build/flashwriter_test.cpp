@@ -17,10 +17,10 @@ struct CWriterFixture : testing::Test
 
     QString Compose(const QString& writerCommand, const QString& param = QString())
     {
-        CFakeBoardSpec spec;
-        spec.WriterCommand = writerCommand;
-        spec.WriterParam = param;
-        EXPECT_TRUE(sandbox.ReadBoard(spec, board));
+        CFakeBoardDefinition fake;
+        fake.WriterCommand = writerCommand;
+        fake.WriterParam = param;
+        EXPECT_TRUE(sandbox.ReadBoard(fake, board));
         CFlashWriter writer(board, settings, finder, log);
         return writer.BoardCommand("/l/a.hex");
     }

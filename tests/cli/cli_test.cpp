@@ -131,10 +131,10 @@ struct CCliBuild : testing::Test
 
     void SetUp() override
     {
-        CFakeBoardSpec spec;
-        spec.WriterCommand = "faketool";
+        CFakeBoardDefinition fake;
+        fake.WriterCommand = "faketool";
         CBoardInfo board;
-        ASSERT_TRUE(sandbox.ReadBoard(spec, board));
+        ASSERT_TRUE(sandbox.ReadBoard(fake, board));
         layout = sandbox.Path("layouts/lamp.loc");
         QFile::copy(QStringLiteral(QUILLON_EXAMPLES "/pushbutton-lamp.loc"), layout);
     }
