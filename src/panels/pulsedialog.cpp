@@ -1,6 +1,7 @@
 #include "pulsedialog.h"
 
 #include "panels/paneldialogs.h"
+#include "panels/portcombo.h"
 #include "res/stringtable.h"
 
 #include <QButtonGroup>
@@ -18,10 +19,7 @@ CPulseDialog::CPulseDialog(const CPanel& panel, QWidget* parent)
     m_name = new QLineEdit(m_logic.Name, this);
     m_name->setObjectName("name");
     m_name->setCursorPosition(int(m_logic.Name.size()));
-    m_port = new QComboBox(this);
-    m_port->setObjectName("port");
-    m_port->addItems(m_logic.Ports);
-    m_port->setCurrentIndex(m_logic.Port);
+    m_port = new CPortCombo(panel.GetPortList(), m_logic.Port, this);
     m_level = new QComboBox(this);
     m_level->setObjectName("level");
     m_level->addItems(CPulseDialogLogic::Levels());

@@ -1,6 +1,7 @@
 #include "pwmdialog.h"
 
 #include "panels/paneldialogs.h"
+#include "panels/portcombo.h"
 #include "res/stringtable.h"
 
 #include <QComboBox>
@@ -31,10 +32,7 @@ CPwmDialog::CPwmDialog(const CPanel& panel, QWidget* parent)
     auto* name = new QLineEdit(CStringTable::Get(Ids::CantChange), this);
     name->setObjectName("name");
     name->setEnabled(false);
-    m_port = new QComboBox(this);
-    m_port->setObjectName("port");
-    m_port->addItems(m_logic.Ports);
-    m_port->setCurrentIndex(m_logic.Port);
+    m_port = new CPortCombo(panel.GetPortList(), m_logic.Port, this);
     AddRow(Ids::LblName, name);
     AddRow(Ids::LblAssignedPort, m_port);
 

@@ -1,6 +1,7 @@
 #include "serialindialog.h"
 
 #include "panels/paneldialogs.h"
+#include "panels/portcombo.h"
 #include "res/stringtable.h"
 
 #include <QButtonGroup>
@@ -19,10 +20,7 @@ CSerialInDialog::CSerialInDialog(const CPanel& panel, QWidget* parent)
     m_name->setObjectName("name");
     m_name->setMaxLength(100);
     m_name->setCursorPosition(int(m_logic.Name.size()));
-    m_port = new QComboBox(this);
-    m_port->setObjectName("port");
-    m_port->addItems(m_logic.Ports);
-    m_port->setCurrentIndex(m_logic.Port);
+    m_port = new CPortCombo(panel.GetPortList(), m_logic.Port, this);
     AddRow(Ids::LblName, m_name);
     AddRow(Ids::LblAssignedPort, m_port);
 

@@ -1,6 +1,7 @@
 #include "stepmotoroutdialog.h"
 
 #include "panels/paneldialogs.h"
+#include "panels/portcombo.h"
 #include "res/stringtable.h"
 
 #include <QComboBox>
@@ -12,10 +13,7 @@ CStepMotorOutDialog::CStepMotorOutDialog(const CPanel& panel, QWidget* parent)
     : CFormDialog(CPanelDialogs::TitleFor(panel), parent),
       m_logic(panel.GetTokens(), panel.GetPortList())
 {
-    m_port = new QComboBox(this);
-    m_port->setObjectName("port");
-    m_port->addItems(m_logic.Ports);
-    m_port->setCurrentIndex(m_logic.Port);
+    m_port = new CPortCombo(panel.GetPortList(), m_logic.Port, this);
     m_mode = new QComboBox(this);
     m_mode->setObjectName("mode");
     m_mode->addItems(CStepMotorOutDialogLogic::ModeTexts());
