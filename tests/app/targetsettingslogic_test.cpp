@@ -137,8 +137,9 @@ TEST_P(TargetAddress, ReadsDottedQuads)
     quint32 value = 12345;
     EXPECT_EQ(CTargetSettingsLogic::ReadAddress(GetParam().Text, value), GetParam().Ok);
     EXPECT_EQ(value, GetParam().Ok ? GetParam().Value : 12345u);
-    if (GetParam().Ok)
+    if (GetParam().Ok) {
         EXPECT_EQ(CTargetSettingsLogic::AddressText(value), QString(GetParam().Text).trimmed());
+    }
 }
 
 INSTANTIATE_TEST_SUITE_P(Cases, TargetAddress,
