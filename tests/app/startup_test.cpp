@@ -3,6 +3,7 @@
 #include "app/boardinfo.h"
 #include "app/settings.h"
 #include "app/startup.h"
+#include "support/boardfolder.h"
 #include "support/recordingmessenger.h"
 
 #include <gtest/gtest.h>
@@ -53,12 +54,8 @@ struct CChooserFixture : testing::Test
     {
         const QDir target(dir.filePath("TARGET"));
         QDir().mkpath(target.path());
-        for (const char* name : {"uno", "uno2"}) {
-            QDir().mkpath(target.filePath(name));
-            const QDir sample(QStringLiteral(QUILLON_BOARDS "/atmega328p"));
-            for (const QString& file : sample.entryList(QDir::Files))
-                QFile::copy(sample.filePath(file), target.filePath(QString::fromLatin1(name) + "/" + file));
-        }
+        for (const char* name : {"uno", "uno2"})
+            CopyBoardFiles(QStringLiteral(QUILLON_BOARDS "/atmega328p"), target.filePath(QString::fromLatin1(name)));
         QDir().mkpath(target.filePath("broken"));
         profile = std::make_unique<QSettings>(dir.filePath("p.ini"), QSettings::IniFormat);
     }

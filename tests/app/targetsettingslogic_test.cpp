@@ -1,6 +1,7 @@
 // The target board choice: candidates from the installed folders, a board's defaults on
 // choosing it, and what OK stores.
 #include "app/boardinfo.h"
+#include "support/boardfolder.h"
 #include "app/settings.h"
 #include "app/targetsettingslogic.h"
 #include "panels/paneltest.h"
@@ -25,18 +26,11 @@ struct TargetSettings : testing::Test
     std::unique_ptr<CSettings> settings;
     CBoardInfo uno;
 
-    static void CopyBoard(const QString& from, const QString& to)
-    {
-        QDir().mkpath(to);
-        for (const QString& name : QDir(from).entryList({"*.xml"}, QDir::Files))
-            QFile::copy(QDir(from).filePath(name), QDir(to).filePath(name));
-    }
-
     void SetUp() override
     {
         CStringTable::SetLanguage(ELanguage::English);
-        CopyBoard(QUILLON_BOARDS "/atmega328p", targets + "/uno");
-        CopyBoard(QUILLON_TEST_DATA "/boards/netboard", targets + "/net");
+        CopyBoardFiles(QUILLON_BOARDS "/atmega328p", targets + "/uno");
+        CopyBoardFiles(QUILLON_TEST_DATA "/boards/netboard", targets + "/net");
         QFile ini(dir.filePath(CSettings::kIniFileName));
         ASSERT_TRUE(ini.open(QIODevice::WriteOnly));
         ini.write("[Quillon]\nTarget1=uno\nTarget2=gone\nTarget3=net\n");

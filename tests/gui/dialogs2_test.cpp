@@ -1,6 +1,7 @@
 // The output and serial families' property dialogs, the target, writer and used port
 // dialogs, driven through real key and mouse input offscreen.
 #include "app/boardinfo.h"
+#include "support/boardfolder.h"
 #include "app/settings.h"
 #include "app/targetdialog.h"
 #include "build/flashwriterdialog.h"
@@ -402,18 +403,11 @@ struct TargetDialog : testing::Test
     std::unique_ptr<CSettings> settings;
     CRecordingMessenger messenger;
 
-    static void CopyBoard(const QString& from, const QString& to)
-    {
-        QDir().mkpath(to);
-        for (const QString& name : QDir(from).entryList({"*.xml"}, QDir::Files))
-            QFile::copy(QDir(from).filePath(name), QDir(to).filePath(name));
-    }
-
     void SetUp() override
     {
         CStringTable::SetLanguage(ELanguage::English);
-        CopyBoard(QUILLON_DIALOG_BOARDS "/atmega328p", targets + "/uno");
-        CopyBoard(QUILLON_DIALOG_TEST_DATA "/boards/netboard", targets + "/net");
+        CopyBoardFiles(QUILLON_DIALOG_BOARDS "/atmega328p", targets + "/uno");
+        CopyBoardFiles(QUILLON_DIALOG_TEST_DATA "/boards/netboard", targets + "/net");
         QFile ini(dir.filePath(CSettings::kIniFileName));
         ASSERT_TRUE(ini.open(QIODevice::WriteOnly));
         ini.write("[Quillon]\nTarget1=uno\nTarget2=net\n");
