@@ -1,6 +1,7 @@
 #include "boardchooser.h"
 
 #include "boardinfo.h"
+#include "folderpath.h"
 #include "messenger.h"
 #include "res/stringtable.h"
 #include "settings.h"
@@ -17,7 +18,7 @@ QString CBoardChooser::Choose(const CSettings& settings, CBoardInfo& board)
 {
     const QDir target(m_targetFolder);
     if (const QString saved = settings.GetTarget(); !saved.isEmpty()) {
-        if (TryFolder(target.filePath(saved), board))
+        if (TryBoard(saved, board))
             return target.filePath(saved);
     }
     if (settings.GetTargets().isEmpty()) {
@@ -25,9 +26,16 @@ QString CBoardChooser::Choose(const CSettings& settings, CBoardInfo& board)
         return QString();
     }
     for (const QString& candidate : settings.GetTargets())
-        if (TryFolder(target.filePath(candidate), board))
+        if (TryBoard(candidate, board))
             return target.filePath(candidate);
     return QString();
+}
+
+bool CBoardChooser::TryBoard(const QString& name, CBoardInfo& board)
+{
+    // A board is a folder of TARGET: a name that leads elsewhere (an absolute path, "..")
+    // is no board, whatever lies there.
+    return StaysInsideFolder(name) && TryFolder(QDir(m_targetFolder).filePath(name), board);
 }
 
 bool CBoardChooser::TryFolder(const QString& folder, CBoardInfo& board)

@@ -22,6 +22,9 @@ public:
     bool TryFolder(const QString& folder, CBoardInfo& board);
 
 private:
+    // Reads the board named by a saved or candidate name, a folder of TARGET.
+    bool TryBoard(const QString& name, CBoardInfo& board);
+
     QString m_targetFolder;
     IMessenger& m_messenger;
 };

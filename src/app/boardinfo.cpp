@@ -1,5 +1,6 @@
 #include "boardinfo.h"
 
+#include "folderpath.h"
 #include "panels/panel.h"
 #include "panels/panelvalues.h"
 #include "res/stringtable.h"
@@ -7,12 +8,14 @@
 #include <QDir>
 #include <QDomDocument>
 #include <QFile>
+#include <QProcess>
 
 namespace {
 
 // CMDn numbers start at 1. Zero, negative numbers, anything not a number and numbers beyond
-// this bound are refused: a typo must not grow the command list to millions of entries.
-constexpr int kMaxCommandNumber = 999;
+// this bound are refused: the list keeps only the positions a file names, but a number this
+// large is a typo, not a plan.
+constexpr int kMaxCommandNumber = 1000000;
 
 QString Attribute(const QDomElement& element, const char* name)
 {
@@ -32,42 +35,58 @@ int CommandPosition(const QString& suffix)
 bool CBoardInfo::Read(const QString& folder, const QString&, IMessenger& messenger)
 {
     *this = CBoardInfo();
-    m_folder = folder;
+    m_folder = QDir(folder).absolutePath();
     if (!ReadBoardFile())
         return false;
-    const QDir dir(folder);
+    const QDir dir(m_folder);
+    // The palettes are named by the board file: they must not lead out of the board folder.
+    for (const QString* palette : {&m_inOutFile, &m_partsFile})
+        if (!StaysInsideFolder(*palette))
+            return Fail(CStringTable::Format(Ids::BoardFileOutside, {m_folder, *palette}));
     // The input/output palette comes first; when it fails the process palette is not read.
     return m_inOutPalette.Read(dir.filePath(m_inOutFile), messenger, m_ports) &&
            m_partsPalette.Read(dir.filePath(m_partsFile), messenger, m_ports);
 }
 
+bool CBoardInfo::Fail(const QString& error)
+{
+    m_error = error;
+    return false;
+}
+
 bool CBoardInfo::ReadBoardFile()
 {
     const bool english = CStringTable::GetLanguage() == ELanguage::English;
-    QFile file(QDir(m_folder).filePath(english ? QStringLiteral("board_e.xml")
-                                               : QStringLiteral("board.xml")));
+    const QString path = QDir(m_folder).filePath(english ? QStringLiteral("board_e.xml")
+                                                         : QStringLiteral("board.xml"));
+    QFile file(path);
+    if (!file.open(QIODevice::ReadOnly))
+        return Fail(CStringTable::Format(Ids::BoardFileUnreadable, {path, file.errorString()}));
     QDomDocument document;
-    if (!file.open(QIODevice::ReadOnly) || !document.setContent(&file))
-        return false;
+    QString xmlError;
+    int line = 0;
+    int column = 0;
+    if (!document.setContent(&file, &xmlError, &line, &column))
+        return Fail(CStringTable::Format(Ids::BoardXmlError, {path, line, column, xmlError}));
 
     // BOARD must be the very first node inside the document element; not even a comment
     // may stand before it.
     const QDomNode first = document.documentElement().firstChild();
     if (!first.isElement() || first.nodeName() != u"BOARD")
-        return false;
+        return Fail(CStringTable::Format(Ids::BoardNoBoardElement, {path}));
     const QDomElement board = first.toElement();
     m_boardName = Attribute(board, "name");
 
-    bool ok = true;
     const QDomNodeList children = board.childNodes();
     for (int i = 0; i < children.size(); ++i) {
         const QDomElement child = children.item(i).toElement();
         const QString tag = child.tagName();
-        if (tag == u"INTERFACE")
+        if (tag == u"INTERFACE") {
             m_interfaceName = Attribute(child, "name");
-        else if (tag == u"COMPILER")
-            ReadCompiler(child, ok);
-        else if (tag == u"WRITER")
+        } else if (tag == u"COMPILER") {
+            if (const QString bad = ReadCompiler(child); !bad.isEmpty())
+                return Fail(CStringTable::Format(Ids::BoardCommandNumber, {path, bad, kMaxCommandNumber}));
+        } else if (tag == u"WRITER")
             ReadWriter(child);
         else if (tag == u"PALETTE")
             ReadPalette(child);
@@ -80,10 +99,10 @@ bool CBoardInfo::ReadBoardFile()
         else if (tag == u"CLOCKSOURCE")
             m_clockSources.append(Attribute(child, "name"));
     }
-    return ok;
+    return true;
 }
 
-void CBoardInfo::ReadCompiler(const QDomElement& compiler, bool& ok)
+QString CBoardInfo::ReadCompiler(const QDomElement& compiler)
 {
     const QDomNodeList children = compiler.childNodes();
     for (int i = 0; i < children.size(); ++i) {
@@ -96,20 +115,19 @@ void CBoardInfo::ReadCompiler(const QDomElement& compiler, bool& ok)
             m_compilerPanel = Attribute(child, "var");
         } else if (tag.startsWith(u"CMD")) {
             const QString command = Attribute(child, "var");
-            if (tag.size() == 3) {
-                m_commands.append(command);
-                continue;
+            const int position = tag.size() == 3 ? GetCommandCount() : CommandPosition(tag.mid(3));
+            if (position < 0)
+                return tag;
+            // An empty command leaves its position out, as a skipped number does.
+            m_commands.remove(position);
+            m_commandLines.remove(position);
+            if (!command.isEmpty()) {
+                m_commands.insert(position, command);
+                m_commandLines.insert(position, CCommandLine::Split(command));
             }
-            const int position = CommandPosition(tag.mid(3));
-            if (position < 0) {
-                ok = false;
-                continue;
-            }
-            while (m_commands.size() <= position)
-                m_commands.append(QString());
-            m_commands[position] = command;
         }
     }
+    return QString();
 }
 
 void CBoardInfo::ReadWriter(const QDomElement& writer)
@@ -125,6 +143,10 @@ void CBoardInfo::ReadWriter(const QDomElement& writer)
         else if (tag == u"PRM")
             m_writerParam = Attribute(child, "var");
     }
+    m_writerCommandLine = CCommandLine::Split(m_writerCommand);
+    if (!m_writerCommandLine.IsEmpty())
+        m_writerCommandLine.Program = QDir(m_folder).filePath(m_writerCommandLine.Program);
+    m_writerParamArguments = QProcess::splitCommand(m_writerParam);
 }
 
 void CBoardInfo::ReadPalette(const QDomElement& palette)

@@ -1,9 +1,11 @@
 #pragma once
 
+#include "build/commandline.h"
 #include "paletteinfo.h"
 #include "panels/portlist.h"
 
 #include <QHash>
+#include <QMap>
 #include <QString>
 #include <QStringList>
 
@@ -18,10 +20,14 @@ class CBoardInfo
   public:
     // Reads "board_e.xml" (English) or "board.xml" (Japanese) in folder, then the
     // input/output palette and then the process palette it names. ignored is not used.
-    // Faults in the board file fail silently; a faulty palette is reported once through
-    // messenger. Each read starts from an empty description, so two boards never mix.
+    // Faults in the board file are not shown (start-up goes on to the next board) but kept
+    // in ErrorString(); a faulty palette is reported once through messenger. Each read
+    // starts from an empty description, so two boards never mix.
     bool Read(const QString& folder, const QString& ignored, IMessenger& messenger);
+    // Why the last Read failed, naming the file and, for XML faults, the line.
+    const QString& ErrorString() const { return m_error; }
 
+    // Always an absolute path: the board's tools run in the work folder.
     QString GetFolder() const { return m_folder; }
     const QString& GetBoardName() const { return m_boardName; }
     // Matched exactly against the description the board's USB serial adapter announces.
@@ -39,13 +45,21 @@ class CBoardInfo
     const QString& GetCompilerPanel() const { return m_compilerPanel; }
     const QString& GetCompilerDll() const { return m_compilerDll; }
     const QString& GetCompilerProc() const { return m_compilerProc; }
-    int GetCommandCount() const { return int(m_commands.size()); }
+    // One past the highest command position; numbered commands may leave positions out.
+    int GetCommandCount() const { return m_commands.isEmpty() ? 0 : m_commands.lastKey() + 1; }
     // "" for a position the file skipped and out of range.
     QString GetCommand(int position) const { return m_commands.value(position); }
-    const QStringList& GetCommands() const { return m_commands; }
+    // The commands in position order, skipped positions left out.
+    QStringList GetCommands() const { return m_commands.values(); }
+    // The same, each split into its program and arguments once, when the file was read.
+    QList<CCommandLine> GetCommandLines() const { return m_commandLines.values(); }
 
     const QString& GetWriterCommand() const { return m_writerCommand; }
     const QString& GetWriterParam() const { return m_writerParam; }
+    // The writer template and its parameter template, split once when the file was read;
+    // the writer's program is a path inside the board folder.
+    const CCommandLine& GetWriterCommandLine() const { return m_writerCommandLine; }
+    const QStringList& GetWriterParamArguments() const { return m_writerParamArguments; }
 
     const QString& GetInOutFile() const { return m_inOutFile; }
     const QString& GetPartsFile() const { return m_partsFile; }
@@ -66,7 +80,9 @@ class CBoardInfo
 
   private:
     bool ReadBoardFile();
-    void ReadCompiler(const QDomElement& compiler, bool& ok);
+    bool Fail(const QString& error);
+    // The tag of a numbered command whose number is out of range, "" when all read.
+    QString ReadCompiler(const QDomElement& compiler);
     void ReadWriter(const QDomElement& writer);
     void ReadPalette(const QDomElement& palette);
     void ReadCpu(const QDomElement& cpu);
@@ -81,7 +97,11 @@ class CBoardInfo
     QString m_interfaceName;
     QString m_boardName;
     QString m_writerCommand;
-    QStringList m_commands;
+    CCommandLine m_writerCommandLine;
+    QStringList m_writerParamArguments;
+    QMap<int, QString> m_commands;
+    QMap<int, CCommandLine> m_commandLines;
+    QString m_error;
     QString m_compilerPanel;
     QString m_compilerDll;
     QString m_compilerProc;

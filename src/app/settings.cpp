@@ -1,5 +1,6 @@
 #include "settings.h"
 
+#include "inifile.h"
 #include "panels/panelvalues.h"
 
 #include <QDir>
@@ -59,12 +60,14 @@ struct CSettingKeys
         {"Folders/Project", "Project", &CSettings::m_project},
     };
 
-    static constexpr const char* kTargetKey = "Quillon/Target%1";
+    // The initialisation file's one section.
+    static constexpr const char* kIniSection = "Quillon";
+    static constexpr const char* kTargetKey = "Target%1";
     static constexpr int kTargetBuffer = 1024;
     static constexpr CIniText kIniTexts[] = {
-        {"Quillon/SaveDir", "save", 260, &CSettings::m_saveDir},
-        {"Quillon/WorkDir", "work", 260, &CSettings::m_workDir},
-        {"Quillon/Man", "", 260, &CSettings::m_man},
+        {"SaveDir", "save", 260, &CSettings::m_saveDir},
+        {"WorkDir", "work", 260, &CSettings::m_workDir},
+        {"Man", "", 260, &CSettings::m_man},
     };
 
     static void SetDefaults(CSettings& s)
@@ -82,8 +85,8 @@ struct CSettingKeys
 
 namespace {
 
-// An INI value with a comma comes back as a list; the file means the text as written.
-QString IniText(const QVariant& value)
+// A profile value with a comma comes back as a list; the file means the text as written.
+QString ProfileText(const QVariant& value)
 {
     return value.typeId() == QMetaType::QStringList ? value.toStringList().join(u',')
                                                     : value.toString();
@@ -93,10 +96,23 @@ QString IniText(const QVariant& value)
 // signed both come back whole; anything else is read as a lenient decimal.
 quint32 ProfileBits(const QVariant& value)
 {
-    const QString text = IniText(value).trimmed();
+    const QString text = ProfileText(value).trimmed();
     bool ok = false;
     const qlonglong whole = text.toLongLong(&ok);
     return ok ? quint32(whole) : quint32(LeadingInt(text));
+}
+
+// The value under key, its name matched without regard to case when the profile was edited
+// by hand, as a Windows profile matches it.
+QVariant ProfileValue(const QSettings& profile, const char* key)
+{
+    const QString name = QString::fromLatin1(key);
+    if (QVariant value = profile.value(name); value.isValid())
+        return value;
+    for (const QString& other : profile.allKeys())
+        if (other.compare(name, Qt::CaseInsensitive) == 0)
+            return profile.value(other);
+    return QVariant();
 }
 
 } // namespace
@@ -124,38 +140,38 @@ void CSettings::LoadProfile()
     if (!m_profile)
         return;
     for (const CSettingKeys::CInt& k : CSettingKeys::kInts) {
-        const QVariant value = m_profile->value(QString::fromLatin1(k.Key));
+        const QVariant value = ProfileValue(*m_profile, k.Key);
         if (value.isValid())
             this->*k.Field = int(ProfileBits(value));
     }
     for (const CSettingKeys::CAddress& k : CSettingKeys::kAddresses) {
-        const QVariant value = m_profile->value(QString::fromLatin1(k.Key));
+        const QVariant value = ProfileValue(*m_profile, k.Key);
         if (value.isValid())
             this->*k.Field = ProfileBits(value);
     }
     for (const CSettingKeys::CText& k : CSettingKeys::kTexts) {
-        const QVariant value = m_profile->value(QString::fromLatin1(k.Key));
+        const QVariant value = ProfileValue(*m_profile, k.Key);
         if (value.isValid())
-            this->*k.Field = IniText(value);
+            this->*k.Field = ProfileText(value);
     }
 }
 
 void CSettings::LoadIni()
 {
-    const QSettings ini(m_iniPath, QSettings::IniFormat);
+    const CIniFile ini(m_iniPath);
+    const QString section = QString::fromLatin1(CSettingKeys::kIniSection);
     m_targets.clear();
     for (int n = 1;; ++n) {
-        const QString target =
-            IniText(ini.value(QString::fromLatin1(CSettingKeys::kTargetKey).arg(n)))
-                .left(CSettingKeys::kTargetBuffer - 1);
+        const QString target = ini.Value(section, QString::fromLatin1(CSettingKeys::kTargetKey).arg(n))
+                                   .left(CSettingKeys::kTargetBuffer - 1);
         if (target.isEmpty())
             break;
         m_targets.append(target);
     }
     for (const CSettingKeys::CIniText& k : CSettingKeys::kIniTexts) {
-        const QVariant value = ini.value(QString::fromLatin1(k.Key));
-        if (value.isValid())
-            this->*k.Field = IniText(value).left(k.Buffer - 1);
+        const QString key = QString::fromLatin1(k.Key);
+        if (ini.Contains(section, key))
+            this->*k.Field = ini.Value(section, key).left(k.Buffer - 1);
     }
 }
 

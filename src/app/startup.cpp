@@ -7,7 +7,8 @@
 
 ELanguage CStartup::LanguageFor(const QStringList& arguments, bool userIsJapanese)
 {
-    const QString line = arguments.join(u' ');
+    // The program's own path is no switch: a folder named "tools-eng" must not choose.
+    const QString line = arguments.mid(1).join(u' ');
     if (line.contains(QStringLiteral("-eng")))
         return ELanguage::English;
     if (line.contains(QStringLiteral("-jpn")))

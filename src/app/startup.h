@@ -11,8 +11,8 @@ class QSettings;
 class CStartup
 {
 public:
-    // Japanese when the user's language is, then "-eng" or "-jpn" anywhere in the command
-    // line decides, "-eng" winning when both stand there.
+    // Japanese when the user's language is, then "-eng" or "-jpn" anywhere in the arguments
+    // after the program's path decides, "-eng" winning when both stand there.
     static ELanguage LanguageFor(const QStringList& arguments, bool userIsJapanese);
     // The "Folders" values other programs find the installation by, written at every start.
     static void WriteFolders(QSettings& profile, const QString& programFolder);

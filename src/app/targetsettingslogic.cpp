@@ -1,6 +1,7 @@
 #include "targetsettingslogic.h"
 
 #include "app/boardinfo.h"
+#include "app/folderpath.h"
 #include "app/messenger.h"
 #include "app/settings.h"
 
@@ -36,7 +37,7 @@ CTargetSettingsLogic::CTargetSettingsLogic(const CSettings& settings, const QStr
     for (int i = 0; i < names.size(); ++i) {
         const QString folder = QDir(targetFolder).filePath(names[i]);
         CBoardInfo board;
-        if (!QFileInfo(folder).isDir() || !ReadBoard(folder, board))
+        if (!StaysInsideFolder(names[i]) || !QFileInfo(folder).isDir() || !ReadBoard(folder, board))
             continue;
         m_candidates.append({names[i], board.GetBoardName(), i});
         if (names[i] == m_currentName) {

@@ -1,5 +1,6 @@
 #include "builddialog.h"
 
+#include "app/messenger.h"
 #include "res/stringtable.h"
 
 #include <QApplication>
@@ -11,8 +12,8 @@
 #include <QTimer>
 #include <QVBoxLayout>
 
-CBuildDialog::CBuildDialog(CBuild build, QWidget* parent)
-    : QDialog(parent), m_build(std::move(build)), m_log(new QPlainTextEdit(this))
+CBuildDialog::CBuildDialog(CBuild build, IMessenger& messenger, QWidget* parent)
+    : QDialog(parent), m_build(std::move(build)), m_messenger(messenger), m_log(new QPlainTextEdit(this))
 {
     setWindowTitle(CStringTable::Get(Ids::DlgBuildTitle));
     m_log->setReadOnly(true);
@@ -55,12 +56,28 @@ void CBuildDialog::ShowNow()
     QCoreApplication::processEvents(QEventLoop::ExcludeUserInputEvents);
 }
 
+void CBuildDialog::reject()
+{
+    if (!m_building) {
+        QDialog::reject();
+        return;
+    }
+    // The programs run inside this dialog's event loop: hiding it now would let the main
+    // window start a second build into the same work folder.
+    if (!m_stop.IsRequested() &&
+        m_messenger.Message(CStringTable::Get(Ids::MsgStopBuild), EButtons::YesNo, EIcon::Question) ==
+            EAnswer::Yes)
+        m_stop.Request();
+}
+
 void CBuildDialog::RunBuild()
 {
     m_ok->setEnabled(false);
+    m_building = true;
     QApplication::setOverrideCursor(Qt::WaitCursor);
-    m_succeeded = m_build && m_build(*this);
+    m_succeeded = m_build && m_build(*this, m_stop);
     QApplication::restoreOverrideCursor();
+    m_building = false;
     m_ok->setEnabled(true);
     m_ok->setFocus();
 }

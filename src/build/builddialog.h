@@ -1,6 +1,7 @@
 #pragma once
 
 #include "buildlog.h"
+#include "processrunner.h"
 
 #include <QDialog>
 
@@ -9,28 +10,38 @@
 class QPlainTextEdit;
 class QPushButton;
 
+class IMessenger;
+
 // The modal "Build" dialog: a read-only log that grows line by line while the build runs.
 // The build starts 100 ms after the dialog shows; OK is disabled until it ends, and the
-// dialog stays open so the log can be read.
+// dialog stays open so the log can be read. While the build runs, Escape or closing the
+// window asks whether to stop it; the dialog itself stays until the build has ended, so no
+// second build can start beside it.
 class CBuildDialog : public QDialog, public IBuildLog
 {
     Q_OBJECT
 
 public:
-    using CBuild = std::function<bool(IBuildLog& log)>;
-    CBuildDialog(CBuild build, QWidget* parent = nullptr);
+    using CBuild = std::function<bool(IBuildLog& log, CStopRequest& stop)>;
+    CBuildDialog(CBuild build, IMessenger& messenger, QWidget* parent = nullptr);
 
     void Start(const QString& line) override;
     void Append(const QString& line) override;
 
     QString LogText() const;
     bool Succeeded() const { return m_succeeded; }
+    bool IsBuilding() const { return m_building; }
+
+    void reject() override;
 
 private:
     void RunBuild();
     void ShowNow();
 
     CBuild m_build;
+    IMessenger& m_messenger;
+    CStopRequest m_stop;
+    bool m_building = false;
     QPlainTextEdit* m_log;
     QPushButton* m_ok;
     bool m_succeeded = false;

@@ -15,15 +15,6 @@
 #include <QFile>
 #include <QFileInfo>
 
-namespace {
-
-QString Quoted(const QString& text)
-{
-    return u'"' + text + u'"';
-}
-
-} // namespace
-
 CBuildSettings CBuildSettings::From(const CSettings& settings, const CBoardInfo& board,
                                    const QString& programFolder)
 {
@@ -59,6 +50,7 @@ void CBuildPipeline::SetWriterPolling(int readings, int intervalMs)
 
 bool CBuildPipeline::Build(const QString& layoutPath)
 {
+    m_hexMade = false;
     if (m_settings.WorkFolder.isEmpty())
         return false;
     m_log.Start(CStringTable::Get(Ids::LogCompileStarted));
@@ -77,6 +69,7 @@ bool CBuildPipeline::Build(const QString& layoutPath)
         return stopped();
     if (!CollectHex(layoutPath))
         return false;
+    m_hexMade = true;
     m_log.Append(CStringTable::Get(Ids::LogCompileTerminated));
 
     if (m_messenger.Message(CStringTable::Get(Ids::MsgBuildCompleted), EButtons::OkCancel,
@@ -91,6 +84,7 @@ bool CBuildPipeline::Build(const QString& layoutPath)
     m_log.Append(CStringTable::Get(Ids::LogFlashStarted));
     CFlashWriter writer(m_board, m_settings.Writer, m_finder, m_log);
     writer.SetPolling(m_writerReadings, m_writerIntervalMs);
+    writer.SetStopRequest(m_stop);
     return writer.Write(HexPathFor(layoutPath), m_settings.WorkFolder);
 }
 
@@ -107,9 +101,16 @@ void CBuildPipeline::CleanWorkFolder() const
 
 bool CBuildPipeline::Pass1(const QString& layoutPath)
 {
-    QDir().mkpath(m_settings.WorkFolder);
-    CleanWorkFolder();
     const QString stop = CStringTable::Get(Ids::LogCompileStopped);
+    // Cleaning deletes every *.loc and *.hex of the work folder: never the user's own.
+    QDir().mkpath(m_settings.WorkFolder);
+    const QString work = QFileInfo(m_settings.WorkFolder).canonicalFilePath();
+    if (work.isEmpty() || work == QFileInfo(QFileInfo(layoutPath).absolutePath()).canonicalFilePath()) {
+        m_log.Append(CStringTable::Format(Ids::LogWorkFolderIsLayoutFolder, {m_settings.WorkFolder}));
+        m_log.Append(stop);
+        return false;
+    }
+    CleanWorkFolder();
     const QString fileName = QFileInfo(layoutPath).fileName();
     if (!layoutPath.contains(u'/') || fileName.isEmpty()) {
         m_log.Append(stop);
@@ -129,13 +130,13 @@ bool CBuildPipeline::Pass1(const QString& layoutPath)
     return false;
 }
 
-QString CBuildPipeline::CompilerCommand() const
+CCommandLine CBuildPipeline::CompilerCommand() const
 {
-    return Quoted(m_board.GetFolder() + u'/' + m_board.GetCompilerPanel()) + u' ' +
-           Quoted(m_locationPath) + " -o " + Quoted(m_settings.OutputFolder) + " -w " +
-           Quoted(m_settings.WorkFolder) + " -x " + QString::number(CPanelGrid::GetColumnCount()) +
-           " -y " + QString::number(CPanelGrid::GetRowCount()) + " -c" +
-           QString::number(m_settings.ClockSource + 1);
+    return {m_board.GetFolder() + u'/' + m_board.GetCompilerPanel(),
+            {m_locationPath, QStringLiteral("-o"), m_settings.OutputFolder, QStringLiteral("-w"),
+             m_settings.WorkFolder, QStringLiteral("-x"), QString::number(CPanelGrid::GetColumnCount()),
+             QStringLiteral("-y"), QString::number(CPanelGrid::GetRowCount()),
+             QStringLiteral("-c") + QString::number(m_settings.ClockSource + 1)}};
 }
 
 bool CBuildPipeline::Pass2()
@@ -147,18 +148,31 @@ bool CBuildPipeline::Pass2()
 bool CBuildPipeline::Pass3()
 {
     m_log.Append(CStringTable::Get(Ids::LogPass3));
-    for (const QString& command : m_board.GetCommands())
-        if (!command.isEmpty() && !RunLogged(command, command))
+    const QStringList names = m_board.GetCommands();
+    const QList<CCommandLine> commands = m_board.GetCommandLines();
+    for (qsizetype i = 0; i < commands.size(); ++i)
+        if (!RunLogged(commands[i], names[i]))
             return false;
     return true;
 }
 
-bool CBuildPipeline::RunLogged(const QString& commandLine, const QString& name)
+bool CBuildPipeline::StopRequested() const
 {
-    CProcessRunner runner([this](const QString& line) { m_log.Append(line); });
-    const CProcessResult result = runner.Run(commandLine, m_settings.WorkFolder);
+    return m_stop && m_stop->IsRequested();
+}
+
+bool CBuildPipeline::RunLogged(const CCommandLine& command, const QString& name)
+{
+    if (StopRequested())
+        return false;
+    CProcessRunner runner([this](const QString& line) { m_log.Append(line); }, m_stop);
+    const CProcessResult result = runner.Run(command, m_settings.WorkFolder);
+    if (StopRequested()) {
+        m_log.Append(CStringTable::Get(Ids::LogStoppedByUser));
+        return false;
+    }
     if (!result.Started)
-        m_log.Append(CStringTable::Format(Ids::LogCommandError, {name, result.SystemError}));
+        LogStartFailure(m_log, name, result);
     return result.Succeeded();
 }
 

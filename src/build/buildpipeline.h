@@ -1,5 +1,6 @@
 #pragma once
 
+#include "commandline.h"
 #include "flashwriter.h"
 
 #include <QString>
@@ -10,6 +11,7 @@ class CSettings;
 class IBuildLog;
 class IMessenger;
 class IPortFinder;
+class CStopRequest;
 
 // What a build takes from the settings, resolved to folders.
 struct CBuildSettings
@@ -37,6 +39,11 @@ public:
 
     // True when the HEX file was made and written.
     bool Build(const QString& layoutPath);
+    // True when this build made the HEX file beside the layout (written or not); a HEX file
+    // an earlier build left there does not count.
+    bool HexMade() const { return m_hexMade; }
+    // Lets the user stop the build: the program that runs is ended, nothing after it starts.
+    void SetStopRequest(CStopRequest* stop) { m_stop = stop; }
 
     bool Pass1(const QString& layoutPath);
     bool Pass2();
@@ -45,7 +52,7 @@ public:
     bool CollectHex(const QString& layoutPath);
 
     // The compiler's command line, options in their fixed order.
-    QString CompilerCommand() const;
+    CCommandLine CompilerCommand() const;
     // The layout path with its last extension replaced by "hex".
     static QString HexPathFor(const QString& layoutPath);
     void CleanWorkFolder() const;
@@ -54,7 +61,8 @@ public:
     void SetWriterPolling(int readings, int intervalMs);
 
 private:
-    bool RunLogged(const QString& commandLine, const QString& name);
+    bool RunLogged(const CCommandLine& command, const QString& name);
+    bool StopRequested() const;
     void AppendFirstErrorFile();
 
     const CPanelGrid& m_grid;
@@ -64,6 +72,8 @@ private:
     IMessenger& m_messenger;
     IPortFinder& m_finder;
     QString m_locationPath;
+    CStopRequest* m_stop = nullptr;
+    bool m_hexMade = false;
     int m_writerReadings = 60;
     int m_writerIntervalMs = 1000;
 };

@@ -1,10 +1,13 @@
 #pragma once
 
+#include "commandline.h"
+
 #include <QString>
 
 class CBoardInfo;
 class IBuildLog;
 class IPortFinder;
+class CStopRequest;
 
 // What the writing takes from the user's settings.
 struct CWriterSettings
@@ -28,20 +31,23 @@ public:
 
     // How often and how many times a board writer is asked whether it has ended.
     void SetPolling(int readings, int intervalMs);
+    // Lets the user end a board writer that still runs.
+    void SetStopRequest(CStopRequest* stop) { m_stop = stop; }
 
     // Appends its progress to the log; true when the writer ended with 0 (a user writer is
     // not waited for and counts as 0).
     bool Write(const QString& hexPath, const QString& workFolder);
 
-    // The board writer's command line; "" with the log told why when no port is known.
-    QString BoardCommand(const QString& hexPath);
-    static QString UserCommand(const QString& writer, const QString& options, const QString& hexPath);
+    // The board writer's command line; empty with the log told why when no port is known.
+    CCommandLine BoardCommand(const QString& hexPath);
+    static CCommandLine UserCommand(const QString& writer, const QString& options, const QString& hexPath);
 
 private:
     const CBoardInfo& m_board;
     CWriterSettings m_settings;
     IPortFinder& m_finder;
     IBuildLog& m_log;
+    CStopRequest* m_stop = nullptr;
     int m_readings = 60;
     int m_intervalMs = 1000;
 };

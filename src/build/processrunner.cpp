@@ -1,6 +1,10 @@
 #include "processrunner.h"
 
+#include "buildlog.h"
+#include "res/stringtable.h"
+
 #include <QEventLoop>
+#include <QFile>
 #include <QFileInfo>
 #include <QProcess>
 #include <QStandardPaths>
@@ -35,30 +39,44 @@ int CProcessRunner::StartError(const QString& program)
     const QString found = program.contains(u'/') ? program : QStandardPaths::findExecutable(program);
     const QFileInfo info(found);
 #ifdef Q_OS_WIN
-    enum { NotFound = 2, Denied = 5 };
+    enum { NotFound = 2, Denied = 5, NotAProgram = 193 };
 #else
-    enum { NotFound = 2, Denied = 13 };
+    enum { NotFound = 2, Denied = 13, NotAProgram = 8 };
 #endif
     if (found.isEmpty() || !info.exists())
         return NotFound;
-    return info.isDir() || !info.isExecutable() ? Denied : 0;
+    if (info.isDir() || !info.isExecutable())
+        return Denied;
+#ifndef Q_OS_WIN
+    // An executable file the system still would not start: a script whose interpreter is
+    // missing (the system says "not found"), or neither a program nor a script.
+    QFile file(found);
+    if (file.open(QIODevice::ReadOnly)) {
+        const QByteArray head = file.read(256);
+        if (head.startsWith("#!")) {
+            const QByteArray line = head.mid(2).split('\n').value(0).trimmed();
+            const QString interpreter = QString::fromLocal8Bit(line.split(' ').value(0));
+            return QFileInfo(interpreter).isExecutable() ? 0 : NotFound;
+        }
+        if (!head.startsWith("\x7f" "ELF"))
+            return NotAProgram;
+    }
+#endif
+    return 0;
 }
 
-QProcess* CProcessRunner::Start(const QString& commandLine, const QString& folder,
+QProcess* CProcessRunner::Start(const CCommandLine& command, const QString& folder,
                                 CProcessResult& result)
 {
-    QStringList args = QProcess::splitCommand(commandLine);
-    const QString program = args.isEmpty() ? QString() : args.takeFirst();
     auto* process = new QProcess;
     process->setProcessChannelMode(QProcess::MergedChannels);
     process->setWorkingDirectory(folder);
-    process->setProgram(program);
-    process->setArguments(args);
+    process->setProgram(command.Program);
+    process->setArguments(command.Arguments);
     process->start();
     if (!process->waitForStarted(-1)) {
-        result.SystemError = StartError(program);
-        if (result.SystemError == 0)
-            result.SystemError = int(process->error()) + 1000; // a start failure the system did not name
+        result.SystemError = StartError(command.Program);
+        result.SystemReason = result.SystemError ? qt_error_string(result.SystemError) : process->errorString();
         delete process;
         return nullptr;
     }
@@ -66,18 +84,22 @@ QProcess* CProcessRunner::Start(const QString& commandLine, const QString& folde
     return process;
 }
 
-CProcessResult CProcessRunner::Run(const QString& commandLine, const QString& folder)
+CProcessResult CProcessRunner::Run(const CCommandLine& command, const QString& folder)
 {
-    return Watch(commandLine, folder, -1, 0);
+    return Watch(command, folder, -1, 0);
 }
 
-CProcessResult CProcessRunner::Watch(const QString& commandLine, const QString& folder,
+CProcessResult CProcessRunner::Watch(const CCommandLine& command, const QString& folder,
                                      int readings, int intervalMs)
 {
     CProcessResult result;
-    QProcess* process = Start(commandLine, folder, result);
+    if (m_stop && m_stop->IsRequested())
+        return result;
+    QProcess* process = Start(command, folder, result);
     if (!process)
         return result;
+    if (m_stop)
+        m_stop->SetStopRunning([process] { process->kill(); });
 
     QByteArray pending;
     QEventLoop loop;
@@ -96,6 +118,8 @@ CProcessResult CProcessRunner::Watch(const QString& commandLine, const QString& 
     if (process->state() != QProcess::NotRunning)
         loop.exec();
     QObject::disconnect(process, nullptr, &loop, nullptr);
+    if (m_stop)
+        m_stop->SetStopRunning(nullptr);
     Forward(*process, pending, m_sink, true);
 
     if (process->state() != QProcess::NotRunning) {
@@ -111,14 +135,21 @@ CProcessResult CProcessRunner::Watch(const QString& commandLine, const QString& 
     return result;
 }
 
-CProcessResult CProcessRunner::Launch(const QString& commandLine, const QString& folder)
+CProcessResult CProcessRunner::Launch(const CCommandLine& command, const QString& folder)
 {
-    QStringList args = QProcess::splitCommand(commandLine);
-    const QString program = args.isEmpty() ? QString() : args.takeFirst();
     CProcessResult result;
-    result.Started = QProcess::startDetached(program, args, folder);
-    if (!result.Started)
-        result.SystemError = StartError(program);
+    result.Started = QProcess::startDetached(command.Program, command.Arguments, folder);
+    if (!result.Started) {
+        result.SystemError = StartError(command.Program);
+        result.SystemReason = qt_error_string(result.SystemError);
+    }
     result.ExitCode = 0;
     return result;
+}
+
+void LogStartFailure(IBuildLog& log, const QString& name, const CProcessResult& result)
+{
+    log.Append(CStringTable::Format(Ids::LogCommandError, {name, result.SystemError}));
+    if (!result.SystemReason.isEmpty())
+        log.Append(result.SystemReason);
 }

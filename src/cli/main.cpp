@@ -127,6 +127,8 @@ public:
             if (CBoardChooser(QString(), m_messenger).TryFolder(folder, m_board))
                 return true;
             Err() << "cannot read the board in " << folder << "\n";
+            if (!m_board.ErrorString().isEmpty())
+                Err() << m_board.ErrorString() << "\n";
             return false;
         }
         const QString programs = Programs();
@@ -180,8 +182,9 @@ public:
 int Build(const CSession& session, const CArguments& args)
 {
     CBuildSettings build = CBuildSettings::From(session.Settings(), session.Board(), CSession::Programs());
+    // The work folder given is where everything of the build goes, the compiler's output too.
     if (!args.Work.isEmpty())
-        build.WorkFolder = CBuildFolders::WorkFolder(CSession::Programs(), args.Work);
+        build.WorkFolder = build.OutputFolder = CBuildFolders::WorkFolder(CSession::Programs(), args.Work);
     if (!args.Port.isEmpty())
         build.Writer.Port = args.Port;
 
@@ -192,8 +195,7 @@ int Build(const CSession& session, const CArguments& args)
     CBuildPipeline pipeline(session.Grid(), session.Board(), build, log, messenger, *finder);
     const QString layout = QFileInfo(args.Positional[1]).absoluteFilePath();
     const bool written = pipeline.Build(layout);
-    const bool made = QFileInfo(CBuildPipeline::HexPathFor(layout)).size() > 0;
-    return (args.Write ? written : made) ? ExitOk : ExitFaults;
+    return (args.Write ? written : pipeline.HexMade()) ? ExitOk : ExitFaults;
 }
 
 int Check(CSession& session)

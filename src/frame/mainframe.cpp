@@ -440,13 +440,17 @@ void CMainFrame::RunBuild()
         CBuildSettings::From(m_settings, m_board, QCoreApplication::applicationDirPath());
     const QString path = m_document->GetPath();
     CBuildDialog dialog(
-        [this, settings, path](IBuildLog& log) {
+        [this, settings, path](IBuildLog& log, CStopRequest& stop) {
             const std::unique_ptr<IPortFinder> finder = CreatePlatformPortFinder();
             CBuildPipeline pipeline(m_document->Grid(), m_board, settings, log, m_messenger, *finder);
+            pipeline.SetStopRequest(&stop);
             return pipeline.Build(path);
         },
-        this);
+        m_messenger, this);
     dialog.exec();
+    // The build's programs may have taken the focus to windows of their own.
+    raise();
+    activateWindow();
 }
 
 void CMainFrame::HelpManual()

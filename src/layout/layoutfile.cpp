@@ -6,10 +6,11 @@
 #include "panels/panelfactory.h"
 #include "panels/panelvalues.h"
 #include "res/stringtable.h"
+#include "safesave.h"
 
+#include <QDir>
 #include <QFile>
 #include <QRegularExpression>
-#include <QSaveFile>
 #include <QStringDecoder>
 
 namespace {
@@ -76,11 +77,11 @@ bool CLayoutFile::Save(const CPanelGrid& grid, const QString& path)
 {
     if (path.isEmpty())
         return false;
-    QSaveFile file(path);
-    const QByteArray bytes = Write(grid);
-    if (!file.open(QIODevice::WriteOnly) || file.write(bytes) != bytes.size() || !file.commit()) {
-        m_error = file.errorString();
-        m_messenger.Message(CStringTable::Get(Ids::MsgNotSaved), EButtons::Ok, EIcon::Error);
+    if (!CSafeSave::Write(path, Write(grid), m_error)) {
+        // Which file and why, in the system's words, under the message the user knows.
+        m_messenger.Message(CStringTable::Get(Ids::MsgNotSaved) + u'\n' + QDir::toNativeSeparators(path) +
+                                u'\n' + m_error,
+                            EButtons::Ok, EIcon::Error);
         return false;
     }
     return true;

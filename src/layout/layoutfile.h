@@ -21,8 +21,8 @@ public:
     bool Load(CPanelGrid& grid, const QString& path);
     // The text of a layout file, checked to be a layout; false as Load answers it.
     bool ReadText(const QString& path, QString& text);
-    // Writes atomically: on failure the old file stays as it was, 59439 is shown and the
-    // result is false.
+    // Writes so that a failure keeps the old file (CSafeSave); on failure the message names
+    // the file and the system's reason, ErrorString() holds the reason and the result is false.
     bool Save(const CPanelGrid& grid, const QString& path);
 
     static QByteArray Write(const CPanelGrid& grid);

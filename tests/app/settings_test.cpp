@@ -88,6 +88,7 @@ const CTextRow kTextRows[] = {
     {"Settings/Target", [](const CSettings& s) { return s.GetTarget(); }, ""},
     {"Settings/Writer", [](const CSettings& s) { return s.GetWriter(); }, ""},
     {"Settings/WriterOptions", [](const CSettings& s) { return s.GetWriterOptions(); }, ""},
+    {"Settings/WritePort", [](const CSettings& s) { return s.GetWritePort(); }, ""},
     {"Folders/Project", [](const CSettings& s) { return s.GetProject(); }, "Project"},
 };
 
@@ -185,6 +186,17 @@ TEST(Settings, ProfileNumbersAreReadLeniently)
     }
 }
 
+TEST(Settings, ProfileNamesAreMatchedInAnyCase)
+{
+    CSettingsPlace place;
+    place.Profile().setValue("settings/writeport", "/dev/ttyUSB1");
+    place.Profile().setValue("SETTINGS/WRITEWAIT", 7);
+    place.Reopen();
+    const CSettings settings = place.Loaded();
+    EXPECT_EQ(settings.GetWritePort(), "/dev/ttyUSB1");
+    EXPECT_EQ(settings.GetWriteWait(), 7);
+}
+
 TEST(Settings, AddressIsReadWholeWhetherWrittenSignedOrUnsigned)
 {
     for (const char* text : {"3232235530", "-1062731766"}) {
@@ -210,6 +222,13 @@ TEST(Settings, TargetListStopsAtTheFirstMissingOrEmptyKey)
         {"file order does not matter", "[Quillon]\nTarget2=b\nTarget1=a\n", {"a", "b"}},
         {"other section ignored", "[Other]\nTarget1=x\n[Quillon]\nTarget1=a\n", {"a"}},
         {"comma kept in the value", "[Quillon]\nTarget1=a,b\n", {"a,b"}},
+        // Read as a Windows profile file is: values verbatim, names in any case.
+        {"comma and blank kept", "[Quillon]\nTarget1=a, b\n", {"a, b"}},
+        {"semicolon kept", "[Quillon]\nTarget1=a;b\nTarget2=c ; d\n", {"a;b", "c ; d"}},
+        {"names in any case", "[QUILLON]\r\ntarget1=a\r\nTARGET2 = b\r\n", {"a", "b"}},
+        {"quotes enclosing the value", "[Quillon]\nTarget1=\"my board\"\n", {"my board"}},
+        {"the first of two equal keys", "[Quillon]\nTarget1=a\nTarget1=b\n", {"a"}},
+        {"a commented key is no key", "[Quillon]\n;Target1=x\nTarget1=a\n", {"a"}},
     };
     for (const auto& row : rows) {
         CSettingsPlace place;

@@ -20,6 +20,9 @@ TEST(Startup, SwitchesChooseTheLanguageAndEnglishWins)
     EXPECT_EQ(CStartup::LanguageFor({"quillon", "-jpn"}, false), ELanguage::Japanese);
     EXPECT_EQ(CStartup::LanguageFor({"quillon", "x.loc", "-jpn", "-eng"}, true), ELanguage::English);
     EXPECT_EQ(CStartup::LanguageFor({"quillon", "my-english.loc"}, true), ELanguage::English);
+    // Only the arguments count, never the program's own path.
+    EXPECT_EQ(CStartup::LanguageFor({"/opt/q-eng/quillon"}, true), ELanguage::Japanese);
+    EXPECT_EQ(CStartup::LanguageFor({"/opt/q-jpn/quillon"}, false), ELanguage::English);
 }
 
 TEST(Startup, LayoutArgumentIsTheFirstThatIsNoSwitch)
@@ -80,6 +83,17 @@ TEST_F(CChooserFixture, SavedBoardWinsWhenItReads)
     CBoardInfo board;
     EXPECT_EQ(Choose("uno2", "[Quillon]\nTarget1=uno\n", board), dir.filePath("TARGET/uno2"));
     EXPECT_EQ(board.GetFolder(), dir.filePath("TARGET/uno2"));
+}
+
+TEST_F(CChooserFixture, BoardsOutsideTheTargetFolderAreNeverRead)
+{
+    // A board that reads, but beside TARGET rather than in it.
+    CopyBoardFiles(QStringLiteral(QUILLON_BOARDS "/atmega328p"), dir.filePath("elsewhere"));
+    for (const QString& saved : {dir.filePath("elsewhere"), QStringLiteral("../elsewhere"), QStringLiteral("uno/../../elsewhere")}) {
+        CBoardInfo board;
+        EXPECT_EQ(Choose(saved, "[Quillon]\nTarget1=../elsewhere\nTarget2=uno\n", board), dir.filePath("TARGET/uno"))
+            << saved.toStdString();
+    }
 }
 
 TEST_F(CChooserFixture, DeletedSavedBoardFallsBackToTheFirstCandidateThatReads)

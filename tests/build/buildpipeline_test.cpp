@@ -1,9 +1,11 @@
 // "Build && Write" against a fake board tool that acts out every outcome.
 #include "build/buildpipeline.h"
 #include "build/buildtest.h"
+#include "build/processrunner.h"
 #include "layout/panelgrid.h"
 
 #include <QElapsedTimer>
+#include <QTimer>
 #include <QFileInfo>
 
 namespace {
@@ -63,7 +65,26 @@ TEST_F(CPipelineFixture, CompilerGetsItsOptionsInOrderInTheWorkFolder)
 TEST_F(CPipelineFixture, UnsetClockSourceGivesC0)
 {
     CBuildPipeline pipeline(grid, board, settings, log, messenger, finder);
-    EXPECT_TRUE(pipeline.CompilerCommand().endsWith(" -x 16 -y 40 -c0"));
+    EXPECT_EQ(pipeline.CompilerCommand().Arguments.mid(5), (QStringList{"-x", "16", "-y", "40", "-c0"}));
+}
+
+TEST_F(CPipelineFixture, FileNamesNeverBecomeArguments)
+{
+    // A quote in the layout's folder and name would close a quoted path and open new options
+    // if a command line were joined and split again.
+    QDir(sandbox.Path("layouts")).mkpath(R"(x" -o "y)");
+    const QString layout = QStringLiteral(R"(layouts/x" -o "y/a" -o "evil.loc)");
+    messenger.Answers = {EAnswer::Ok};
+    settings.Writer.Port = "/dev/ttyACM0";
+    CFakeBoardDefinition fake;
+    fake.WriterCommand = "faketool";
+    EXPECT_TRUE(Build(fake, "hex", layout));
+    const QStringList recorded = sandbox.Recorded();
+    ASSERT_EQ(recorded.size(), 2);
+    EXPECT_TRUE(recorded[0].startsWith(QStringLiteral("hex [%1] [-o] [").arg(sandbox.Path(R"(work/a" -o "evil.loc)"))))
+        << recorded[0].toStdString();
+    EXPECT_EQ(recorded[1], QStringLiteral("hex [/C/dev/ttyACM0] [/W2] [%1] cwd=%2")
+                               .arg(sandbox.Path(R"(layouts/x" -o "y/a" -o "evil.hex)"), sandbox.WorkFolder()));
 }
 
 TEST_F(CPipelineFixture, CompilerErrorFileIsShownAfterAnEmptyLine)
@@ -85,20 +106,20 @@ TEST_F(CPipelineFixture, MissingCompilerIsACommandExecutionError)
     CFakeBoardDefinition fake;
     fake.Compiler = "nothere";
     EXPECT_FALSE(Build(fake, "hex"));
-    EXPECT_EQ(Tail(4), (QStringList{"Pass2...", "Command execution error.\n(nothere,2)", "",
-                                    "The compilation stopped."}));
+    EXPECT_EQ(Tail(5), (QStringList{"Pass2...", "Command execution error.\n(nothere,2)", "No such file or directory",
+                                    "", "The compilation stopped."}));
 
     fake.Compiler.clear(); // the board folder itself cannot be run
     log.Lines.clear();
     EXPECT_FALSE(Build(fake, "hex"));
-    EXPECT_TRUE(log.Lines.value(log.Lines.size() - 3).startsWith("Command execution error.\n(,"));
+    EXPECT_TRUE(log.Lines.value(log.Lines.size() - 4).startsWith("Command execution error.\n(,"));
 }
 
 TEST_F(CPipelineFixture, CommandListSkipsEmptyPositionsAndStopsAtAFailure)
 {
     CFakeBoardDefinition fake;
-    fake.Commands = {sandbox.Tool() + " --act ok", "", sandbox.Tool() + " --act print", sandbox.Tool() + " --act fail",
-                     sandbox.Tool() + " --act ok"};
+    fake.Commands = {sandbox.ToolActing("ok"), "", sandbox.ToolActing("print"), sandbox.ToolActing("fail"),
+                     sandbox.ToolActing("ok")};
     EXPECT_FALSE(Build(fake, "hex"));
     EXPECT_EQ(Tail(4), (QStringList{"Pass3...", "first line", "second line", "The compilation stopped."}));
     QStringList acted;
@@ -107,12 +128,34 @@ TEST_F(CPipelineFixture, CommandListSkipsEmptyPositionsAndStopsAtAFailure)
     EXPECT_EQ(acted, (QStringList{"hex", "ok", "print", "fail"}));
 }
 
-TEST_F(CPipelineFixture, CommandThatCannotStartNamesItself)
+TEST_F(CPipelineFixture, CommandThatCannotStartNamesItselfAndTheSystemsReason)
 {
-    CFakeBoardDefinition fake;
-    fake.Commands = {"no-such-program --x"};
-    EXPECT_FALSE(Build(fake, "hex"));
-    EXPECT_EQ(Tail(2), (QStringList{"Command execution error.\n(no-such-program --x,2)", "The compilation stopped."}));
+    const struct
+    {
+        const char* Name;
+        QByteArray Script; // written into the board folder as "tool"; empty: no file
+        int Error;
+        const char* Reason;
+    } rows[] = {
+        {"missing program", {}, 2, "No such file or directory"},
+        {"neither a program nor a script", "echo hi\n", 8, "Exec format error"},
+        {"a script whose interpreter is missing", "#!/no/such/sh\n", 2, "No such file or directory"},
+    };
+    for (const auto& row : rows) {
+        const QString tool = sandbox.BoardFolder() + "/tool";
+        QFile::remove(tool);
+        if (!row.Script.isEmpty()) {
+            sandbox.WriteFile("my board/tool", row.Script);
+            QFile::setPermissions(tool, QFile::permissions(tool) | QFileDevice::ExeOwner);
+        }
+        CFakeBoardDefinition fake;
+        fake.Commands = {u'"' + tool + "\" --x"};
+        log.Lines.clear();
+        EXPECT_FALSE(Build(fake, "hex")) << row.Name;
+        EXPECT_EQ(Tail(3), (QStringList{QStringLiteral("Command execution error.\n(%1,%2)").arg(fake.Commands[0]).arg(row.Error),
+                                        row.Reason, "The compilation stopped."}))
+            << row.Name;
+    }
 }
 
 TEST_F(CPipelineFixture, EmptyOrMissingHexIsNotCreated)
@@ -152,6 +195,28 @@ TEST_F(CPipelineFixture, CleaningRemovesOldFilesButNotFolders)
     CBuildPipeline pipeline(grid, board, settings, log, messenger, finder);
     pipeline.CleanWorkFolder();
     EXPECT_EQ(work.entryList(QDir::AllEntries | QDir::NoDotAndDotDot), (QStringList{"BASE.x", "keep.txt"}));
+}
+
+TEST_F(CPipelineFixture, StopEndsTheRunningProgramAndStartsNothingAfterIt)
+{
+    CFakeBoardDefinition fake;
+    fake.Commands = {sandbox.ToolActing("sleep"), sandbox.ToolActing("ok")};
+    ASSERT_TRUE(sandbox.ReadBoard(fake, board));
+    qputenv("QUILLON_FAKE_SCENARIO", "hex");
+    CStopRequest stop;
+    CBuildPipeline pipeline(grid, board, settings, log, messenger, finder);
+    pipeline.SetStopRequest(&stop);
+    QTimer::singleShot(200, [&stop] { stop.Request(); });
+    QElapsedTimer timer;
+    timer.start();
+    EXPECT_FALSE(pipeline.Build(sandbox.Path("layouts/a.loc")));
+    EXPECT_LT(timer.elapsed(), 4000) << "the sleeping tool was ended, not waited for";
+    EXPECT_EQ(Tail(3), (QStringList{"Pass3...", "Stopped at the user's request.", "The compilation stopped."}));
+    QStringList acted;
+    for (const QString& line : sandbox.Recorded())
+        acted << line.section(u' ', 0, 0);
+    EXPECT_EQ(acted, (QStringList{"hex", "sleep"}));
+    EXPECT_FALSE(pipeline.HexMade());
 }
 
 TEST_F(CPipelineFixture, NoWorkFolderDoesNothing)

@@ -52,14 +52,14 @@ public:
     CBuildSandbox()
     {
         QDir root(m_root.path());
-        root.mkpath("board");
+        root.mkpath("my board"); // a blank in the board's path must not part any argument
         root.mkpath("work");
         root.mkpath("layouts");
         const QString tool = BoardFolder() + "/faketool";
         QFile::copy(QStringLiteral(QUILLON_FAKE_TOOL), tool);
         QFile::setPermissions(tool, QFile::permissions(tool) | QFileDevice::ExeOwner);
-        WriteFile("board/inout_e.xml", "<PALETTES/>");
-        WriteFile("board/parts_e.xml", "<PALETTES/>");
+        WriteFile("my board/inout_e.xml", "<PALETTES/>");
+        WriteFile("my board/parts_e.xml", "<PALETTES/>");
         qputenv("QUILLON_FAKE_RECORD", Path("record.txt").toUtf8());
     }
     ~CBuildSandbox()
@@ -69,9 +69,11 @@ public:
     }
 
     QString Path(const QString& relative) const { return QDir(m_root.path()).filePath(relative); }
-    QString BoardFolder() const { return Path("board"); }
+    QString BoardFolder() const { return Path("my board"); }
     QString WorkFolder() const { return Path("work"); }
     QString Tool() const { return BoardFolder() + "/faketool"; }
+    // A command-list entry that runs the fake tool acting out a scenario.
+    QString ToolActing(const char* scenario) const { return u'"' + Tool() + "\" --act " + scenario; }
 
     void WriteFile(const QString& relative, const QByteArray& bytes) const
     {
@@ -98,10 +100,10 @@ public:
                 commands += QStringLiteral("<CMD%1 var=\"%2\"/>").arg(i + 1).arg(fake.Commands[i].toHtmlEscaped());
         const QString writer = fake.WriterCommand.isEmpty()
                                    ? QString()
-                                   : QStringLiteral("<CMD var=\"%1\"/>").arg(fake.WriterCommand);
+                                   : QStringLiteral("<CMD var=\"%1\"/>").arg(fake.WriterCommand.toHtmlEscaped());
         const QString param =
-            fake.WriterParam.isEmpty() ? QString() : QStringLiteral("<PRM var=\"%1\"/>").arg(fake.WriterParam);
-        WriteFile("board/board_e.xml",
+            fake.WriterParam.isEmpty() ? QString() : QStringLiteral("<PRM var=\"%1\"/>").arg(fake.WriterParam.toHtmlEscaped());
+        WriteFile("my board/board_e.xml",
                   QStringLiteral("<Q><BOARD name=\"Fake\"><INTERFACE name=\"FakeSerial\"/>"
                                  "<COMPILER><PANEL var=\"%1\"/>%2</COMPILER><WRITER>%3%4</WRITER>"
                                  "<PALETTE><INOUT file=\"inout_e.xml\"/><PARTS file=\"parts_e.xml\"/></PALETTE>"

@@ -15,14 +15,16 @@ struct CWriterFixture : testing::Test
     CBoardInfo board;
     CWriterSettings settings;
 
-    QString Compose(const QString& writerCommand, const QString& param = QString())
+    // The board writer's command line as the writer receives it: program, then arguments.
+    QStringList Compose(const QString& writerCommand, const QString& param = QString())
     {
         CFakeBoardDefinition fake;
         fake.WriterCommand = writerCommand;
         fake.WriterParam = param;
         EXPECT_TRUE(sandbox.ReadBoard(fake, board));
         CFlashWriter writer(board, settings, finder, log);
-        return writer.BoardCommand("/l/a.hex");
+        const CCommandLine command = writer.BoardCommand("/l/a b.hex");
+        return command.IsEmpty() ? QStringList() : QStringList{command.Program} + command.Arguments;
     }
 
     bool Write(const char* scenario)
@@ -36,52 +38,61 @@ struct CWriterFixture : testing::Test
 
 } // namespace
 
-TEST_F(CWriterFixture, BoardWriterOptionsInOrder)
+TEST_F(CWriterFixture, BoardWriterCommandLines)
 {
-    settings.Port = "3";
-    settings.Wait = 4;
-    EXPECT_EQ(Compose("w.exe", "-b 115200"), sandbox.BoardFolder() + "/w.exe /C3 /W4 /P -b 115200 \"/l/a.hex\"");
+    const struct
+    {
+        const char* Name;
+        const char* Template;
+        const char* Param;
+        const char* Port;
+        int Wait;
+        QStringList Expected; // after the writer's path
+    } rows[] = {
+        {"options in order", "w.exe", "-b 115200", "3", 4, {"/C3", "/W4", "/P", "-b", "115200", "/l/a b.hex"}},
+        {"a port in the template gets no second", "w.exe /c3", "", "", 2, {"/c3", "/W2", "/l/a b.hex"}},
+        {"nor a wait", "w.exe /w1 /C7", "", "", 2, {"/w1", "/C7", "/l/a b.hex"}},
+        {"zero wait is still passed", "w", "", "/dev/ttyUSB0", 0, {"/C/dev/ttyUSB0", "/W0", "/l/a b.hex"}},
+        {"quoted template arguments stay whole", "w \"-x a b\"", "", "5", 2, {"-x a b", "/C5", "/W2", "/l/a b.hex"}},
+    };
+    for (const auto& row : rows) {
+        settings.Port = row.Port;
+        settings.Wait = row.Wait;
+        const QStringList command = Compose(row.Template, row.Param);
+        EXPECT_EQ(command.mid(1), row.Expected) << row.Name;
+        EXPECT_EQ(command.value(0), sandbox.BoardFolder() + "/" + QString(row.Template).section(u' ', 0, 0)) << row.Name;
+    }
     EXPECT_EQ(finder.Calls, 0);
-}
-
-TEST_F(CWriterFixture, TemplateThatNamesItsPortGetsNoSecondAndNoSearch)
-{
-    EXPECT_EQ(Compose("w.exe /c3"), sandbox.BoardFolder() + "/w.exe /c3 /W2 \"/l/a.hex\"");
-    EXPECT_EQ(Compose("w.exe /w1 /C7"), sandbox.BoardFolder() + "/w.exe /w1 /C7 \"/l/a.hex\"");
-    EXPECT_EQ(finder.Calls, 0);
-}
-
-TEST_F(CWriterFixture, ZeroWaitIsStillPassed)
-{
-    settings.Port = "/dev/ttyUSB0";
-    settings.Wait = 0;
-    EXPECT_EQ(Compose("w"), sandbox.BoardFolder() + "/w /C/dev/ttyUSB0 /W0 \"/l/a.hex\"");
 }
 
 TEST_F(CWriterFixture, UnsetPortIsFoundByTheBoardsInterfaceName)
 {
     finder.Port = "/dev/ttyACM1";
-    EXPECT_EQ(Compose("w"), sandbox.BoardFolder() + "/w /C/dev/ttyACM1 /W2 \"/l/a.hex\"");
+    EXPECT_EQ(Compose("w").mid(1, 1), QStringList{"/C/dev/ttyACM1"});
     EXPECT_EQ(finder.AskedFor, "FakeSerial");
 
     finder.Port.clear();
-    EXPECT_EQ(Compose("w"), "");
+    EXPECT_EQ(Compose("w"), QStringList());
     EXPECT_EQ(log.Lines.last(), "COM-port scanning was not completed.\r\nPlease set the COM-port number.");
-}
-
-TEST_F(CWriterFixture, BoardFolderPathsNeverCountAsOptions)
-{
-    // "/c" and "/w" in the folder's own path are no options of the template.
-    settings.Port = "5";
-    const QString command = Compose("w");
-    EXPECT_TRUE(command.contains(" /C5 /W2 ")) << command.toStdString();
 }
 
 TEST_F(CWriterFixture, UserWriterTakesTheHexWhereThePlaceholderStands)
 {
-    EXPECT_EQ(CFlashWriter::UserCommand("/opt/w", "-f %hex% -v", "/l/a.hex"), "\"/opt/w\" -f \"/l/a.hex\" -v");
-    EXPECT_EQ(CFlashWriter::UserCommand("/opt/w", "-v", "/l/a.hex"), "\"/opt/w\"");
-    EXPECT_EQ(CFlashWriter::UserCommand("/opt/w", "%hex% %hex%", "/h"), "\"/opt/w\" \"/h\" %hex%");
+    const struct
+    {
+        const char* Options;
+        QStringList Arguments;
+    } rows[] = {
+        {"-f %hex% -v", {"-f", "/l/a \" b.hex", "-v"}},
+        {"-v", {}},
+        {"%hex% %hex%", {"/l/a \" b.hex", "%hex%"}},
+        {"\"-Uflash:w:%hex%:i\" -q", {"-Uflash:w:/l/a \" b.hex:i", "-q"}},
+    };
+    for (const auto& row : rows) {
+        const CCommandLine command = CFlashWriter::UserCommand("/opt/my writer", row.Options, "/l/a \" b.hex");
+        EXPECT_EQ(command.Program, "/opt/my writer") << row.Options;
+        EXPECT_EQ(command.Arguments, row.Arguments) << row.Options;
+    }
 }
 
 TEST_F(CWriterFixture, WriterExitCodeDecides)
@@ -128,7 +139,7 @@ TEST_F(CWriterFixture, MissingWriterIsACommandExecutionError)
     settings.Port = "1";
     ASSERT_TRUE(sandbox.ReadBoard({.WriterCommand = "gone"}, board));
     EXPECT_FALSE(Write("ok"));
-    EXPECT_EQ(log.Lines.last(), "Command execution error.\n(gone,2)");
+    EXPECT_EQ(log.Lines.mid(log.Lines.size() - 2), (QStringList{"Command execution error.\n(gone,2)", "No such file or directory"}));
 
     ASSERT_TRUE(sandbox.ReadBoard({}, board));
     settings.Writer.clear();

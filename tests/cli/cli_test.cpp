@@ -27,10 +27,11 @@ QString Data(const char* path)
 const QString kBoard = QStringLiteral(QUILLON_BOARDS "/atmega328p");
 
 // Runs the program with a profile of its own, so no user's settings are read.
-CRun Cli(const QStringList& args)
+CRun Cli(const QStringList& args, const QString& folder = QString())
 {
     static QTemporaryDir home;
     QProcess process;
+    process.setWorkingDirectory(folder);
     QProcessEnvironment env = QProcessEnvironment::systemEnvironment();
     env.insert("XDG_CONFIG_HOME", home.path());
     process.setProcessEnvironment(env);
@@ -139,11 +140,13 @@ struct CCliBuild : testing::Test
         QFile::copy(QStringLiteral(QUILLON_EXAMPLES "/pushbutton-lamp.loc"), layout);
     }
 
-    CRun Build(const char* scenario, const QStringList& more = {})
+    CRun Build(const char* scenario, const QStringList& more = {}, const QString& work = QString())
     {
         qputenv("QUILLON_FAKE_SCENARIO", scenario);
-        return Cli(QStringList{"build", layout, "--board", sandbox.BoardFolder(), "--work",
-                               sandbox.WorkFolder()} + more);
+        // A relative board folder, as a user types it in the folder above the board.
+        return Cli(QStringList{"build", layout, "--board", "my board", "--work",
+                               work.isEmpty() ? sandbox.WorkFolder() : work} + more,
+                   sandbox.Path("."));
     }
 };
 
@@ -158,12 +161,27 @@ TEST_F(CCliBuild, WithoutWriteTheBuildEndsAtTheQuestion)
     EXPECT_EQ(sandbox.ReadFile("layouts/lamp.hex"), ":00000001FF\n");
 }
 
-TEST_F(CCliBuild, FailedBuildExitsOne)
+TEST_F(CCliBuild, FailedBuildExitsOneThoughAnOlderHexLiesBesideTheLayout)
 {
+    sandbox.WriteFile("layouts/lamp.hex", ":00000001FF\n");
     const CRun run = Build("err");
     EXPECT_EQ(run.Exit, 1);
     EXPECT_TRUE(run.Out.endsWith("Panel (3,4): the net has two drivers.\n\nThe compilation stopped.\n"))
         << run.Out.toStdString();
+}
+
+TEST_F(CCliBuild, TheWorkFolderIsTheCompilersOutputAndNeverTheLayoutsFolder)
+{
+    ASSERT_EQ(Build("hex").Exit, 0);
+    EXPECT_TRUE(sandbox.Recorded().value(0).contains(QStringLiteral("[-o] [%1]").arg(sandbox.WorkFolder())))
+        << sandbox.Recorded().value(0).toStdString();
+
+    // Cleaning the layout's own folder would delete the user's other layouts.
+    sandbox.WriteFile("layouts/other.loc", "; mine\r\n");
+    const CRun run = Build("hex", {}, sandbox.Path("layouts"));
+    EXPECT_EQ(run.Exit, 1);
+    EXPECT_TRUE(run.Out.contains("is the layout's own folder")) << run.Out.toStdString();
+    EXPECT_EQ(sandbox.ReadFile("layouts/other.loc"), "; mine\r\n");
 }
 
 TEST_F(CCliBuild, WriteUsesThePortGiven)

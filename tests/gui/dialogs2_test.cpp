@@ -4,6 +4,7 @@
 #include "support/boardfolder.h"
 #include "app/settings.h"
 #include "app/targetdialog.h"
+#include "build/builddialog.h"
 #include "build/flashwriterdialog.h"
 #include "build/usedportdialog.h"
 #include "build/writeroptiondialog.h"
@@ -546,3 +547,29 @@ TEST_F(WriterDialogs, FlashWriterTakesProgramAndOptions)
 }
 
 } // namespace
+
+TEST(BuildDialog, StaysOpenWhileTheBuildRunsAndStopsItOnlyWhenTheUserSays)
+{
+    CRecordingMessenger messenger;
+    messenger.Answers = {EAnswer::No, EAnswer::Yes};
+    CBuildDialog* shown = nullptr;
+    QStringList seen;
+    CBuildDialog dialog(
+        [&](IBuildLog& log, CStopRequest& stop) {
+            log.Start("started");
+            QTest::keyClick(shown, Qt::Key_Escape); // "No": the build goes on
+            seen << QStringLiteral("after Escape: visible %1, stop %2").arg(shown->isVisible()).arg(stop.IsRequested());
+            shown->close(); // "Yes": the build is asked to stop, the dialog stays
+            seen << QStringLiteral("after close: visible %1, stop %2").arg(shown->isVisible()).arg(stop.IsRequested());
+            return false;
+        },
+        messenger);
+    shown = &dialog;
+    dialog.show();
+    QTRY_VERIFY_WITH_TIMEOUT(seen.size() == 2 && !dialog.IsBuilding(), 5000);
+    EXPECT_EQ(seen, (QStringList{"after Escape: visible 1, stop 0", "after close: visible 1, stop 1"}));
+    EXPECT_EQ(messenger.Texts, (QStringList{"The build is still running.\nStop it?", "The build is still running.\nStop it?"}));
+    EXPECT_TRUE(dialog.isVisible()) << "the log stays to be read";
+    QTest::keyClick(&dialog, Qt::Key_Escape);
+    EXPECT_FALSE(dialog.isVisible()) << "once the build has ended, Escape closes it";
+}

@@ -11,6 +11,8 @@
 #include <QFileInfo>
 #include <QTemporaryDir>
 
+#include <unistd.h>
+
 namespace {
 
 QByteArray ReadAll(const QString& path)
@@ -137,22 +139,62 @@ TEST_F(CLayoutFixture, FilesThatAreNoLayoutAreRefused)
     EXPECT_FALSE(file.Load(grid, QString()));
 }
 
-TEST_F(CLayoutFixture, FailedSaveSaysSoAndWritesNothing)
+TEST_F(CLayoutFixture, FailedSaveSaysWhichFileAndWhyAndWritesNothing)
 {
     QTemporaryDir dir;
     grid.Place(1, 1, std::make_unique<CPanelCell>("AND\tR"));
-    EXPECT_FALSE(file.Save(grid, dir.filePath("no/such/folder/x.loc")));
-    EXPECT_EQ(messenger.Texts, QStringList{"Error occured. It was not saved."});
+    const QString missing = dir.filePath("no/such/folder/x.loc");
+    EXPECT_FALSE(file.Save(grid, missing));
+    EXPECT_EQ(messenger.Texts, QStringList{"Error occured. It was not saved.\n" + missing + "\nNo such file or directory"});
 
     // A folder standing where the file should be is left as it was.
     ASSERT_TRUE(QDir(dir.path()).mkdir("taken.loc"));
     EXPECT_FALSE(file.Save(grid, dir.filePath("taken.loc")));
     EXPECT_TRUE(QFileInfo(dir.filePath("taken.loc")).isDir());
     EXPECT_EQ(messenger.Texts.size(), 2);
-    EXPECT_EQ(QDir(dir.path()).entryList(QDir::Files), QStringList());
+    EXPECT_EQ(QDir(dir.path()).entryList(QDir::Files | QDir::Hidden), QStringList());
 
     EXPECT_FALSE(file.Save(grid, QString()));
     EXPECT_EQ(messenger.Texts.size(), 2); // no path: no message
+
+    // A full disk, as the system reports it.
+    if (QFileInfo::exists("/dev/full")) {
+        EXPECT_FALSE(file.Save(grid, "/dev/full"));
+        EXPECT_TRUE(messenger.Texts.value(2).endsWith("\n/dev/full\nNo space left on device"))
+            << messenger.Texts.value(2).toStdString();
+    }
+}
+
+TEST_F(CLayoutFixture, SavingKeepsLinksAndFallsBackToWritingInPlace)
+{
+    QTemporaryDir dir;
+    grid.Place(1, 1, std::make_unique<CPanelCell>("AND\tR"));
+    const QByteArray bytes = CLayoutFile::Write(grid);
+    const auto path = [&dir](const char* name) { return dir.filePath(QString::fromLatin1(name)); };
+    const auto write = [](const QString& to, const QByteArray& what) {
+        QFile out(to);
+        return out.open(QIODevice::WriteOnly) && out.write(what) == what.size();
+    };
+
+    // A hard link and a symbolic link still share the file after the save.
+    ASSERT_TRUE(write(path("a.loc"), "old"));
+    ASSERT_TRUE(QFile::link(path("a.loc"), path("symbolic.loc")));
+    ASSERT_EQ(::link(QFile::encodeName(path("a.loc")).constData(), QFile::encodeName(path("hard.loc")).constData()), 0);
+    ASSERT_TRUE(file.Save(grid, path("hard.loc")));
+    EXPECT_EQ(ReadAll(path("a.loc")), bytes);
+    ASSERT_TRUE(file.Save(grid, path("symbolic.loc")));
+    EXPECT_TRUE(QFileInfo(path("symbolic.loc")).isSymLink());
+
+    // A save killed before its rename left its whole temporary file; the next save of the
+    // file removes it. Where no temporary file can be made, the file itself is written.
+    ASSERT_TRUE(write(path(".b.loc.saving"), "stray"));
+    ASSERT_TRUE(file.Save(grid, path("b.loc")));
+    EXPECT_FALSE(QFileInfo::exists(path(".b.loc.saving")));
+    ASSERT_TRUE(QDir(dir.path()).mkdir(".b.loc.saving"));
+    grid.Place(2, 1, std::make_unique<CPanelCell>("OR\tR"));
+    ASSERT_TRUE(file.Save(grid, path("b.loc")));
+    EXPECT_EQ(ReadAll(path("b.loc")), CLayoutFile::Write(grid));
+    EXPECT_EQ(messenger.Texts, QStringList());
 }
 
 TEST(LayoutFileOnBoard, EachWireKindTakesTheNameOfItsOwnEntry)

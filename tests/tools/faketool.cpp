@@ -52,7 +52,8 @@ int main(int argc, char** argv)
     } else if (scenario == "fail") {
         return 3;
     } else if (scenario == "print") {
-        std::printf("first line\nsecond line\n");
+        // Lines end as a Windows tool ends them; the log shows them without the CR.
+        std::printf("first line\r\nsecond line\r\n");
     } else if (scenario == "sleep") {
         const char* ms = std::getenv("QUILLON_FAKE_SLEEP_MS");
         std::this_thread::sleep_for(std::chrono::milliseconds(ms ? std::atoi(ms) : 5000));
