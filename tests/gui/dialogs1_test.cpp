@@ -214,6 +214,20 @@ TEST_F(DialogEditTest, CounterValuesAreSortedDownOnceEach)
     EXPECT_EQ(PanelAt(1, 1)->GetItemCount(), 3);
 }
 
+TEST_F(DialogEditTest, CounterTypeChoiceEnablesOkAndIsWritten)
+{
+    Place(1, 1, QStringLiteral("CNT\tX,5"));
+    ASSERT_TRUE(Edit(1, 1, [](QWidget* d) {
+        EXPECT_EQ(d->findChild<QComboBox*>("type")->currentIndex(), -1);
+        EXPECT_FALSE(Ok(d)->isEnabled());
+        Choose(d, "type", "C");
+        EXPECT_TRUE(Ok(d)->isEnabled());
+        QTest::mouseClick(Ok(d), Qt::LeftButton);
+    }));
+    EXPECT_EQ(Record("0101:"), "0101:CNT \tC,5");
+    EXPECT_EQ(PanelAt(1, 1)->GetMode(), 2);
+}
+
 TEST_F(DialogEditTest, FourDigitDisplayEditedToBit)
 {
     Place(CPanelGrid::GetOutputColumn(), 1, QStringLiteral("7SEG4"), {"PB0"});

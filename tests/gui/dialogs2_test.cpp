@@ -262,6 +262,24 @@ TEST_F(PanelDialogs, PwmDutiesAreSavedDescendingWithinTheFrequencyRange)
     EXPECT_EQ(Record("O_10:"), "O_10:PWM \t500Hz,100,50,0");
 }
 
+TEST_F(PanelDialogs, PwmWithSeveralPortsKeepsTheChosenOne)
+{
+    Place(CPanelGrid::GetOutputColumn(), 10, "PWM\t500Hz,50", {"PB1", "PB2", "PB3"});
+    bool noPortEnabled = true;
+    WhenModal([&](QDialog& d) {
+        EXPECT_EQ(Find<QComboBox>(d, "port")->currentIndex(), -1);
+        noPortEnabled = OkEnabled(d);
+        Choose(d, "port", 2);
+        EXPECT_EQ(Find<QComboBox>(d, "port")->currentText(), "PB2");
+        Click(d, "ok");
+    });
+    ASSERT_TRUE(grid.EditCell(CPanelGrid::GetOutputColumn(), 10, dialogs));
+    EXPECT_FALSE(noPortEnabled);
+    // The line keeps no port (the build takes the palette's); the panel keeps the choice.
+    EXPECT_EQ(Record("O_10:"), "O_10:PWM \t500Hz,50");
+    EXPECT_EQ(grid.GetCell(CPanelGrid::GetOutputColumn(), 10)->GetPanel()->GetPortIndex(), 1);
+}
+
 TEST_F(PanelDialogs, PwmRangeIsTheBoards)
 {
     CPwmDialog::SetFrequencyLimits(31, 62500);
