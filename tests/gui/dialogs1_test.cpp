@@ -10,6 +10,7 @@
 #include <QApplication>
 #include <QCheckBox>
 #include <QComboBox>
+#include <QLabel>
 #include <QLineEdit>
 #include <QPushButton>
 #include <QTest>
@@ -113,6 +114,24 @@ TEST_F(DialogEditTest, SwitchTakesNamePortAndLevel)
     EXPECT_EQ(Record("I_01:"), "I_01:SW  \tL,PD3\t\t;start");
     // The switch takes its new name at once.
     EXPECT_EQ(PanelAt(CPanelGrid::GetInputColumn(), 1)->GetLineComment(), "start");
+}
+
+TEST_F(DialogEditTest, NameThatCannotBeStoredIsRefused)
+{
+    Place(CPanelGrid::GetInputColumn(), 1, QStringLiteral("KEY\tH,PD2\t\t;old"), {"PD2"});
+    ASSERT_TRUE(Edit(CPanelGrid::GetInputColumn(), 1, [](QWidget* d) {
+        auto* refused = d->findChild<QLabel*>("refused");
+        ASSERT_NE(refused, nullptr);
+        EXPECT_TRUE(refused->isHidden());
+        Retype(d, "name", "a,b");
+        EXPECT_FALSE(Ok(d)->isEnabled());
+        EXPECT_FALSE(refused->isHidden());
+        Retype(d, "name", "a;b");
+        EXPECT_TRUE(Ok(d)->isEnabled());
+        EXPECT_TRUE(refused->isHidden());
+        QTest::mouseClick(Ok(d), Qt::LeftButton);
+    }));
+    EXPECT_EQ(Record("I_01:"), "I_01:KEY \tH,PD2\t\t;a;b");
 }
 
 TEST_F(DialogEditTest, LampWritesNewNameButKeepsItsComment)
@@ -318,6 +337,20 @@ TEST(TimeDialog, TwentyMinutesDropTheHundredths)
     EXPECT_TRUE(Ok(&dialog)->isEnabled());
     Retype(&dialog, "hours", "9");
     EXPECT_FALSE(Ok(&dialog)->isEnabled());
+}
+
+TEST(TimeDialog, LongHourValueShowsWholeAndIsSelected)
+{
+    auto panel = MakePanel(QStringLiteral("DLY\t360000000.00S"));
+    CTimeDialog dialog(*panel, nullptr);
+    dialog.show();
+    auto* hours = dialog.findChild<QLineEdit*>("hours");
+    EXPECT_EQ(hours->text(), "100000");
+    EXPECT_GE(hours->width(), hours->fontMetrics().horizontalAdvance(hours->text()) + 12);
+    EXPECT_FALSE(Ok(&dialog)->isEnabled());
+    EXPECT_EQ(hours->selectedText(), "100000");
+    Retype(&dialog, "hours", "8");
+    EXPECT_TRUE(Ok(&dialog)->isEnabled());
 }
 
 } // namespace

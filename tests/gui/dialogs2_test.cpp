@@ -250,6 +250,8 @@ TEST_F(PanelDialogs, PwmDutiesAreSavedDescendingWithinTheFrequencyRange)
         Type(d, "duty3", "0");
         Type(d, "frequency", "9");
         lowEnabled = OkEnabled(d);
+        Type(d, "frequency", "100x");
+        EXPECT_EQ(Find<QLineEdit>(d, "frequency")->selectedText(), "100x");
         Type(d, "frequency", "500");
         Type(d, "duty4", "101");
         overEnabled = OkEnabled(d);
@@ -330,14 +332,21 @@ TEST_F(PanelDialogs, LcdTextStopsAtSixteenCharacters)
 {
     Place(CPanelGrid::GetOutputColumn(), 20, "LCD\t3,\"\"");
     bool wasEnabled = true;
+    bool commaEnabled = true;
+    bool commaNoted = false;
     WhenModal([&](QDialog& d) {
         wasEnabled = OkEnabled(d);
         Check(d, "below");
+        Type(d, "text", "Hi, there");
+        commaEnabled = OkEnabled(d);
+        commaNoted = !Find<QLabel>(d, "refused")->isHidden();
         Type(d, "text", "ABCDEFGHIJKLMNOPQ");
         Click(d, "ok");
     });
     ASSERT_TRUE(grid.EditCell(CPanelGrid::GetOutputColumn(), 20, dialogs));
     EXPECT_FALSE(wasEnabled);
+    EXPECT_FALSE(commaEnabled);
+    EXPECT_TRUE(commaNoted);
     EXPECT_EQ(Record("O_20:"), "O_20:LCD \t2,\"ABCDEFGHIJKLMNOP\"");
 }
 
