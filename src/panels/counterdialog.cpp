@@ -44,7 +44,7 @@ void CCounterDialog::Refresh()
 {
     SetOkEnabled(m_logic.IsOkEnabled());
     // The wrong value is selected so the user sees it and types over it.
-    if (const int bad = m_logic.BadValue(); bad >= 0) {
+    if (const int bad = m_logic.WrongField(); bad >= 0) {
         m_values[bad]->setFocus();
         m_values[bad]->selectAll();
     }

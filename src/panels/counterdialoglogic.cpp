@@ -3,16 +3,9 @@
 #include "panelvalues.h"
 #include "res/stringtable.h"
 
-#include <algorithm>
-
 namespace {
 
-bool InRange(const QString& text, int& value)
-{
-    bool ok = false;
-    value = text.trimmed().toInt(&ok);
-    return ok && value >= 0 && value <= CCounterDialogLogic::MaxValue;
-}
+constexpr CFieldRange kValueRange{0, CCounterDialogLogic::MaxValue};
 
 } // namespace
 
@@ -41,31 +34,25 @@ void CCounterDialogLogic::SetType(int value)
     m_type = value == 1 || value == 2 ? value : 0;
 }
 
-int CCounterDialogLogic::BadValue() const
+int CCounterDialogLogic::WrongField() const
 {
-    int value = 0;
-    for (int i = 0; i < ValueCount; ++i)
-        if (!m_values[i].trimmed().isEmpty() && !InRange(m_values[i], value))
-            return i;
-    return -1;
+    return kValueRange.WrongField(Values());
 }
 
 bool CCounterDialogLogic::IsOkEnabled() const
 {
-    const bool any = std::any_of(std::begin(m_values), std::end(m_values),
-                                 [](const QString& v) { return !v.trimmed().isEmpty(); });
-    return m_type != 0 && any && BadValue() < 0;
+    return m_type != 0 && kValueRange.AcceptsValues(Values());
 }
 
 QStringList CCounterDialogLogic::Tokens() const
 {
     if (m_type == 0)
         return {};
-    QStringList values;
-    int value = 0;
-    for (const QString& text : m_values)
-        if (InRange(text, value))
-            values.append(QString::number(value));
     QStringList tokens = {QStringLiteral("CNT"), QLatin1String(Types()[m_type - 1].Letter)};
-    return tokens + DescendingDistinct(values);
+    return tokens + kValueRange.Values(Values());
+}
+
+QStringList CCounterDialogLogic::Values() const
+{
+    return QStringList(std::begin(m_values), std::end(m_values));
 }

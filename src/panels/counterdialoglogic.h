@@ -25,13 +25,15 @@ public:
     QString GetValue(int i) const { return m_values[i]; }
     void SetValue(int i, const QString& text) { m_values[i] = text; }
 
-    // The first value that is neither empty nor a number in range, -1 when there is none.
-    int BadValue() const;
+    // The value field to select, -1 when there is none.
+    int WrongField() const;
     bool IsOkEnabled() const;
     // "CNT", the type letter, the values as plain numbers, distinct and descending.
     QStringList Tokens() const;
 
 private:
+    QStringList Values() const;
+
     int m_type = 0;
     QString m_values[ValueCount];
 };

@@ -35,3 +35,13 @@ void CFormDialog::AddRow(QWidget* field)
 {
     m_form->addRow(field);
 }
+
+QLabel* CFormDialog::AddRefusal(int textId)
+{
+    auto* note = new QLabel(CStringTable::Get(textId), this);
+    note->setObjectName("refused");
+    note->setWordWrap(true);
+    note->hide();
+    m_form->addRow(note);
+    return note;
+}

@@ -18,6 +18,8 @@ protected:
     // mnemonic reaches the field.
     void AddRow(int labelId, QWidget* field);
     void AddRow(QWidget* field);
+    // A note, hidden until the dialog refuses what was typed, telling why.
+    QLabel* AddRefusal(int textId);
     QPushButton* OkButton() const { return m_ok; }
 
 private:

@@ -5,6 +5,7 @@
 
 #include <QButtonGroup>
 #include <QHBoxLayout>
+#include <QLabel>
 #include <QLineEdit>
 #include <QPushButton>
 #include <QRadioButton>
@@ -37,6 +38,7 @@ CLcdDialog::CLcdDialog(const CPanel& panel, QWidget* parent)
     m_text->setObjectName("text");
     m_text->setMaxLength(CLcdDialogLogic::kMaxText);
     AddRow(Ids::LblString, m_text);
+    m_refused = AddRefusal(Ids::NoteTextRefused);
     for (QRadioButton* button : {m_above, m_below, m_clear})
         connect(button, &QRadioButton::toggled, this, &CLcdDialog::Refresh);
     connect(m_text, &QLineEdit::textEdited, this, &CLcdDialog::Refresh);
@@ -51,6 +53,7 @@ void CLcdDialog::Refresh()
                                           : CLcdDialogLogic::NoMode;
     m_logic.Text = m_text->text();
     m_text->setEnabled(m_logic.IsTextEnabled());
+    m_refused->setVisible(!m_logic.IsTextValid());
     OkButton()->setEnabled(m_logic.IsOkEnabled());
 }
 

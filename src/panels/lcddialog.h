@@ -4,6 +4,7 @@
 #include "panels/lcddialoglogic.h"
 
 class CPanel;
+class QLabel;
 class QLineEdit;
 class QRadioButton;
 
@@ -24,4 +25,5 @@ private:
     QRadioButton* m_below;
     QRadioButton* m_clear;
     QLineEdit* m_text;
+    QLabel* m_refused;
 };

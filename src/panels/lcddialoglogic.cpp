@@ -1,5 +1,7 @@
 #include "lcddialoglogic.h"
 
+#include "panelvalues.h"
+
 CLcdDialogLogic::CLcdDialogLogic(const QStringList& tokens)
 {
     if (tokens.size() > 2) {
@@ -16,9 +18,14 @@ CLcdDialogLogic::CLcdDialogLogic(const QStringList& tokens)
     }
 }
 
+bool CLcdDialogLogic::IsTextValid() const
+{
+    return Mode == Clear || FitsInLine(Text, ELineText::Quoted);
+}
+
 bool CLcdDialogLogic::IsOkEnabled() const
 {
-    return Mode == Clear || ((Mode == Above || Mode == Below) && !Text.isEmpty());
+    return Mode == Clear || ((Mode == Above || Mode == Below) && !Text.isEmpty() && IsTextValid());
 }
 
 QStringList CLcdDialogLogic::Tokens() const

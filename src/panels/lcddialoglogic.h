@@ -12,6 +12,8 @@ public:
     explicit CLcdDialogLogic(const QStringList& tokens);
 
     bool IsTextEnabled() const { return Mode != Clear; }
+    // The text is not written when the display is cleared.
+    bool IsTextValid() const;
     bool IsOkEnabled() const;
     QStringList Tokens() const;
 

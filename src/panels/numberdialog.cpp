@@ -16,11 +16,18 @@ CNumberDialog::CNumberDialog(CPanel& panel, CNumberDialogLogic::EKind kind, QWid
     edit->setMaxLength(m_logic.GetMaxLength());
     AddRow(m_logic.GetLabelId(), edit);
     AddNote(m_logic.GetNoteId());
-    connect(edit, &QLineEdit::textEdited, this, [this](const QString& text) {
-        m_logic.SetText(text);
+    const auto refresh = [this, edit] {
         SetOkEnabled(m_logic.IsOkEnabled());
+        if (m_logic.IsTextWrong()) {
+            edit->selectAll();
+            edit->setFocus();
+        }
+    };
+    connect(edit, &QLineEdit::textEdited, this, [this, refresh](const QString& text) {
+        m_logic.SetText(text);
+        refresh();
     });
-    SetOkEnabled(m_logic.IsOkEnabled());
+    refresh();
 }
 
 bool CNumberDialog::Run(CPanel& panel, CNumberDialogLogic::EKind kind, QWidget* parent)

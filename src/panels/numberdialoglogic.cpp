@@ -25,19 +25,21 @@ int CNumberDialogLogic::GetNoteId() const
 void CNumberDialogLogic::SetText(const QString& text)
 {
     m_text = text;
-    m_edited = true;
+}
+
+CFieldRange CNumberDialogLogic::Range() const
+{
+    return m_kind == SerialBit ? CFieldRange{0, 7} : CFieldRange{1, 99};
 }
 
 bool CNumberDialogLogic::IsOkEnabled() const
 {
-    if (m_text.trimmed().isEmpty())
-        return false;
-    // The bit panel's own line is taken as it stands until the user types; a "-" there
-    // (no bit yet) is then saved as bit 0.
-    if (m_kind == SerialBit && !m_edited)
-        return true;
-    const int value = LeadingInt(m_text);
-    return m_kind == SerialBit ? value >= 0 && value <= 7 : value >= 1 && value <= 99;
+    return Range().Accepts(m_text);
+}
+
+bool CNumberDialogLogic::IsTextWrong() const
+{
+    return Range().IsWrong(m_text);
 }
 
 QStringList CNumberDialogLogic::Tokens() const
@@ -45,11 +47,8 @@ QStringList CNumberDialogLogic::Tokens() const
     QStringList tokens = m_tokens;
     while (tokens.size() < (m_kind == SerialBit ? 3 : 2))
         tokens.append(QString());
-    if (m_kind == SerialBit) {
-        tokens[1] = QString::number(LeadingInt(m_text.trimmed()));
+    tokens[1] = QString::number(LeadingInt(m_text));
+    if (m_kind == SerialBit)
         tokens[2] = QStringLiteral("L");
-    } else {
-        tokens[1] = m_text.trimmed();
-    }
     return tokens;
 }

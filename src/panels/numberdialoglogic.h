@@ -1,5 +1,7 @@
 #pragma once
 
+#include "panelvalues.h"
+
 #include <QString>
 #include <QStringList>
 
@@ -20,14 +22,17 @@ public:
 
     QString GetText() const { return m_text; }
     void SetText(const QString& text);
+    // A "-" the bit panel opens with (no bit yet) is no number either: a bit is to be typed.
     bool IsOkEnabled() const;
-    // The bit panel: token 1 the number as "%d" and token 2 "L"; a jump panel: token 1
-    // the text as entered.
+    // Whether the field is to be selected.
+    bool IsTextWrong() const;
+    // Token 1 the number as "%d"; the bit panel's token 2 "L".
     QStringList Tokens() const;
 
 private:
+    CFieldRange Range() const;
+
     EKind m_kind;
     QStringList m_tokens;
     QString m_text;
-    bool m_edited = false;
 };

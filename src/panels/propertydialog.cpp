@@ -55,6 +55,16 @@ void CPropertyDialog::AddNote(int textId)
     m_form->addRow(note);
 }
 
+QLabel* CPropertyDialog::AddRefusal(int textId)
+{
+    auto* note = new QLabel(CStringTable::Get(textId), this);
+    note->setObjectName(QStringLiteral("refused"));
+    note->setWordWrap(true);
+    note->hide();
+    m_form->addRow(note);
+    return note;
+}
+
 void CPropertyDialog::SetOkEnabled(bool enabled)
 {
     m_ok->setEnabled(enabled);

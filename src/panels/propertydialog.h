@@ -29,6 +29,8 @@ protected:
     QLabel* AddRow(int labelId, QWidget* field);
     void AddWidget(QWidget* widget);
     void AddNote(int textId);
+    // A note, hidden until the dialog refuses what was typed, telling why.
+    QLabel* AddRefusal(int textId);
     void SetOkEnabled(bool enabled);
     // A drop-down list of texts from the string table, each with its value as item data,
     // the entry of selectedValue chosen (none when no entry has it).

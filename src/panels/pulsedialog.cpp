@@ -7,6 +7,7 @@
 #include <QButtonGroup>
 #include <QComboBox>
 #include <QGroupBox>
+#include <QLabel>
 #include <QLineEdit>
 #include <QPushButton>
 #include <QRadioButton>
@@ -25,6 +26,7 @@ CPulseDialog::CPulseDialog(const CPanel& panel, QWidget* parent)
     m_level->addItems(CPulseDialogLogic::Levels());
     m_level->setCurrentIndex(m_logic.Level);
     AddRow(Ids::LblName, m_name);
+    m_refused = AddRefusal(Ids::NoteNameRefused);
     AddRow(Ids::LblAssignedPort, m_port);
     AddRow(Ids::LblActiveLevel, m_level);
 
@@ -59,6 +61,7 @@ void CPulseDialog::Refresh()
     m_logic.Steps = m_five->isChecked()    ? CPulseDialogLogic::FiveSteps
                     : m_three->isChecked() ? CPulseDialogLogic::ThreeSteps
                                            : CPulseDialogLogic::NoSteps;
+    m_refused->setVisible(!m_logic.IsNameValid());
     OkButton()->setEnabled(m_logic.IsOkEnabled());
 }
 

@@ -5,6 +5,7 @@
 
 class CPanel;
 class QComboBox;
+class QLabel;
 class QLineEdit;
 class QRadioButton;
 
@@ -22,6 +23,7 @@ private:
 
     CPulseDialogLogic m_logic;
     QLineEdit* m_name;
+    QLabel* m_refused;
     QComboBox* m_port;
     QComboBox* m_level;
     QRadioButton* m_five;

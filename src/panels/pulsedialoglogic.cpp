@@ -1,5 +1,7 @@
 #include "pulsedialoglogic.h"
 
+#include "panels/panelvalues.h"
+
 CPulseDialogLogic::CPulseDialogLogic(const QStringList& tokens, const CPortList& ports)
 {
     int arguments = int(tokens.size());
@@ -13,6 +15,11 @@ CPulseDialogLogic::CPulseDialogLogic(const QStringList& tokens, const CPortList&
     Level = tokens.size() >= 2 ? int(Levels().indexOf(tokens[1])) : 0;
     const int levels = arguments - 3;
     Steps = levels == 5 ? FiveSteps : levels == 3 ? ThreeSteps : NoSteps;
+}
+
+bool CPulseDialogLogic::IsNameValid() const
+{
+    return FitsInLine(Name, ELineText::Name);
 }
 
 QStringList CPulseDialogLogic::Tokens() const

@@ -14,7 +14,11 @@ public:
 
     static QStringList Levels() { return {QStringLiteral("H")}; }
 
-    bool IsOkEnabled() const { return Port >= 0 && Level >= 0 && Steps != NoSteps; }
+    bool IsNameValid() const;
+    bool IsOkEnabled() const
+    {
+        return Port >= 0 && Level >= 0 && Steps != NoSteps && IsNameValid();
+    }
     QStringList Tokens() const;
 
     QString Name;

@@ -74,10 +74,13 @@ void CPwmDialog::Refresh()
     for (int i = 0; i < m_duties.size(); ++i)
         m_logic.Duties[i] = m_duties[i]->text();
     OkButton()->setEnabled(m_logic.IsOkEnabled());
-    const int wrong = m_logic.OutOfRangeField();
-    if (wrong >= 0) {
-        m_duties[wrong]->selectAll();
-        m_duties[wrong]->setFocus();
+    const int duty = m_logic.WrongField();
+    QLineEdit* wrong = m_logic.IsFrequencyWrong() ? m_frequency
+                       : duty >= 0                ? m_duties[duty]
+                                                  : nullptr;
+    if (wrong) {
+        wrong->selectAll();
+        wrong->setFocus();
     }
 }
 

@@ -4,11 +4,7 @@
 
 namespace {
 
-bool InDutyRange(const QString& text)
-{
-    const int value = LeadingInt(text);
-    return value >= 0 && value <= 100;
-}
+constexpr CFieldRange kDutyRange{0, 100};
 
 } // namespace
 
@@ -30,40 +26,30 @@ CPwmDialogLogic::CPwmDialogLogic(const QStringList& tokens, const CPortList& por
         Duties.append(QString());
 }
 
-int CPwmDialogLogic::OutOfRangeField() const
+int CPwmDialogLogic::WrongField() const
 {
-    for (int i = 0; i < Duties.size(); ++i)
-        if (!Duties[i].trimmed().isEmpty() && !InDutyRange(Duties[i]))
-            return i;
-    return -1;
+    return kDutyRange.WrongField(Duties);
 }
 
 bool CPwmDialogLogic::IsFrequencyValid() const
 {
-    if (Frequency.trimmed().isEmpty())
-        return false;
-    const int frequency = LeadingInt(Frequency);
-    return frequency >= LowFreq && frequency <= HighFreq;
+    return CFieldRange{LowFreq, HighFreq}.Accepts(Frequency);
+}
+
+bool CPwmDialogLogic::IsFrequencyWrong() const
+{
+    return CFieldRange{LowFreq, HighFreq}.IsWrong(Frequency);
 }
 
 bool CPwmDialogLogic::IsOkEnabled() const
 {
-    if (Port < 0 || !IsFrequencyValid() || OutOfRangeField() >= 0)
-        return false;
-    for (const QString& duty : Duties)
-        if (!duty.trimmed().isEmpty())
-            return true;
-    return false;
+    return Port >= 0 && IsFrequencyValid() && kDutyRange.AcceptsValues(Duties);
 }
 
 QStringList CPwmDialogLogic::Tokens() const
 {
     if (!IsOkEnabled())
         return {};
-    QStringList numbers;
-    for (const QString& duty : Duties)
-        if (!duty.trimmed().isEmpty() && InDutyRange(duty))
-            numbers.append(QString::number(LeadingInt(duty)));
-    return QStringList{QStringLiteral("PWM"), Frequency.trimmed() + QStringLiteral("Hz")}
-           + DescendingDistinct(numbers);
+    const QString frequency = QString::number(LeadingInt(Frequency)) + QStringLiteral("Hz");
+    return QStringList{QStringLiteral("PWM"), frequency} + kDutyRange.Values(Duties);
 }

@@ -16,9 +16,11 @@ public:
     CPwmDialogLogic(const QStringList& tokens, const CPortList& ports, int lowFreq = 0,
                     int highFreq = 0);
 
-    // The first duty field holding a number outside 0...100, -1 when there is none.
-    int OutOfRangeField() const;
+    // The duty field to select, -1 when there is none.
+    int WrongField() const;
     bool IsFrequencyValid() const;
+    // Whether the frequency field is to be selected.
+    bool IsFrequencyWrong() const;
     bool IsOkEnabled() const;
     QStringList Tokens() const;
 

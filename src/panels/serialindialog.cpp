@@ -22,6 +22,7 @@ CSerialInDialog::CSerialInDialog(const CPanel& panel, QWidget* parent)
     m_name->setCursorPosition(int(m_logic.Name.size()));
     m_port = new CPortCombo(panel.GetPortList(), m_logic.Port, this);
     AddRow(Ids::LblName, m_name);
+    m_refused = AddRefusal(Ids::NoteNameRefused);
     AddRow(Ids::LblAssignedPort, m_port);
 
     m_compare = new QRadioButton(CStringTable::Get(Ids::RadCompareMode), this);
@@ -78,9 +79,10 @@ void CSerialInDialog::Refresh()
     }
     m_bits->setEnabled(m_logic.Mode == CSerialInDialogLogic::Bit);
     m_logic.BitCount = m_bits->currentIndex();
+    m_refused->setVisible(!m_logic.IsNameValid());
     OkButton()->setEnabled(m_logic.IsOkEnabled());
     if (m_logic.Mode == CSerialInDialogLogic::Compare) {
-        const int wrong = m_logic.OutOfRangeField();
+        const int wrong = m_logic.WrongField();
         if (wrong >= 0) {
             m_values[wrong]->selectAll();
             m_values[wrong]->setFocus();

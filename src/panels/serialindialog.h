@@ -5,6 +5,7 @@
 
 class CPanel;
 class QComboBox;
+class QLabel;
 class QLineEdit;
 class QRadioButton;
 
@@ -22,6 +23,7 @@ private:
 
     CSerialInDialogLogic m_logic;
     QLineEdit* m_name;
+    QLabel* m_refused;
     QComboBox* m_port;
     QRadioButton* m_compare;
     QRadioButton* m_bit;

@@ -4,11 +4,7 @@
 
 namespace {
 
-bool InByteRange(const QString& text)
-{
-    const int value = LeadingInt(text);
-    return value >= 0 && value <= 255;
-}
+constexpr CFieldRange kByteRange{0, 255};
 
 } // namespace
 
@@ -47,26 +43,23 @@ QStringList CSerialInDialogLogic::BitCounts()
     return {"1", "2", "3", "4", "5", "6", "7", "8"};
 }
 
-int CSerialInDialogLogic::OutOfRangeField() const
+int CSerialInDialogLogic::WrongField() const
 {
-    for (int i = 0; i < Values.size(); ++i)
-        if (!Values[i].trimmed().isEmpty() && !InByteRange(Values[i]))
-            return i;
-    return -1;
+    return kByteRange.WrongField(Values);
+}
+
+bool CSerialInDialogLogic::IsNameValid() const
+{
+    return FitsInLine(Name, ELineText::Name);
 }
 
 bool CSerialInDialogLogic::IsOkEnabled() const
 {
-    if (Port < 0)
+    if (Port < 0 || !IsNameValid())
         return false;
     if (Mode == Bit)
         return BitCount >= 0;
-    if (Mode != Compare || OutOfRangeField() >= 0)
-        return false;
-    for (const QString& value : Values)
-        if (!value.trimmed().isEmpty())
-            return true;
-    return false;
+    return Mode == Compare && kByteRange.AcceptsValues(Values);
 }
 
 QStringList CSerialInDialogLogic::Tokens() const
@@ -82,11 +75,7 @@ QStringList CSerialInDialogLogic::Tokens() const
     if (Mode == Bit) {
         tokens = {keyword, QStringLiteral("B"), BitCounts().value(BitCount)};
     } else {
-        QStringList numbers;
-        for (const QString& value : Values)
-            if (!value.trimmed().isEmpty() && InByteRange(value))
-                numbers.append(QString::number(LeadingInt(value)));
-        tokens = QStringList{keyword, QStringLiteral("C")} + DescendingDistinct(numbers);
+        tokens = QStringList{keyword, QStringLiteral("C")} + kByteRange.Values(Values);
     }
     if (!Name.isEmpty())
         tokens.append(u';' + Name);

@@ -16,8 +16,9 @@ public:
 
     static QStringList BitCounts();
 
-    // The first value field holding a number outside 0...255, -1 when there is none.
-    int OutOfRangeField() const;
+    // The value field to select, -1 when there is none.
+    int WrongField() const;
+    bool IsNameValid() const;
     bool IsOkEnabled() const;
     QStringList Tokens() const;
 

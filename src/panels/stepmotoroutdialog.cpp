@@ -47,6 +47,10 @@ void CStepMotorOutDialog::Refresh()
                         ? m_speed->currentIndex()
                         : -1;
     OkButton()->setEnabled(m_logic.IsOkEnabled());
+    if (m_logic.IsSpeedWrong()) {
+        m_speed->lineEdit()->selectAll();
+        m_speed->setFocus();
+    }
 }
 
 bool CStepMotorOutDialog::Run(CPanel& panel, QWidget* parent)

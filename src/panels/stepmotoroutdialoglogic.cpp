@@ -5,8 +5,7 @@
 
 namespace {
 
-constexpr int kMinSpeed = 20;
-constexpr int kMaxSpeed = 30000;
+constexpr CFieldRange kSpeedRange{20, 30000};
 
 } // namespace
 
@@ -23,7 +22,7 @@ CStepMotorOutDialogLogic::CStepMotorOutDialogLogic(const QStringList& tokens, co
               QStringLiteral("   200 "), QStringLiteral("   500 "), QStringLiteral("  1000 "),
               QStringLiteral(" 10000 "), QStringLiteral(" 30000 ")};
     const int speed = tokens.size() >= 3 ? LeadingInt(tokens[2]) : 0;
-    if (speed >= kMinSpeed) {
+    if (speed >= kSpeedRange.Low) {
         const QString text = (QStringLiteral("     ") + QString::number(speed) + u' ').right(7);
         for (int i = 0; i < Speeds.size() && Speed < 0; ++i)
             if (Speeds[i].startsWith(text))
@@ -43,10 +42,12 @@ QStringList CStepMotorOutDialogLogic::ModeTexts()
 
 bool CStepMotorOutDialogLogic::IsSpeedValid() const
 {
-    if (SpeedText.isEmpty())
-        return Speed >= 0;
-    const int speed = LeadingInt(SpeedText);
-    return speed >= kMinSpeed && speed <= kMaxSpeed;
+    return SpeedText.isEmpty() ? Speed >= 0 : kSpeedRange.Accepts(SpeedText);
+}
+
+bool CStepMotorOutDialogLogic::IsSpeedWrong() const
+{
+    return kSpeedRange.IsWrong(SpeedText);
 }
 
 QStringList CStepMotorOutDialogLogic::Tokens() const
@@ -54,5 +55,5 @@ QStringList CStepMotorOutDialogLogic::Tokens() const
     if (!IsOkEnabled())
         return {};
     const QString speed = SpeedText.isEmpty() ? Speeds.value(Speed) : SpeedText;
-    return {QStringLiteral("SMOTO"), QString::number(Mode + 1), speed.trimmed()};
+    return {QStringLiteral("SMOTO"), QString::number(Mode + 1), QString::number(LeadingInt(speed))};
 }

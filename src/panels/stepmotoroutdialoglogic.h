@@ -15,6 +15,8 @@ public:
 
     // A typed speed counts; an empty text counts only while a suggestion is selected.
     bool IsSpeedValid() const;
+    // Whether the speed field is to be selected.
+    bool IsSpeedWrong() const;
     bool IsOkEnabled() const { return Port >= 0 && Mode >= 0 && IsSpeedValid(); }
     QStringList Tokens() const;
 

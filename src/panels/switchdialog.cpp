@@ -6,6 +6,7 @@
 #include "switchpanel.h"
 
 #include <QComboBox>
+#include <QLabel>
 #include <QLineEdit>
 
 namespace {
@@ -32,13 +33,24 @@ CSwitchDialog::CSwitchDialog(CPanel& panel, QWidget* parent)
     m_level->addItems(CSwitchDialogLogic::Levels());
     m_level->setCurrentIndex(m_logic.GetLevelIndex());
     AddRow(Ids::LblName, m_name);
+    m_refused = AddRefusal(Ids::NoteNameRefused);
     AddRow(Ids::LblAssignedPort, m_port);
     AddRow(Ids::LblActiveLevel, m_level);
-    connect(m_name, &QLineEdit::textChanged, this, [this](const QString& t) { m_logic.SetName(t); });
+    connect(m_name, &QLineEdit::textChanged, this, [this](const QString& t) {
+        m_logic.SetName(t);
+        Refresh();
+    });
     connect(m_port, &QComboBox::currentIndexChanged, this,
             [this](int i) { m_logic.SetPortIndex(i); });
     connect(m_level, &QComboBox::currentIndexChanged, this,
             [this](int i) { m_logic.SetLevelIndex(i); });
+    Refresh();
+}
+
+void CSwitchDialog::Refresh()
+{
+    m_refused->setVisible(!m_logic.IsNameValid());
+    SetOkEnabled(m_logic.IsOkEnabled());
 }
 
 bool CSwitchDialog::Run(CPanel& panel, QWidget* parent)
@@ -48,6 +60,8 @@ bool CSwitchDialog::Run(CPanel& panel, QWidget* parent)
 
 bool CSwitchDialog::Commit()
 {
+    if (!m_logic.IsOkEnabled())
+        return false;
     m_panel->AcceptProperties(m_logic.Tokens(), m_logic.GetPortIndex());
     return true;
 }

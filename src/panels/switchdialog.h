@@ -4,6 +4,7 @@
 #include "switchdialoglogic.h"
 
 class QComboBox;
+class QLabel;
 class QLineEdit;
 
 // "Switch Setting" of the switch and the lamp.
@@ -19,8 +20,11 @@ protected:
     bool Commit() override;
 
 private:
+    void Refresh();
+
     CSwitchDialogLogic m_logic;
     QLineEdit* m_name;
+    QLabel* m_refused;
     QComboBox* m_port;
     QComboBox* m_level;
 };

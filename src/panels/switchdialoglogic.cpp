@@ -1,5 +1,7 @@
 #include "switchdialoglogic.h"
 
+#include "panelvalues.h"
+
 CSwitchDialogLogic::CSwitchDialogLogic(const QStringList& tokens, const CPortList& ports,
                                        const QString& initialName)
     : m_tokens(tokens), m_ports(ports), m_name(initialName)
@@ -15,6 +17,11 @@ CSwitchDialogLogic::CSwitchDialogLogic(const QStringList& tokens, const CPortLis
 QStringList CSwitchDialogLogic::Levels()
 {
     return {QStringLiteral("H"), QStringLiteral("L")};
+}
+
+bool CSwitchDialogLogic::IsNameValid() const
+{
+    return FitsInLine(m_name, ELineText::Name);
 }
 
 QStringList CSwitchDialogLogic::Tokens() const

@@ -26,6 +26,8 @@ public:
     int GetLevelIndex() const { return m_levelIndex; }
     void SetLevelIndex(int index) { m_levelIndex = index; }
 
+    bool IsNameValid() const;
+    bool IsOkEnabled() const { return IsNameValid(); }
     // Level, port and ";name" written in place into tokens 1 to 3.
     QStringList Tokens() const;
 

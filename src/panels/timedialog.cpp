@@ -34,8 +34,11 @@ void CTimeDialog::Build()
         const auto field = CTimeDialogLogic::EField(f);
         QLineEdit* edit = m_edits[f] = new QLineEdit(m_logic.GetField(field), fields);
         edit->setObjectName(QLatin1String(names[f]));
-        edit->setMaxLength(CTimeDialogLogic::MaxLength(field));
-        edit->setFixedWidth(edit->fontMetrics().horizontalAdvance(QStringLiteral("000")) + 12);
+        const int length = m_logic.MaxLength(field);
+        edit->setMaxLength(length);
+        // A digit to spare beside the longest value, at least three.
+        const QString widest(qMax(3, length + 1), u'0');
+        edit->setFixedWidth(edit->fontMetrics().horizontalAdvance(widest) + 12);
         row->addWidget(edit);
         row->addWidget(new QLabel(units[f], fields));
         connect(edit, &QLineEdit::textEdited, this, [this, field](const QString& text) {
@@ -61,6 +64,10 @@ void CTimeDialog::Refresh()
         hundredths->setText(text);
     hundredths->setEnabled(m_logic.IsHundredthsEnabled());
     SetOkEnabled(m_logic.IsOkEnabled());
+    if (const int wrong = m_logic.WrongField(); wrong >= 0) {
+        m_edits[wrong]->selectAll();
+        m_edits[wrong]->setFocus();
+    }
 }
 
 bool CTimeDialog::Run(CPanel& panel, QWidget* parent)

@@ -23,9 +23,16 @@ void CTimeDialogLogic::SetField(EField field, const QString& text)
     Apply();
 }
 
+int CTimeDialogLogic::MaxLength(EField field) const
+{
+    return qMax(field == Hours ? 1 : 2, int(m_fields[field].size()));
+}
+
 void CTimeDialogLogic::FinishHundredths()
 {
-    m_fields[Hundredths] = QString::asprintf("%02d", Value(Hundredths));
+    // Only a number is reformatted: "x" would otherwise turn into an accepted "00".
+    if (Range(Hundredths).Accepts(m_fields[Hundredths]))
+        m_fields[Hundredths] = QString::asprintf("%02d", Value(Hundredths));
     Apply();
 }
 
@@ -36,11 +43,20 @@ bool CTimeDialogLogic::IsHundredthsEnabled() const
 
 bool CTimeDialogLogic::IsOkEnabled() const
 {
-    const int h = Value(Hours), m = Value(Minutes), s = Value(Seconds);
-    if (h >= 9 || m >= 60 || s >= 60 || h < 0 || m < 0 || s < 0)
-        return false;
+    for (int f = 0; f < FieldCount; ++f)
+        if (!m_fields[f].trimmed().isEmpty() && !Range(EField(f)).Accepts(m_fields[f]))
+            return false;
     // 0.05 s is the shortest time the grid can hold.
-    return h != 0 || m != 0 || s != 0 || Value(Hundredths) >= 5;
+    return Value(Hours) != 0 || Value(Minutes) != 0 || Value(Seconds) != 0
+           || Value(Hundredths) >= 5;
+}
+
+int CTimeDialogLogic::WrongField() const
+{
+    for (int f = 0; f < FieldCount; ++f)
+        if (Range(EField(f)).IsWrong(m_fields[f]))
+            return f;
+    return -1;
 }
 
 QString CTimeDialogLogic::Text() const
@@ -55,6 +71,12 @@ QStringList CTimeDialogLogic::DelayTokens(const QStringList& tokens) const
         result.append(QString());
     result[1] = CTimeText::FromText(Text()).Token();
     return result;
+}
+
+CFieldRange CTimeDialogLogic::Range(EField field)
+{
+    static const CFieldRange ranges[FieldCount] = {{0, 8}, {0, 59}, {0, 59}, {0, 99}};
+    return ranges[field];
 }
 
 int CTimeDialogLogic::Value(EField field) const

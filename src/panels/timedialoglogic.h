@@ -1,5 +1,6 @@
 #pragma once
 
+#include "panelvalues.h"
 #include "timetext.h"
 
 #include <QString>
@@ -17,7 +18,9 @@ public:
     // The delay's dialog: its time token read into the dialog's text.
     static CTimeDialogLogic ForDelay(const QStringList& tokens);
 
-    static int MaxLength(EField field) { return field == Hours ? 1 : 2; }
+    // One character of hours and two of the others, or as many as the field holds when the
+    // dialog opens, so that a longer value read from a line shows whole (and is refused).
+    int MaxLength(EField field) const;
 
     QString GetField(EField field) const { return m_fields[field]; }
     // Takes a typed text and runs the rules again.
@@ -27,7 +30,10 @@ public:
     void FinishHundredths();
 
     bool IsHundredthsEnabled() const;
+    // Every field empty (read as 0) or a number in its range, and not below 0.05 s.
     bool IsOkEnabled() const;
+    // The field to select, -1 when there is none.
+    int WrongField() const;
 
     // "%02d%02d%02d.%02d" of the four fields, as the dialog hands it back.
     QString Text() const;
@@ -35,6 +41,7 @@ public:
     QStringList DelayTokens(const QStringList& tokens) const;
 
 private:
+    static CFieldRange Range(EField field);
     int Value(EField field) const;
     void Apply();
 

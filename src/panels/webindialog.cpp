@@ -4,6 +4,7 @@
 #include "res/stringtable.h"
 
 #include <QComboBox>
+#include <QLabel>
 #include <QLineEdit>
 #include <QPushButton>
 
@@ -17,6 +18,7 @@ CWebInDialog::CWebInDialog(const CPanel& panel, QWidget* parent)
     m_bits->addItems(CWebInDialogLogic::BitCounts());
     m_bits->setCurrentIndex(m_logic.BitCount);
     AddRow(Ids::LblName, m_name);
+    m_refused = AddRefusal(Ids::NoteNameRefused);
     AddRow(Ids::LblNumberOfBits, m_bits);
     connect(m_name, &QLineEdit::textEdited, this, &CWebInDialog::Refresh);
     connect(m_bits, &QComboBox::currentIndexChanged, this, &CWebInDialog::Refresh);
@@ -27,6 +29,7 @@ void CWebInDialog::Refresh()
 {
     m_logic.Name = m_name->text();
     m_logic.BitCount = m_bits->currentIndex();
+    m_refused->setVisible(!m_logic.IsNameValid());
     OkButton()->setEnabled(m_logic.IsOkEnabled());
 }
 

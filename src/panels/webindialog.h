@@ -5,6 +5,7 @@
 
 class CPanel;
 class QComboBox;
+class QLabel;
 class QLineEdit;
 
 // The WEB-in panel's "WEB-in Stting".
@@ -21,5 +22,6 @@ private:
 
     CWebInDialogLogic m_logic;
     QLineEdit* m_name;
+    QLabel* m_refused;
     QComboBox* m_bits;
 };

@@ -16,6 +16,11 @@ QStringList CWebInDialogLogic::BitCounts()
     return {"1", "2", "3", "4", "5", "6", "7", "8", "9", "10"};
 }
 
+bool CWebInDialogLogic::IsNameValid() const
+{
+    return FitsInLine(Name, ELineText::Name);
+}
+
 QStringList CWebInDialogLogic::Tokens() const
 {
     if (!IsOkEnabled())

@@ -10,7 +10,8 @@ public:
 
     static QStringList BitCounts();
 
-    bool IsOkEnabled() const { return BitCount >= 0; }
+    bool IsNameValid() const;
+    bool IsOkEnabled() const { return BitCount >= 0 && IsNameValid(); }
     QStringList Tokens() const;
 
     QString Name;

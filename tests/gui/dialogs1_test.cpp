@@ -10,6 +10,7 @@
 #include <QApplication>
 #include <QCheckBox>
 #include <QComboBox>
+#include <QLabel>
 #include <QLineEdit>
 #include <QPushButton>
 #include <QTest>
@@ -115,6 +116,24 @@ TEST_F(DialogEditTest, SwitchTakesNamePortAndLevel)
     EXPECT_EQ(PanelAt(CPanelGrid::GetInputColumn(), 1)->GetLineComment(), "start");
 }
 
+TEST_F(DialogEditTest, NameThatCannotBeStoredIsRefused)
+{
+    Place(CPanelGrid::GetInputColumn(), 1, QStringLiteral("KEY\tH,PD2\t\t;old"), {"PD2"});
+    ASSERT_TRUE(Edit(CPanelGrid::GetInputColumn(), 1, [](QWidget* d) {
+        auto* refused = d->findChild<QLabel*>("refused");
+        ASSERT_NE(refused, nullptr);
+        EXPECT_TRUE(refused->isHidden());
+        Retype(d, "name", "a,b");
+        EXPECT_FALSE(Ok(d)->isEnabled());
+        EXPECT_FALSE(refused->isHidden());
+        Retype(d, "name", "a;b");
+        EXPECT_TRUE(Ok(d)->isEnabled());
+        EXPECT_TRUE(refused->isHidden());
+        QTest::mouseClick(Ok(d), Qt::LeftButton);
+    }));
+    EXPECT_EQ(Record("I_01:"), "I_01:KEY \tH,PD2\t\t;a;b");
+}
+
 TEST_F(DialogEditTest, LampWritesNewNameButKeepsItsComment)
 {
     Place(CPanelGrid::GetOutputColumn(), 1, QStringLiteral("LAMP\tH,PD2\t\t;old"), {"PD2", "PD3"});
@@ -214,6 +233,20 @@ TEST_F(DialogEditTest, CounterValuesAreSortedDownOnceEach)
     EXPECT_EQ(PanelAt(1, 1)->GetItemCount(), 3);
 }
 
+TEST_F(DialogEditTest, CounterTypeChoiceEnablesOkAndIsWritten)
+{
+    Place(1, 1, QStringLiteral("CNT\tX,5"));
+    ASSERT_TRUE(Edit(1, 1, [](QWidget* d) {
+        EXPECT_EQ(d->findChild<QComboBox*>("type")->currentIndex(), -1);
+        EXPECT_FALSE(Ok(d)->isEnabled());
+        Choose(d, "type", "C");
+        EXPECT_TRUE(Ok(d)->isEnabled());
+        QTest::mouseClick(Ok(d), Qt::LeftButton);
+    }));
+    EXPECT_EQ(Record("0101:"), "0101:CNT \tC,5");
+    EXPECT_EQ(PanelAt(1, 1)->GetMode(), 2);
+}
+
 TEST_F(DialogEditTest, FourDigitDisplayEditedToBit)
 {
     Place(CPanelGrid::GetOutputColumn(), 1, QStringLiteral("7SEG4"), {"PB0"});
@@ -304,6 +337,20 @@ TEST(TimeDialog, TwentyMinutesDropTheHundredths)
     EXPECT_TRUE(Ok(&dialog)->isEnabled());
     Retype(&dialog, "hours", "9");
     EXPECT_FALSE(Ok(&dialog)->isEnabled());
+}
+
+TEST(TimeDialog, LongHourValueShowsWholeAndIsSelected)
+{
+    auto panel = MakePanel(QStringLiteral("DLY\t360000000.00S"));
+    CTimeDialog dialog(*panel, nullptr);
+    dialog.show();
+    auto* hours = dialog.findChild<QLineEdit*>("hours");
+    EXPECT_EQ(hours->text(), "100000");
+    EXPECT_GE(hours->width(), hours->fontMetrics().horizontalAdvance(hours->text()) + 12);
+    EXPECT_FALSE(Ok(&dialog)->isEnabled());
+    EXPECT_EQ(hours->selectedText(), "100000");
+    Retype(&dialog, "hours", "8");
+    EXPECT_TRUE(Ok(&dialog)->isEnabled());
 }
 
 } // namespace

@@ -251,6 +251,8 @@ TEST_F(PanelDialogs, PwmDutiesAreSavedDescendingWithinTheFrequencyRange)
         Type(d, "duty3", "0");
         Type(d, "frequency", "9");
         lowEnabled = OkEnabled(d);
+        Type(d, "frequency", "100x");
+        EXPECT_EQ(Find<QLineEdit>(d, "frequency")->selectedText(), "100x");
         Type(d, "frequency", "500");
         Type(d, "duty4", "101");
         overEnabled = OkEnabled(d);
@@ -261,6 +263,24 @@ TEST_F(PanelDialogs, PwmDutiesAreSavedDescendingWithinTheFrequencyRange)
     EXPECT_FALSE(lowEnabled);
     EXPECT_FALSE(overEnabled);
     EXPECT_EQ(Record("O_10:"), "O_10:PWM \t500Hz,100,50,0");
+}
+
+TEST_F(PanelDialogs, PwmWithSeveralPortsKeepsTheChosenOne)
+{
+    Place(CPanelGrid::GetOutputColumn(), 10, "PWM\t500Hz,50", {"PB1", "PB2", "PB3"});
+    bool noPortEnabled = true;
+    WhenModal([&](QDialog& d) {
+        EXPECT_EQ(Find<QComboBox>(d, "port")->currentIndex(), -1);
+        noPortEnabled = OkEnabled(d);
+        Choose(d, "port", 2);
+        EXPECT_EQ(Find<QComboBox>(d, "port")->currentText(), "PB2");
+        Click(d, "ok");
+    });
+    ASSERT_TRUE(grid.EditCell(CPanelGrid::GetOutputColumn(), 10, dialogs));
+    EXPECT_FALSE(noPortEnabled);
+    // The line keeps no port (the build takes the palette's); the panel keeps the choice.
+    EXPECT_EQ(Record("O_10:"), "O_10:PWM \t500Hz,50");
+    EXPECT_EQ(grid.GetCell(CPanelGrid::GetOutputColumn(), 10)->GetPanel()->GetPortIndex(), 1);
 }
 
 TEST_F(PanelDialogs, PwmRangeIsTheBoards)
@@ -313,14 +333,21 @@ TEST_F(PanelDialogs, LcdTextStopsAtSixteenCharacters)
 {
     Place(CPanelGrid::GetOutputColumn(), 20, "LCD\t3,\"\"");
     bool wasEnabled = true;
+    bool commaEnabled = true;
+    bool commaNoted = false;
     WhenModal([&](QDialog& d) {
         wasEnabled = OkEnabled(d);
         Check(d, "below");
+        Type(d, "text", "Hi, there");
+        commaEnabled = OkEnabled(d);
+        commaNoted = !Find<QLabel>(d, "refused")->isHidden();
         Type(d, "text", "ABCDEFGHIJKLMNOPQ");
         Click(d, "ok");
     });
     ASSERT_TRUE(grid.EditCell(CPanelGrid::GetOutputColumn(), 20, dialogs));
     EXPECT_FALSE(wasEnabled);
+    EXPECT_FALSE(commaEnabled);
+    EXPECT_TRUE(commaNoted);
     EXPECT_EQ(Record("O_20:"), "O_20:LCD \t2,\"ABCDEFGHIJKLMNOP\"");
 }
 

@@ -375,7 +375,7 @@ TEST_P(CounterDialogRules, DecideOkAndTokens)
     for (int i = 0; i < values.size(); ++i)
         logic.SetValue(i, values[i]);
     EXPECT_EQ(logic.IsOkEnabled(), c.Ok);
-    EXPECT_EQ(logic.BadValue(), c.Bad);
+    EXPECT_EQ(logic.WrongField(), c.Bad);
     if (c.Ok) {
         EXPECT_EQ(logic.Tokens(), Split(c.Tokens));
     }
@@ -507,7 +507,8 @@ INSTANTIATE_TEST_SUITE_P(
     Fields, NumberDialogRules,
     testing::Values(
         NumberCase{"BitKeptAsOpened", K::SerialBit, "UART|3|L", -1, "3", true, nullptr, true, "UART|3|L"},
-        NumberCase{"BitDashSavedAsZero", K::SerialBit, "UART|-", -1, "-", true, nullptr, true, "UART|0|L"},
+        NumberCase{"BitDashMustBeReplaced", K::SerialBit, "UART|-", -1, "-", false, "0", true,
+                   "UART|0|L"},
         NumberCase{"BitWithoutTokenStartsEmpty", K::SerialBit, "UART0", -1, "", false, "7", true, "UART0|7|L"},
         NumberCase{"BitEightRefused", K::SerialBit, "UART|1|L", -1, "1", true, "8", false, ""},
         NumberCase{"BitEmptiedRefused", K::SerialBit, "UART|1|L", -1, "1", true, "", false, ""},

@@ -1,15 +1,22 @@
+#include "panels/counterdialoglogic.h"
 #include "panels/lcddialoglogic.h"
+#include "panels/numberdialoglogic.h"
 #include "panels/pulsedialoglogic.h"
 #include "panels/pwmdialoglogic.h"
 #include "panels/serialindialoglogic.h"
 #include "panels/serialoutdialoglogic.h"
 #include "panels/stepmotordialoglogic.h"
 #include "panels/stepmotoroutdialoglogic.h"
+#include "panels/switchdialoglogic.h"
+#include "panels/timedialoglogic.h"
 #include "panels/webindialoglogic.h"
 #include "panels/paneltest.h"
 #include "res/stringtable.h"
 
 #include <gtest/gtest.h>
+
+#include <functional>
+#include <map>
 
 namespace {
 
@@ -156,7 +163,7 @@ TEST_P(SerialInDialog, Saves)
             logic.Values[i] = typed.value(i);
     }
     logic.BitCount = c.BitCount;
-    EXPECT_EQ(logic.OutOfRangeField(), c.OutOfRange);
+    EXPECT_EQ(logic.WrongField(), c.OutOfRange);
     EXPECT_EQ(logic.IsOkEnabled(), *c.Saved != 0);
     EXPECT_EQ(logic.Tokens().join(u','), QString::fromUtf8(c.Saved));
 }
@@ -286,7 +293,7 @@ TEST_P(PwmDialog, Saves)
     const QStringList typed = Split(c.Duties);
     for (int i = 0; i < CPwmDialogLogic::kDutyFields; ++i)
         logic.Duties[i] = typed.value(i);
-    EXPECT_EQ(logic.OutOfRangeField(), c.OutOfRange);
+    EXPECT_EQ(logic.WrongField(), c.OutOfRange);
     EXPECT_EQ(logic.IsOkEnabled(), *c.Saved != 0);
     EXPECT_EQ(logic.Tokens().join(u','), QString::fromUtf8(c.Saved));
 }
@@ -391,5 +398,227 @@ INSTANTIATE_TEST_SUITE_P(
                     LcdCase{"ClearLineOpensEmptyAndNeedsText", "LCD,0,\"\"", CLcdDialogLogic::Clear, "",
                             CLcdDialogLogic::Above, ""}),
     [](const auto& info) { return std::string(info.param.Name); });
+
+// --- Rules every dialog shares -----------------------------------------------------------
+
+// What a dialog does with one typed number: takes it, refuses it with OK disabled, or also
+// selects the field for the user to type over.
+enum EVerdict { Accepted, Refused, Selected };
+
+template <class Logic>
+EVerdict Verdict(const Logic& logic, bool selected)
+{
+    return logic.IsOkEnabled() ? Accepted : selected ? Selected : Refused;
+}
+
+using NumberField = std::function<EVerdict(const QString&)>;
+
+NumberField TimeField(CTimeDialogLogic::EField field)
+{
+    return [field](const QString& text) {
+        CTimeDialogLogic logic(QStringLiteral("000001.00"));
+        logic.SetField(field, text);
+        return Verdict(logic, logic.WrongField() == field);
+    };
+}
+
+// Each numeric field of every dialog, typed into a dialog whose other fields are valid.
+const std::map<std::string, NumberField>& NumberFields()
+{
+    static const CPortList one = Ports({"PB1(RxD6)"});
+    static const std::map<std::string, NumberField> fields = {
+        {"CounterValue",
+         [](const QString& text) {
+             CCounterDialogLogic logic(Split("CNT,H,5"));
+             logic.SetValue(1, text);
+             return Verdict(logic, logic.WrongField() == 1);
+         }},
+        {"SerialValue",
+         [](const QString& text) {
+             CSerialInDialogLogic logic(Split("UARI,C,5"), one);
+             logic.Values[1] = text;
+             return Verdict(logic, logic.WrongField() == 1);
+         }},
+        {"PwmDuty",
+         [](const QString& text) {
+             CPwmDialogLogic logic(Split("PWM,100Hz,50"), one);
+             logic.Duties[1] = text;
+             return Verdict(logic, logic.WrongField() == 1);
+         }},
+        {"PwmFrequency",
+         [](const QString& text) {
+             CPwmDialogLogic logic(Split("PWM,100Hz,50"), one);
+             logic.Frequency = text;
+             return Verdict(logic, logic.IsFrequencyWrong());
+         }},
+        {"MotorSpeed",
+         [](const QString& text) {
+             CStepMotorOutDialogLogic logic(Split("SMOTO,1"), one);
+             logic.SpeedText = text;
+             return Verdict(logic, logic.IsSpeedWrong());
+         }},
+        {"SerialBit",
+         [](const QString& text) {
+             CNumberDialogLogic logic(CNumberDialogLogic::SerialBit, Split("UART,3,L"), -1);
+             logic.SetText(text);
+             return Verdict(logic, logic.IsTextWrong());
+         }},
+        {"JumpId",
+         [](const QString& text) {
+             CNumberDialogLogic logic(CNumberDialogLogic::Jump, Split("JPI,7,L"), 7);
+             logic.SetText(text);
+             return Verdict(logic, logic.IsTextWrong());
+         }},
+        {"Hours", TimeField(CTimeDialogLogic::Hours)},
+        {"Minutes", TimeField(CTimeDialogLogic::Minutes)},
+        {"Seconds", TimeField(CTimeDialogLogic::Seconds)},
+        {"Hundredths", TimeField(CTimeDialogLogic::Hundredths)},
+    };
+    return fields;
+}
+
+TEST(NumericFields, TakeOnlyNumbersInTheirRange)
+{
+    const struct
+    {
+        const char* Field;
+        const char* Text;
+        EVerdict Expected;
+    } rows[] = {
+        {"CounterValue", "32767", Accepted},  {"CounterValue", " 12 ", Accepted},
+        {"CounterValue", "", Accepted},       {"CounterValue", "x", Selected},
+        {"CounterValue", "-", Selected},      {"CounterValue", "1 2", Selected},
+        {"CounterValue", "32768", Selected},  {"SerialValue", "255", Accepted},
+        {"SerialValue", "x", Selected},       {"SerialValue", "-", Selected},
+        {"SerialValue", "256", Selected},     {"PwmDuty", "100", Accepted},
+        {"PwmDuty", "x", Selected},           {"PwmDuty", "-", Selected},
+        {"PwmDuty", "101", Selected},         {"PwmFrequency", " 500 ", Accepted},
+        {"PwmFrequency", "100x", Selected},   {"PwmFrequency", "81921", Selected},
+        {"PwmFrequency", "9", Refused},       {"PwmFrequency", "", Refused},
+        {"MotorSpeed", "25", Accepted},       {"MotorSpeed", "25x", Selected},
+        {"MotorSpeed", "30001", Selected},    {"MotorSpeed", "2", Refused},
+        {"SerialBit", "7", Accepted},         {"SerialBit", "x", Selected},
+        {"SerialBit", "-", Selected},         {"SerialBit", "8", Selected},
+        {"SerialBit", "", Refused},           {"JumpId", "99", Accepted},
+        {"JumpId", "9x", Selected},           {"JumpId", "+9", Selected},
+        {"JumpId", "100", Selected},          {"JumpId", "0", Refused},
+        {"Hours", "8", Accepted},             {"Hours", "", Accepted},
+        {"Hours", "x", Selected},             {"Hours", "12", Selected},
+        {"Minutes", "59", Accepted},          {"Minutes", "5m", Selected},
+        {"Minutes", "60", Selected},          {"Seconds", "-", Selected},
+        {"Hundredths", "99", Accepted},       {"Hundredths", "x", Selected},
+    };
+    for (const auto& row : rows) {
+        SCOPED_TRACE(std::string(row.Field) + " \"" + row.Text + "\"");
+        EXPECT_EQ(NumberFields().at(row.Field)(QString::fromUtf8(row.Text)), row.Expected);
+    }
+}
+
+TEST(NumericFields, AreWrittenAsPlainNumbers)
+{
+    CPwmDialogLogic pwm(Split("PWM,100Hz,50"), Ports({"PB1"}));
+    pwm.Frequency = " 0500 ";
+    pwm.Duties[0] = " 050";
+    EXPECT_EQ(pwm.Tokens(), Split("PWM,500Hz,50"));
+    CStepMotorOutDialogLogic motor(Split("SMOTO,1"), Ports({"PB1"}));
+    motor.SpeedText = "0025";
+    EXPECT_EQ(motor.Tokens(), Split("SMOTO,1,25"));
+    CNumberDialogLogic jump(CNumberDialogLogic::Jump, Split("JPO,7,R"), 7);
+    jump.SetText(" 09");
+    EXPECT_EQ(jump.Tokens(), Split("JPO,9,R"));
+}
+
+// Every name and text a dialog takes: set through the dialog, written as a line, read back
+// through the factory and the dialog again.
+struct TextField
+{
+    const char* Name;
+    bool Quoted; // the LCD's text is written between quotes, so its blanks are kept
+    std::function<QStringList(const QString&)> Write; // the tokens, empty while OK is off
+    std::function<QString(const CPanel&)> Read;
+};
+
+template <class Logic>
+QStringList OkTokens(const Logic& logic)
+{
+    return logic.IsOkEnabled() ? logic.Tokens() : QStringList();
+}
+
+const QList<TextField>& TextFields()
+{
+    static const CPortList ports = Ports({"PB1(RxD6)"});
+    const auto digital = [](const char* keyword) {
+        return TextField{keyword, false,
+                         [keyword](const QString& text) {
+                             CSwitchDialogLogic logic(Split(keyword) + Split("H,PB1(RxD6)"), ports);
+                             logic.SetName(text);
+                             return OkTokens(logic);
+                         },
+                         [](const CPanel& panel) {
+                             const QString comment = panel.GetLineComment();
+                             return CSwitchDialogLogic(panel.GetTokens(), ports, comment).GetName();
+                         }};
+    };
+    static const QList<TextField> fields = {
+        digital("KEY"),
+        digital("LAMP"),
+        {"UARI", false,
+         [](const QString& text) {
+             CSerialInDialogLogic logic(Split("UARI,C,5"), ports);
+             logic.Name = text;
+             return OkTokens(logic);
+         },
+         [](const CPanel& panel) { return CSerialInDialogLogic(panel.GetTokens(), ports).Name; }},
+        {"PULS", false,
+         [](const QString& text) {
+             CPulseDialogLogic logic(Split("PULS,H,PB1(RxD6),100,50,0"), ports);
+             logic.Name = text;
+             return OkTokens(logic);
+         },
+         [](const CPanel& panel) { return CPulseDialogLogic(panel.GetTokens(), ports).Name; }},
+        {"WEBIN", false,
+         [](const QString& text) {
+             CWebInDialogLogic logic(Split("WEBIN,8"));
+             logic.Name = text;
+             return OkTokens(logic);
+         },
+         [](const CPanel& panel) { return CWebInDialogLogic(panel.GetTokens()).Name; }},
+        {"LCD", true,
+         [](const QString& text) {
+             CLcdDialogLogic logic(Split("LCD,1,\"x\""));
+             logic.Text = text;
+             return OkTokens(logic);
+         },
+         [](const CPanel& panel) { return CLcdDialogLogic(panel.GetTokens()).Text; }},
+    };
+    return fields;
+}
+
+TEST(TextFields, ComeBackExactlyOrAreRefused)
+{
+    const struct
+    {
+        const char* Text;
+        bool Name;   // accepted as a name
+        bool Quoted; // accepted as the LCD's text
+    } rows[] = {
+        {"Hi there", true, true}, {"Hi, there", false, false}, {"a,b", false, false},
+        {"a\tb", false, false},   {"a\r\nb", false, false},    {"a\nb", false, false},
+        {"a;b", true, true},      {";a", true, true},          {" lead", true, true},
+        {"trail ", false, true},  {"\"q\"", true, true},       {"\u540d\u524d", true, true},
+    };
+    for (const TextField& field : TextFields())
+        for (const auto& row : rows) {
+            const QString text = QString::fromUtf8(row.Text);
+            SCOPED_TRACE(std::string(field.Name) + " \"" + row.Text + "\"");
+            const QStringList tokens = field.Write(text);
+            EXPECT_EQ(!tokens.isEmpty(), field.Quoted ? row.Quoted : row.Name);
+            if (tokens.isEmpty())
+                continue;
+            const auto panel = MakePanel(CPanel::JoinLine(tokens), {"PB1(RxD6)"});
+            ASSERT_TRUE(panel);
+            EXPECT_EQ(field.Read(*panel), text);
+        }
+}
 
 } // namespace
