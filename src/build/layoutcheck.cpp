@@ -82,13 +82,19 @@ private:
 
     void CheckCapacity()
     {
-        if (m_grid.GetLimitFlag() && m_grid.GetWeightedTotal() > CPanelGrid::GetCapacity())
+        if (m_grid.GetLimitFlag() && m_grid.IsOverCapacity())
             Add(CStringTable::Get(Ids::MsgOverLimit));
     }
 
     void CheckProperties()
     {
         m_cells.ForEachPanel([this](const CPanel& panel, int column, int row) {
+            // A gate or wire whose line names no kind has no sides and no picture: without
+            // this it would pass every other check unseen.
+            if (panel.GetBitmapId() == CPanel::NoPanel) {
+                Add(CStringTable::Format(Ids::CheckUnknownKind, {panel.GetName(), column, row, panel.GetText()}));
+                return;
+            }
             if (!panel.IsEnabled() || !panel.IsIncomplete())
                 return;
             Add(column < 0 ? SideName(panel, Ids::CheckSideProperties)

@@ -4,6 +4,10 @@
 #include "panelgrid.h"
 #include "res/stringtable.h"
 
+#include <QStringList>
+
+#include <algorithm>
+
 CGridClipboard::CGridClipboard(CPanelGrid& grid, IMessenger& messenger)
     : m_grid(grid), m_messenger(messenger)
 {
@@ -28,6 +32,19 @@ int CGridClipboard::GetHeight() const
     return IsEmpty() ? 0 : m_end.Row - m_origin.Row + 1;
 }
 
+void CGridClipboard::Add(CGridPos pos, std::unique_ptr<CPanelCell> cell)
+{
+    const int bottom = pos.Row + cell->GetHeight() - 1;
+    if (IsEmpty()) {
+        m_origin = pos;
+        m_end = {pos.Column, bottom};
+    } else {
+        m_origin = {std::min(m_origin.Column, pos.Column), std::min(m_origin.Row, pos.Row)};
+        m_end = {std::max(m_end.Column, pos.Column), std::max(m_end.Row, bottom)};
+    }
+    m_records.push_back({pos, std::move(cell)});
+}
+
 bool CGridClipboard::Copy(int c1, int r1, int c2, int r2)
 {
     Clear();
@@ -37,29 +54,23 @@ bool CGridClipboard::Copy(int c1, int r1, int c2, int r2)
     for (int c = c1; c <= c2; ++c) {
         for (int r = r1; r <= r2; ++r) {
             const CPanelCell* cell = m_grid.GetCell(c, r);
-            if (!cell) {
-                m_records.push_back({{c, r}, nullptr});
-            } else if (!cell->GetPanel()) {
+            if (!cell)
+                continue;
+            if (!cell->GetPanel()) {
+                // Continuation cells come with their panel's top cell; one whose panel
+                // starts above the block protrudes.
                 const CGridPos top = m_grid.TopOf(c, r);
                 if (top.Row < r1 || m_grid.BottomOf(top.Column, top.Row).Row > r2)
                     protruded = true;
-                else
-                    m_records.push_back({{c, r}, std::make_unique<CPanelCell>(QString())});
             } else if (r + cell->GetHeight() - 1 > r2) {
                 protruded = true;
             } else {
-                m_records.push_back({{c, r}, std::make_unique<CPanelCell>(*cell)});
+                Add({c, r}, std::make_unique<CPanelCell>(*cell));
             }
         }
     }
-    // The block keeps its corners even when a protruding panel at a corner is left out,
-    // so a paste lands where the block was drawn.
-    m_origin = {c1, r1};
-    m_end = {c2, r2};
     if (protruded && m_messenger.Message(CStringTable::Get(Ids::MsgProtrudedPanel),
                                          EButtons::OkCancel, EIcon::Question) == EAnswer::Cancel)
-        Clear();
-    if (m_records.empty())
         Clear();
     return !IsEmpty();
 }
@@ -116,9 +127,6 @@ void CGridClipboard::RemoveTargetBlock(int column, int row)
 bool CGridClipboard::InsertRecords(int column, int row)
 {
     for (const CRecord& record : m_records) {
-        // Continuation cells come with their panel.
-        if (!record.Cell || !record.Cell->GetPanel())
-            continue;
         const int c = column + record.Pos.Column - m_origin.Column;
         const int r = row + record.Pos.Row - m_origin.Row;
         if (m_grid.GetCell(c, r))
@@ -164,4 +172,73 @@ bool CGridClipboard::Paste(int column, int row, bool commit)
     if (answer == EAnswer::Yes)
         RemoveTargetBlock(column, row);
     return InsertRecords(column, row);
+}
+
+namespace {
+
+// The private form names the column kind of the block first, since a block copied from a
+// side column pastes into that column only.
+constexpr QChar kInputBlock = u'I', kOutputBlock = u'O', kProcessBlock = u'P';
+
+} // namespace
+
+QString CGridClipboard::ToText() const
+{
+    if (IsEmpty())
+        return QString();
+    const int column = m_origin.Column;
+    QString text(column == CPanelGrid::GetInputColumn()    ? kInputBlock
+                 : column == CPanelGrid::GetOutputColumn() ? kOutputBlock
+                                                           : kProcessBlock);
+    text += u'\n';
+    // Each panel as "column offset,row offset:definition line".
+    for (const CRecord& record : m_records)
+        text += QStringLiteral("%1,%2:%3\n")
+                    .arg(record.Pos.Column - m_origin.Column)
+                    .arg(record.Pos.Row - m_origin.Row)
+                    .arg(record.Cell->GetPanel()->GetLine());
+    return text;
+}
+
+QString CGridClipboard::ToPlainText() const
+{
+    QString text;
+    for (const CRecord& record : m_records)
+        text += record.Cell->GetPanel()->GetLine() + u'\n';
+    return text;
+}
+
+bool CGridClipboard::FromText(const QString& text, const CCellMaker& make)
+{
+    Clear();
+    QStringList lines = text.split(u'\n', Qt::SkipEmptyParts);
+    if (lines.isEmpty() || lines.first().size() != 1)
+        return false;
+    const QChar kind = lines.takeFirst().at(0);
+    const int column = kind == kInputBlock    ? CPanelGrid::GetInputColumn()
+                       : kind == kOutputBlock ? CPanelGrid::GetOutputColumn()
+                       : kind == kProcessBlock ? 1
+                                               : 0;
+    if (column == 0)
+        return false;
+    for (QString line : lines) {
+        if (line.endsWith(u'\r'))
+            line.chop(1);
+        const qsizetype colon = line.indexOf(u':');
+        const QStringList offsets = line.left(colon).split(u',');
+        bool columnOk = false, rowOk = false;
+        const int dc = offsets.value(0).toInt(&columnOk);
+        const int dr = offsets.value(1).toInt(&rowOk);
+        std::unique_ptr<CPanelCell> cell =
+            colon < 0 || offsets.size() != 2 || !columnOk || !rowOk || dc < 0 || dr < 0 ||
+                    (column < 0 && dc != 0)
+                ? nullptr
+                : make(line.mid(colon + 1));
+        if (!cell || !cell->GetPanel()) {
+            Clear();
+            return false;
+        }
+        Add({column + dc, 1 + dr}, std::move(cell));
+    }
+    return !IsEmpty();
 }

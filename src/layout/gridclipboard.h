@@ -3,15 +3,20 @@
 #include "gridpos.h"
 #include "panelcell.h"
 
+#include <QString>
+
+#include <functional>
 #include <memory>
 #include <vector>
 
 class CPanelGrid;
 class IMessenger;
 
-// The grid's own clipboard: a copied block of grid positions with owned copies of its
-// panels. Cut and Paste go through the grid's journaled operations, so Undo takes them
-// back like any other step.
+// The grid's own clipboard: owned copies of the panels of a copied block, each with its
+// place. The block a paste fills is the one the copied panels cover, from the first column
+// and row that holds one of them to the last, not the selection they were copied from.
+// Cut and Paste go through the grid's journaled operations, so Undo takes them back like
+// any other step.
 class CGridClipboard
 {
   public:
@@ -30,19 +35,30 @@ class CGridClipboard
     bool CanPaste(int column, int row) const;
     bool Paste(int column, int row, bool commit);
 
+    // The clipboard as the system clipboard carries it to another layout or program: the
+    // private form keeps each panel's place in the block, the plain form is its lines.
+    QString ToText() const;
+    QString ToPlainText() const;
+    // Replaces the clipboard by a block in the private form; make turns each definition
+    // line into a cell as loading a layout does. False, and empty, for any other text.
+    using CCellMaker = std::function<std::unique_ptr<CPanelCell>(const QString&)>;
+    bool FromText(const QString& text, const CCellMaker& make);
+
     bool IsEmpty() const { return m_records.empty(); }
-    // Extent of the copied block, 0 x 0 when empty.
+    // Extent of the block the copied panels cover, 0 x 0 when empty.
     int GetWidth() const;
     int GetHeight() const;
-    // Where the block was copied from.
+    // The top-left corner of that block where it was copied.
     CGridPos GetOrigin() const { return m_origin; }
 
   private:
     struct CRecord
     {
         CGridPos Pos;
-        std::unique_ptr<CPanelCell> Cell; // null: an empty position
+        std::unique_ptr<CPanelCell> Cell; // a panel's top cell
     };
+
+    void Add(CGridPos pos, std::unique_ptr<CPanelCell> cell);
 
     bool Fits(int column, int row) const;
     bool TargetOccupied(int column, int row) const;

@@ -22,10 +22,10 @@ QString CLayoutDocument::GetTitle() const
     return untitled.isEmpty() ? QStringLiteral("Untitled") : untitled;
 }
 
+// The clipboard outlives the layout, so panels copied in one can be pasted into the next.
 void CLayoutDocument::New()
 {
     m_grid.ClearAll();
-    m_grid.ClearClipboard();
     m_path.clear();
     m_modified = false;
 }
@@ -41,7 +41,6 @@ bool CLayoutDocument::Open(const QString& path)
         return false;
     }
     m_grid.ClearAll();
-    m_grid.ClearClipboard();
     file.Read(m_grid, text);
     m_path = QFileInfo(path).absoluteFilePath();
     m_modified = false;

@@ -1,7 +1,13 @@
 #pragma once
 
 #include <QByteArray>
+#include <QHash>
 #include <QString>
+#include <QStringList>
+
+#include <memory>
+
+class CPanelCell;
 
 class CBoardInfo;
 class CPanelGrid;
@@ -17,7 +23,9 @@ public:
     CLayoutFile(const CBoardInfo* board, IMessenger& messenger);
 
     // Places every panel of the file it can. False when the file cannot be read or is no
-    // layout at all; ErrorString() then says why.
+    // layout at all; ErrorString() then says why. A line that is not placed as it stands is
+    // never lost unseen: after the whole file one message names every such line, without a
+    // question per line. Lines may end with CR LF, LF or a bare CR.
     bool Load(CPanelGrid& grid, const QString& path);
     // The text of a layout file, checked to be a layout; false as Load answers it.
     bool ReadText(const QString& path, QString& text);
@@ -30,13 +38,24 @@ public:
     // code page that layouts made on Japanese Windows are written in.
     static QString Decode(const QByteArray& bytes);
     void Read(CPanelGrid& grid, const QString& text);
+    // The cell of a record's panel as loading makes it: the factory reads the line, then the
+    // board's entry for its keyword gives the ports, name and weight. Null for a keyword the
+    // factory does not know.
+    std::unique_ptr<CPanelCell> MakeCell(const QString& record) const;
 
     const QString& ErrorString() const { return m_error; }
 
 private:
-    void ReadRecord(CPanelGrid& grid, const QString& line);
+    void ReadRecord(CPanelGrid& grid, const QString& line, int number);
+    void AddFault(int number, const QString& why);
+    void ReportFaults();
 
     const CBoardInfo* m_board;
     IMessenger& m_messenger;
     QString m_error;
+    // While reading: the faults to show, how many there were, and which line put the panel
+    // at each top position, so a duplicate can name it.
+    QStringList m_faults;
+    int m_faultCount = 0;
+    QHash<qint64, int> m_placedBy;
 };

@@ -1,17 +1,20 @@
 #include "layoutview.h"
 
 #include "layoutdocument.h"
+#include "layoutfile.h"
 #include "layoutgeometry.h"
 #include "layoutpainter.h"
 #include "panelchooser.h"
 #include "panelgrid.h"
 #include "panels/panel.h"
 
+#include <QClipboard>
 #include <QContextMenuEvent>
 #include <QDragEnterEvent>
 #include <QDragLeaveEvent>
 #include <QDragMoveEvent>
 #include <QDropEvent>
+#include <QGuiApplication>
 #include <QHash>
 #include <QKeyEvent>
 #include <QMimeData>
@@ -73,6 +76,9 @@ CLayoutView::CLayoutView(CLayoutDocument& document, IPanelChooser& chooser, IPro
     viewport()->setAutoFillBackground(false);
     UpdateScrollBars();
     UpdateCursor();
+    connect(QGuiApplication::clipboard(), &QClipboard::dataChanged, this,
+            &CLayoutView::TakeSystemClipboard);
+    TakeSystemClipboard();
 }
 
 CLayoutView::~CLayoutView() = default;
@@ -270,6 +276,7 @@ void CLayoutView::Reset()
     ClearSelection();
     viewport()->update();
     EmitUsage();
+    TakeSystemClipboard();
 }
 
 // --- The editing state machine --------------------------------------------------------
@@ -733,6 +740,7 @@ void CLayoutView::Cut()
     const CGridPos first = m_selection.TopLeft(), last = m_selection.BottomRight();
     if (!Grid().Cut(first.Column, first.Row, last.Column, last.Row))
         return;
+    PublishClipboard();
     Q_EMIT ClipboardChanged();
     m_chooser.Refresh();
     Changed();
@@ -744,6 +752,35 @@ void CLayoutView::Copy()
         return;
     const CGridPos first = m_selection.TopLeft(), last = m_selection.BottomRight();
     Grid().Copy(first.Column, first.Row, last.Column, last.Row);
+    PublishClipboard();
+    Q_EMIT ClipboardChanged();
+}
+
+void CLayoutView::PublishClipboard()
+{
+    const CGridClipboard& clipboard = Grid().GetClipboard();
+    if (clipboard.IsEmpty())
+        return;
+    m_publishedClipboard = clipboard.ToText();
+    auto* data = new QMimeData;
+    data->setText(clipboard.ToPlainText());
+    data->setData(QString::fromLatin1(kPanelsMimeType), m_publishedClipboard.toUtf8());
+    QGuiApplication::clipboard()->setMimeData(data);
+}
+
+void CLayoutView::TakeSystemClipboard()
+{
+    const QMimeData* data = QGuiApplication::clipboard()->mimeData();
+    const QString format = QString::fromLatin1(kPanelsMimeType);
+    if (!data || !data->hasFormat(format))
+        return;
+    const QString text = QString::fromUtf8(data->data(format));
+    if (text == m_publishedClipboard)
+        return;
+    // The panels are made as loading makes them, with this board's ports, names and weights.
+    const CLayoutFile file(m_document.Board(), m_document.Messenger());
+    Grid().Clipboard().FromText(text, [&file](const QString& line) { return file.MakeCell(line); });
+    m_publishedClipboard = text;
     Q_EMIT ClipboardChanged();
 }
 
@@ -759,6 +796,8 @@ void CLayoutView::Paste()
 {
     if (m_selection.IsEmpty())
         return;
+    // Not every system tells of every change to its clipboard.
+    TakeSystemClipboard();
     const CGridPos first = m_selection.TopLeft();
     if (!Grid().Paste(first.Column, first.Row))
         return;
@@ -800,16 +839,21 @@ void CLayoutView::Rotate()
         Changed();
 }
 
+// Every shift may drop a use-limited panel off the grid's edge, which frees its entry.
 void CLayoutView::ShiftAllUp()
 {
-    if (Grid().ShiftUp())
+    if (Grid().ShiftUp()) {
+        m_chooser.Refresh();
         Changed();
+    }
 }
 
 void CLayoutView::ShiftAllDown()
 {
-    if (Grid().ShiftDown())
+    if (Grid().ShiftDown()) {
+        m_chooser.Refresh();
         Changed();
+    }
 }
 
 void CLayoutView::ShiftAllLeft()

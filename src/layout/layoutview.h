@@ -61,6 +61,11 @@ class CLayoutView : public QAbstractScrollArea
     // After the document got another layout (New, Open): nothing selected, idle, repainted.
     void Reset();
 
+    // Copied panels also go to the system clipboard in this format (the block's kind and
+    // each panel's place and definition line, UTF-8) beside their lines as plain text, so
+    // they paste into another layout, another window or a text editor.
+    static constexpr const char* kPanelsMimeType = "application/x-quillon-panels";
+
     // The Edit menu's commands, each with the query that enables it. They work on the
     // selection; Paste, Rotate and Fill on its top-left position.
     bool CanUndo() const;
@@ -98,7 +103,8 @@ class CLayoutView : public QAbstractScrollArea
     void UsageChanged(int percent);
     void Modified();
     void SelectionChanged();
-    // Copy or Cut replaced the grid's clipboard, so Paste may have become possible.
+    // Copy or Cut, here or in another window, replaced the grid's clipboard, so Paste may
+    // have become possible.
     void ClipboardChanged();
     // The right button asks for the frame's edit menu at this global position.
     void ContextMenuRequested(QPoint globalPos);
@@ -141,6 +147,11 @@ class CLayoutView : public QAbstractScrollArea
     static bool FitsArea(int area, CGridPos pos);
     void MoveKey(int key, bool ctrl);
 
+    // The grid's clipboard onto the system clipboard, and panels copied elsewhere from it
+    // into the grid's clipboard.
+    void PublishClipboard();
+    void TakeSystemClipboard();
+
     // After a change of the grid: the document is modified, the frame told, all redrawn.
     void Changed();
     void EmitUsage();
@@ -161,4 +172,6 @@ class CLayoutView : public QAbstractScrollArea
     bool m_ctrlRectangle = false;
     QRect m_dragRect; // logical; null when none is shown
     double m_zoom = 1.0;
+    // What this view last put on the system clipboard, which its own grid holds already.
+    QString m_publishedClipboard;
 };

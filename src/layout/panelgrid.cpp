@@ -526,11 +526,14 @@ bool CPanelGrid::MoveRange(int c1, int r1, int c2, int r2, int column, int row)
     CGridClipboard moving(*this, m_messenger);
     ClearJournal();
     moving.Cut(c1, r1, c2, r2, false);
-    if (!moving.CanPaste(column, row)) {
+    // The panels move by the selection's offset, wherever in it they lie.
+    const CGridPos from = moving.GetOrigin();
+    const int toColumn = column + from.Column - c1, toRow = row + from.Row - r1;
+    if (!moving.CanPaste(toColumn, toRow)) {
         Undo();
         return false;
     }
-    if (!moving.Paste(column, row, false)) {
+    if (!moving.Paste(toColumn, toRow, false)) {
         // A paste that failed midway has already undone the cut with it.
         if (CanUndo())
             Undo();

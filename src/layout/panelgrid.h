@@ -73,6 +73,8 @@ class CPanelGrid
     int GetUseCount(int typeId) const { return m_useCounts.value(typeId, 0); }
     bool CanUse(int typeId) const;
     int GetWeightedTotal() const { return m_weightedTotal; }
+    // The one capacity rule, for placing, loading and the check alike: a total of exactly
+    // the capacity fits, one more is over.
     bool IsOverCapacity() const { return m_weightedTotal > GetCapacity(); }
     // Off while a layout loads, so its panels are placed without the capacity message.
     bool GetLimitFlag() const { return m_limitFlag; }
@@ -117,13 +119,15 @@ class CPanelGrid
     bool CanPaste(int column, int row) const { return m_clipboard.CanPaste(column, row); }
     bool Paste(int column, int row, bool commit = true);
     const CGridClipboard& GetClipboard() const { return m_clipboard; }
+    CGridClipboard& Clipboard() { return m_clipboard; }
     int CountPanels(int c1, int r1, int c2, int r2) const;
 
     // The view's editing steps, each one undoable step.
     // Deletes the panels lying wholly inside the block, asking once when one is complete.
     bool DeleteRange(int c1, int r1, int c2, int r2);
-    // Cuts the block and pastes it with its first cell at (column, row); when it cannot be
-    // pasted there the cut is undone. The user's clipboard is left alone.
+    // Cuts the block and pastes it with its first cell at (column, row), so every panel in it
+    // moves by the same offset; when it cannot be pasted there the cut is undone. The
+    // user's clipboard is left alone.
     bool MoveRange(int c1, int r1, int c2, int r2, int column, int row);
     // Puts an edited copy in place of the panel covering the position; refuses with
     // "Unable to change size." when the copy is taller than the rows free below its top.

@@ -4,7 +4,9 @@
 
 CStepMotorOutPanel::CStepMotorOutPanel(const QString& line)
     : CPanel({.Area = AreaOutput,
-              .BitmapId = 249,
+              // Not the process-area motor's 249: the id is the key of the use limits, and
+              // a board limits the driver (its coils are fixed pins) apart from the motor.
+              .BitmapId = 10093,
               .Sides = "L",
               .MinTokens = 3,
               .ShowsPorts = false,

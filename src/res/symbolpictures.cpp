@@ -250,13 +250,21 @@ void Motor(CPictureCanvas& canvas, const CPanelImageItem&)
     Flow(canvas, false);
 }
 
+// A motor driver: the motor with the four coil lines the driver switches.
+void MotorDriver(CPictureCanvas& canvas, const CPanelImageItem& item)
+{
+    Motor(canvas, item);
+    for (const qreal y : {5.0, 9.5, 14.0, 18.5})
+        Stroke(canvas, {{27, y}, {31, y}}, 1.5);
+}
+
 const CPictureEntry kSymbols[] = {
     {10074, 32, 32, Key},       {10075, 32, 32, Switch},       {10076, 32, 32, Input},
     {10077, 32, 32, Analog},    {10078, 32, 32, SerialIn},     {10083, 32, 32, Lamp},
     {10084, 32, 32, Output},    {10085, 32, 32, Buzzer},       {10086, 32, 32, Pwm},
     {10087, 32, 32, SerialOut}, {10088, 32, 32, SevenSegment}, {10089, 32, 32, Pulse},
     {10090, 32, 32, Lcd},       {10091, 32, 32, WebIn},        {10092, 32, 32, WebOut},
-    {249, 32, 32, Motor},
+    {249, 32, 32, Motor},       {10093, 32, 32, MotorDriver},
 };
 
 } // namespace

@@ -265,9 +265,9 @@ TEST(BoardInfo, UseLimitsByTypeIdSmallestWhereTypesShareAnId)
     CRecordingMessenger messenger;
     CBoardInfo board;
     ASSERT_TRUE(board.Read(Fixture("full"), QString(), messenger));
-    // KEY 10074 limited to 2; SMOTO (3) and SMOT (1) share 249; LAMP, LINE and the second
-    // KEY have none, BOGUS has no prototype.
-    const QHash<int, int> expected{{10074, 2}, {249, 1}};
+    // KEY 10074 limited to 2 (the second KEY shares the id and has none); SMOTO 10093 to 3
+    // and SMOT 249 to 1, each counted apart; LAMP and LINE have none, BOGUS no prototype.
+    const QHash<int, int> expected{{10074, 2}, {249, 1}, {10093, 3}};
     EXPECT_EQ(board.UseLimits(), expected);
 }
 
@@ -402,7 +402,9 @@ TEST_P(SampleBoard, WeightsAndLimitsGiveTheUsePaneAMeaning)
             << row.Keyword;
     const QHash<int, int> limits = Board.UseLimits();
     EXPECT_EQ(limits.value(10090), 1) << "one LCD";
-    EXPECT_EQ(limits.value(249), 1) << "one stepping motor";
+    // The driver's coils are four fixed pins; the process-area motor is logic only.
+    EXPECT_EQ(limits.value(10093), 1) << "one stepping motor driver";
+    EXPECT_FALSE(limits.contains(249)) << "motors are limited by the capacity only";
     EXPECT_EQ(limits.value(10078), 1) << "one serial receive";
     EXPECT_FALSE(limits.contains(10083)) << "lamps are limited by the ports only";
 }

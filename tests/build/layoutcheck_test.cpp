@@ -118,12 +118,40 @@ TEST_F(CCheckFixture, JumperIdsPairAcrossLists)
     EXPECT_EQ(faults.filter("jumper").size(), 2);
 }
 
-TEST_F(CCheckFixture, CapacityOnlyWithTheLimitFlag)
+TEST_F(CCheckFixture, CapacityAboveOneThousandOnlyWithTheLimitFlag)
 {
-    for (int column = 1; column <= 16; ++column)
-        for (int row = 1; row <= 7; ++row)
-            grid.Place(column, row, std::make_unique<CPanelCell>("DLY\t1.00S"));
-    EXPECT_TRUE(Report().startsWith("The number of panels larger than limit.\r\n"));
-    grid.SetLimitFlag(false);
-    EXPECT_FALSE(Report().contains("limit"));
+    const struct
+    {
+        const char* Name;
+        int Extra; // weight of one more panel beside 100 of weight 10
+        bool LimitFlag;
+        bool Fault;
+    } cases[] = {
+        {"exactly 1000", 0, true, false},
+        {"1001", 1, true, true},
+        {"1001 while loading", 1, false, false},
+    };
+    for (const auto& c : cases) {
+        SCOPED_TRACE(c.Name);
+        grid.ClearAll();
+        for (int column = 1; column <= 10; ++column)
+            for (int row = 1; row <= 10; ++row)
+                Put(column, row, "DLY\t1.00S");
+        auto extra = std::make_unique<CPanelCell>("AND\tR");
+        extra->GetPanel()->SetOption(c.Extra);
+        ASSERT_TRUE(grid.Place(16, 40, std::move(extra)));
+        grid.SetLimitFlag(c.LimitFlag);
+        EXPECT_EQ(Report().startsWith("The number of panels larger than limit.\r\n"), c.Fault);
+        EXPECT_EQ(Report().contains("limit"), c.Fault);
+    }
+}
+
+TEST_F(CCheckFixture, GatesAndWiresOfNoKnownKindAreNamed)
+{
+    Put(3, 4, "AND\tX", "AND");
+    Put(5, 6, "LINE\tQQ", "Wire");
+    Put(7, 8, "NOT\tR", "NOT");
+    const QStringList faults = Report().split("\r\n");
+    EXPECT_EQ(faults.filter("kind"), (QStringList{"The kind of panel [AND(3,4)] is unknown: AND\tX",
+                                                  "The kind of panel [Wire(5,6)] is unknown: LINE\tQQ"}));
 }

@@ -7,9 +7,11 @@
 #include "support/recordingmessenger.h"
 
 #include <QApplication>
+#include <QClipboard>
 #include <QMimeData>
 #include <QScrollBar>
 #include <QSignalSpy>
+#include <QTemporaryDir>
 #include <QTest>
 
 #include <gtest/gtest.h>
@@ -44,6 +46,15 @@ enum : int
     AndType = 10012,
 };
 
+// The line of the panel at a position, "+" for a continuation cell, "" when empty.
+QString LineIn(const CPanelGrid& grid, int column, int row)
+{
+    const CPanelCell* cell = grid.GetCell(column, row);
+    if (!cell)
+        return QString();
+    return cell->GetPanel() ? cell->GetPanel()->GetLine() : QStringLiteral("+");
+}
+
 struct LayoutViewTest : testing::Test
 {
     CRecordingMessenger messenger;
@@ -59,6 +70,9 @@ struct LayoutViewTest : testing::Test
         view.show();
         ASSERT_TRUE(QTest::qWaitForWindowExposed(&view));
     }
+
+    // Copies go to the system clipboard too; none is left for the next test.
+    void TearDown() override { QApplication::clipboard()->clear(); }
 
     QWidget* Port() { return view.viewport(); }
 
@@ -125,13 +139,7 @@ struct LayoutViewTest : testing::Test
         Drag(At(c1, r1), At(c2, r2), Qt::ControlModifier);
     }
 
-    QString Line(int column, int row) const
-    {
-        const CPanelCell* cell = grid.GetCell(column, row);
-        if (!cell)
-            return QString();
-        return cell->GetPanel() ? cell->GetPanel()->GetLine() : QStringLiteral("+");
-    }
+    QString Line(int column, int row) const { return LineIn(grid, column, row); }
 
     // Whether the drag rectangle is drawn with its left edge on the cell: the edge is two
     // pixels in the text colour, which nothing else draws there.
@@ -655,6 +663,58 @@ TEST_F(LayoutViewTest, AShiftIsUndoneByUndo)
     EXPECT_EQ(Line(3, 4), "");
     EXPECT_EQ(Line(-1, 40), "KEY \tH,P1");
     EXPECT_FALSE(view.CanUndo());
+}
+
+TEST_F(LayoutViewTest, EveryShiftRefreshesThePanelBars)
+{
+    const struct
+    {
+        const char* Name;
+        void (CLayoutView::*Shift)();
+    } cases[] = {
+        {"up", &CLayoutView::ShiftAllUp},
+        {"down", &CLayoutView::ShiftAllDown},
+        {"left", &CLayoutView::ShiftAllLeft},
+        {"right", &CLayoutView::ShiftAllRight},
+    };
+    for (const auto& c : cases) {
+        SCOPED_TRACE(c.Name);
+        grid.ClearAll();
+        Place(3, 3, "AND \tR");
+        chooser.Refreshes = 0;
+        (view.*c.Shift)();
+        EXPECT_EQ(chooser.Refreshes, 1);
+    }
+}
+
+TEST_F(LayoutViewTest, CopiedPanelsPasteIntoAnotherLayoutAndAsTextAnywhere)
+{
+    Place(3, 3, "AND \tR\t\t;gate");
+    Place(4, 4, "NOT \tR");
+    SelectBlock(2, 2, 4, 4);
+    view.Copy();
+    EXPECT_EQ(QApplication::clipboard()->text(), "AND \tR\t\t;gate\nNOT \tR\n");
+
+    // Another layout, as another window or another Quillon has it.
+    CLayoutDocument other{nullptr, messenger};
+    CLayoutView otherView{other, chooser, editor};
+    otherView.SetSelection(10, 20);
+    ASSERT_TRUE(otherView.CanPaste());
+    otherView.Paste();
+    EXPECT_EQ(LineIn(other.Grid(), 10, 20), "AND \tR\t\t;gate");
+    EXPECT_EQ(LineIn(other.Grid(), 11, 21), "NOT \tR");
+    EXPECT_TRUE(other.IsModified());
+
+    // Opening a layout keeps what was copied.
+    QTemporaryDir dir;
+    const QString path = dir.filePath("other.loc");
+    ASSERT_TRUE(other.SaveAs(path));
+    ASSERT_TRUE(document.Open(path));
+    view.Reset();
+    view.SetSelection(1, 30);
+    ASSERT_TRUE(view.CanPaste());
+    view.Paste();
+    EXPECT_EQ(Line(1, 30), "AND \tR\t\t;gate");
 }
 
 TEST_F(LayoutViewTest, PasteOverPanelsAsksYesNoOrCancel)

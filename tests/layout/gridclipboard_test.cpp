@@ -60,6 +60,8 @@ TEST_F(GridClipboardTest, CanPasteKeepsSideAndProcessBlocksApart)
 {
     ASSERT_TRUE(grid.Place(-1, 1, Cell("UARI\tC,5,4")));
     ASSERT_TRUE(grid.Place(-2, 1, Cell("LAMP\tH,P1")));
+    ASSERT_TRUE(grid.Place(1, 1, Cell("AND \tR")));
+    ASSERT_TRUE(grid.Place(3, 2, Cell("AND \tR")));
     const struct
     {
         const char* Name;
@@ -176,8 +178,9 @@ TEST_F(GridClipboardTest, ProtrudingPanelIsLeftOutOnOkAndNothingIsCopiedOnCancel
     ASSERT_TRUE(grid.Copy(1, 1, 2, 3));
     EXPECT_EQ(messenger.Texts, QStringList{Text(Ids::MsgProtrudedPanel)});
     EXPECT_EQ(messenger.Buttons, QList<EButtons>{EButtons::OkCancel});
+    // The block is the gate alone.
     ASSERT_TRUE(grid.Paste(5, 20));
-    EXPECT_EQ(LineAt(grid, 6, 20), "AND \tR");
+    EXPECT_EQ(LineAt(grid, 5, 20), "AND \tR");
     EXPECT_EQ(grid.CountPanels(5, 20, 6, 22), 1);
 
     messenger.Reset();
@@ -187,17 +190,92 @@ TEST_F(GridClipboardTest, ProtrudingPanelIsLeftOutOnOkAndNothingIsCopiedOnCancel
     EXPECT_FALSE(grid.CanPaste(10, 10));
 }
 
-TEST_F(GridClipboardTest, BlockWhoseCornerPanelWasLeftOutStillPastesWhereItWasDrawn)
+TEST_F(GridClipboardTest, TheBlockIsWhereTheCopiedPanelsLieNotWhereTheSelectionWas)
+{
+    struct CPut
+    {
+        int Column, Row;
+        const char* Line;
+    };
+    const struct
+    {
+        const char* Name;
+        QList<CPut> Panels;
+        int C1, R1, C2, R2;
+        int Width, Height;
+        CGridPos Target;
+        QList<CPut> Pasted;
+    } cases[] = {
+        {"empty top rows and left column", {{2, 5, "AND \tR"}, {3, 6, "NOT \tR"}}, 1, 1, 3, 6, 2, 2,
+         {8, 10}, {{8, 10, "AND \tR"}, {9, 11, "NOT \tR"}}},
+        {"fits above the last row", {{2, 5, "AND \tR"}, {3, 6, "NOT \tR"}}, 1, 1, 3, 6, 2, 2,
+         {1, 39}, {{1, 39, "AND \tR"}, {2, 40, "NOT \tR"}}},
+        {"top rows covered by a tall panel from above",
+         {{1, 2, "CNT \tC,3,2,1"}, {2, 4, "NOT \tR"}}, 1, 3, 2, 4, 1, 1,
+         {8, 8}, {{8, 8, "NOT \tR"}}},
+        {"a tall panel counts to its bottom", {{3, 3, "CNT \tC,3,2,1"}}, 1, 1, 4, 9, 1, 3,
+         {5, 38}, {{5, 38, "CNT \tC,3,2,1"}, {5, 40, "+"}}},
+        {"side column", {{-1, 7, "KEY \tH,P1"}}, -1, 1, -1, 8, 1, 1, {-1, 40},
+         {{-1, 40, "KEY \tH,P1"}}},
+    };
+    for (const auto& c : cases) {
+        SCOPED_TRACE(c.Name);
+        messenger.Reset();
+        messenger.Answers = {EAnswer::Ok}; // a protruding panel is left out
+        CPanelGrid layout(messenger);
+        for (const CPut& put : c.Panels)
+            ASSERT_TRUE(layout.Place(put.Column, put.Row, Cell(put.Line)));
+        ASSERT_TRUE(layout.Copy(c.C1, c.R1, c.C2, c.R2));
+        EXPECT_EQ(layout.GetClipboard().GetWidth(), c.Width);
+        EXPECT_EQ(layout.GetClipboard().GetHeight(), c.Height);
+        layout.ClearAll();
+        ASSERT_TRUE(layout.CanPaste(c.Target.Column, c.Target.Row));
+        ASSERT_TRUE(layout.Paste(c.Target.Column, c.Target.Row));
+        for (const CPut& put : c.Pasted)
+            EXPECT_EQ(LineAt(layout, put.Column, put.Row), put.Line) << put.Column << "," << put.Row;
+        // Nothing else was pasted.
+        const auto panels = std::count_if(c.Pasted.begin(), c.Pasted.end(),
+                                          [](const CPut& put) { return QString(put.Line) != "+"; });
+        EXPECT_EQ(layout.CountPanels(1, 1, 16, 40) + layout.CountPanels(-1, 1, -1, 40), panels);
+    }
+}
+
+TEST_F(GridClipboardTest, ABlockWithoutPanelsCopiesNothing)
+{
+    ASSERT_TRUE(grid.Place(5, 5, Cell("AND \tR")));
+    ASSERT_TRUE(grid.Copy(5, 5, 5, 5));
+    EXPECT_FALSE(grid.Copy(1, 1, 3, 3));
+    EXPECT_FALSE(grid.CanPaste(1, 1));
+}
+
+TEST_F(GridClipboardTest, TheClipboardTravelsAsTextToAnotherLayout)
 {
     PlaceBlock();
-    // The block's top-left cell is the counter's continuation, left out.
-    ASSERT_TRUE(grid.Place(2, 4, Cell("NOT \tR")));
-    ASSERT_TRUE(grid.Copy(1, 3, 2, 4));
-    EXPECT_EQ(grid.GetClipboard().GetWidth(), 2);
-    EXPECT_EQ(grid.GetClipboard().GetHeight(), 2);
-    ASSERT_TRUE(grid.Paste(8, 8));
-    EXPECT_EQ(LineAt(grid, 9, 9), "NOT \tR");
-    EXPECT_EQ(LineAt(grid, 9, 8), "");
+    ASSERT_TRUE(grid.Place(3, 3, Cell("NOT \tR\t\t;inverter")));
+    ASSERT_TRUE(grid.Copy(1, 1, 3, 4));
+    const QString text = grid.GetClipboard().ToText();
+    EXPECT_EQ(grid.GetClipboard().ToPlainText(), "CNT \tC,3,2,1\nAND \tR\nNOT \tR\t\t;inverter\n");
+
+    const auto make = [](const QString& line) { return std::make_unique<CPanelCell>(line); };
+    CPanelGrid other(messenger);
+    ASSERT_TRUE(other.Clipboard().FromText(text, make));
+    ASSERT_TRUE(other.Paste(11, 20));
+    grid.ClearAll();
+    ASSERT_TRUE(grid.Paste(11, 20));
+    EXPECT_EQ(Dump(other), Dump(grid));
+
+    // A side-column block stays one.
+    ASSERT_TRUE(grid.Place(-2, 1, Cell("LAMP\tH,P1")));
+    ASSERT_TRUE(grid.Copy(-2, 1, -2, 1));
+    ASSERT_TRUE(other.Clipboard().FromText(grid.GetClipboard().ToText(), make));
+    EXPECT_TRUE(other.CanPaste(-2, 40));
+    EXPECT_FALSE(other.CanPaste(-1, 40));
+    EXPECT_FALSE(other.CanPaste(1, 1));
+
+    for (const char* foreign : {"", "AND \tR\n", "P\nx,y:AND\tR\n", "P\n0,0:BOGUS\n"}) {
+        EXPECT_FALSE(other.Clipboard().FromText(QString::fromUtf8(foreign), make)) << foreign;
+        EXPECT_TRUE(other.GetClipboard().IsEmpty());
+    }
 }
 
 TEST_F(GridClipboardTest, CutAnsweredCancelStillRemovesWhatLiesInsideAndUndoRestores)

@@ -96,6 +96,14 @@ TEST_F(GridEditTest, MoveOntoItsOwnRowsWorks)
     EXPECT_TRUE(messenger.Texts.isEmpty());
 }
 
+TEST_F(GridEditTest, MoveOfASelectionWithEmptyEdgesMovesThePanelsByItsOffset)
+{
+    ASSERT_TRUE(grid.Place(3, 5, Cell("AND \tR")));
+    ASSERT_TRUE(grid.MoveRange(2, 2, 4, 6, 8, 30));
+    EXPECT_EQ(LineAt(grid, 9, 33), "AND \tR");
+    EXPECT_EQ(grid.CountPanels(1, 1, 16, 40), 1);
+}
+
 TEST_F(GridEditTest, MoveThatCannotBePastedUndoesTheCut)
 {
     const struct

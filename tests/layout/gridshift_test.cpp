@@ -77,18 +77,21 @@ TEST_F(GridShiftTest, VerticalShiftRefusesAMultiRowPanelOnTheLostEdge)
     {
         const char* Name;
         int Column, Row;
+        const char* Line;
+        int Height;
         bool (CPanelGrid::*Shift)();
     } cases[] = {
-        {"down, counter reaching row 40", 3, 38, &CPanelGrid::ShiftDown},
-        {"down, input panel reaching row 40", -1, 39, &CPanelGrid::ShiftDown},
-        {"up, counter starting in row 1", 3, 1, &CPanelGrid::ShiftUp},
+        {"down, counter reaching row 40", 3, 38, "CNT \tC,3,2,1", 3, &CPanelGrid::ShiftDown},
+        {"down, input panel reaching row 40", -1, 39, "UARI\tC,5,4", 2, &CPanelGrid::ShiftDown},
+        {"up, counter starting in row 1", 3, 1, "CNT \tC,3,2,1", 3, &CPanelGrid::ShiftUp},
+        {"up, two-row counter in row 1", 3, 1, "CNT \tC,3,2", 2, &CPanelGrid::ShiftUp},
     };
     for (const auto& c : cases) {
         SCOPED_TRACE(c.Name);
         messenger.Reset();
         CPanelGrid layout(messenger);
-        ASSERT_TRUE(
-            layout.Place(c.Column, c.Row, Cell(c.Column < 0 ? "UARI\tC,5,4" : "CNT \tC,3,2,1")));
+        ASSERT_TRUE(layout.Place(c.Column, c.Row, Cell(c.Line)));
+        ASSERT_EQ(layout.GetCell(c.Column, c.Row)->GetHeight(), c.Height);
         ASSERT_TRUE(layout.Place(5, 5, Cell("AND \tR")));
         const QStringList before = Dump(layout);
         EXPECT_FALSE((layout.*c.Shift)());

@@ -67,7 +67,7 @@ TEST_F(CLayoutFixture, RecordsForTopCellsOnlyAndEmptyGridWritesTheFrame)
                                         "0105:CNT \tC,3,2,1\r\n1612:AND \tR\r\n;\r\nOUTPUT\r\n");
 }
 
-TEST_F(CLayoutFixture, ReadingSkipsWhatIsNoRecord)
+TEST_F(CLayoutFixture, ReadingNamesEveryLineItLeavesOutInOneMessage)
 {
     file.Read(grid, ";INPUT\n"
                     "  I_03:SW\tH,P1  \n"
@@ -79,14 +79,78 @@ TEST_F(CLayoutFixture, ReadingSkipsWhatIsNoRecord)
                     "O_02:BOGUS\tX\n"      // unknown keyword
                     "0103:OR\tD\r\n"
                     "OUTPUT\n"
-                    "I_04:LAMP\tH,P3\n");   // the prefix decides the column, not the heading
+                    "I_04:LAMP\tH,P3\n"    // the prefix decides the column, not the heading
+                    "0104:AND\tX\n"        // a gate of no kind stays, but is named
+                    "0105:LINE\tQQ\n"
+                    "0138:CNT\tC,3,2,1\n"  // rows 38-40
+                    "0139:AND\tR\n"        // covered by the counter
+                    "0239:CNT\tC,3,2,1\n"  // would reach row 41
+                    "0203:AND\tR\n"
+                    "0201:CNT\tC,3,2,1\n"); // would cover the gate
     EXPECT_EQ(Line(-1, 3), "SW  \tH,P1");
     EXPECT_EQ(Line(1, 3), "OR  \tD");
     EXPECT_EQ(Line(-1, 4), "LAMP\tH,P3");
+    EXPECT_EQ(Line(1, 4), "AND \tX");
+    ASSERT_NE(grid.GetCell(1, 5), nullptr);
     EXPECT_EQ(grid.GetCell(-1, 0), nullptr);
     EXPECT_EQ(grid.GetCell(-2, 2), nullptr);
     EXPECT_EQ(grid.GetCell(2, 12), nullptr);
-    EXPECT_TRUE(messenger.Texts.isEmpty());
+    EXPECT_EQ(Line(2, 1), "");
+    EXPECT_EQ(messenger.Texts,
+              QStringList{"Some lines of the file were not loaded as they stand:\n"
+                          "Line 3: there is no such position.\n"
+                          "Line 4: there is no such position.\n"
+                          "Line 5: there is no such position.\n"
+                          "Line 6: it is no panel record.\n"
+                          "Line 7: it is no panel record.\n"
+                          "Line 8: there is no panel \"BOGUS\".\n"
+                          "Line 12: the kind of this gate or wire is unknown; it is placed, and the "
+                          "check names it.\n"
+                          "Line 13: the kind of this gate or wire is unknown; it is placed, and the "
+                          "check names it.\n"
+                          "Line 15: line 14 already put a panel there.\n"
+                          "Line 16: the panel reaches below the last row.\n"
+                          "Line 18: the panel would cover another panel."});
+}
+
+TEST_F(CLayoutFixture, DuplicateRecordsAreNamedOnceWithoutAQuestion)
+{
+    // Complete panels, which placing by hand would ask before replacing.
+    QString text = "0101:DLY\t1.00S\nI_01:KEY\tH,P1\n";
+    for (int i = 0; i < 30; ++i)
+        text += "0101:DLY\t2.00S\n";
+    text += "I_01:KEY\tH,P2\n";
+    file.Read(grid, text);
+    EXPECT_TRUE(Line(1, 1).endsWith("1.00S"));
+    EXPECT_TRUE(Line(-1, 1).endsWith("P1"));
+    ASSERT_EQ(messenger.Texts.size(), 1);
+    const QStringList lines = messenger.Texts[0].split(u'\n');
+    // The first twenty faults by line, then how many more.
+    ASSERT_EQ(lines.size(), 22);
+    EXPECT_EQ(lines[1], "Line 3: line 1 already put a panel there.");
+    EXPECT_EQ(lines[20], "Line 22: line 1 already put a panel there.");
+    EXPECT_EQ(lines[21], "... and 11 more lines.");
+}
+
+TEST_F(CLayoutFixture, CarriageReturnLineFeedAndLineFeedAndCarriageReturnAllEndALine)
+{
+    QTemporaryDir dir;
+    for (const char* end : {"\r\n", "\n", "\r"}) {
+        SCOPED_TRACE(QByteArray(end).toHex().toStdString());
+        messenger.Texts.clear();
+        grid.ClearAll();
+        const QString path = dir.filePath("ends.loc");
+        QFile out(path);
+        ASSERT_TRUE(out.open(QIODevice::WriteOnly | QIODevice::Truncate));
+        out.write(QByteArray("; Quillon") + end + "I_01:KEY\tH,P1" + end + "0101:AND\tR" + end +
+                  "0199:AND\tR" + end);
+        out.close();
+        ASSERT_TRUE(file.Load(grid, path)) << file.ErrorString().toStdString();
+        EXPECT_EQ(Line(-1, 1), "KEY \tH,P1");
+        EXPECT_EQ(Line(1, 1), "AND \tR");
+        EXPECT_EQ(messenger.Texts, QStringList{"Some lines of the file were not loaded as they "
+                                               "stand:\nLine 4: there is no such position."});
+    }
 }
 
 TEST_F(CLayoutFixture, MultiRowPanelIsWrittenOnceAtItsTop)
@@ -96,17 +160,27 @@ TEST_F(CLayoutFixture, MultiRowPanelIsWrittenOnceAtItsTop)
     EXPECT_EQ(CLayoutFile::Write(grid).count("CNT"), 1);
 }
 
-TEST_F(CLayoutFixture, CapacityIsAnnouncedOnceAfterTheWholeFile)
+TEST_F(CLayoutFixture, CapacityIsAnnouncedOnceAfterTheWholeFileAboveOneThousandOnly)
 {
     QString text;
-    for (int column = 1; column <= 16; ++column)
-        for (int row = 1; row <= 7; ++row)
+    for (int column = 1; column <= 10; ++column)
+        for (int row = 1; row <= 10; ++row)
             text += QStringLiteral("%1%2:DLY\t1.00S\n").arg(column, 2, 10, QChar(u'0')).arg(row, 2, 10, QChar(u'0'));
-    file.Read(grid, text); // 112 panels of weight 10
-    EXPECT_EQ(grid.GetWeightedTotal(), 1120);
-    EXPECT_EQ(messenger.Texts, QStringList{"The number of panels larger than limit."});
-    EXPECT_TRUE(grid.GetLimitFlag());
-    EXPECT_FALSE(grid.CanUndo()); // loading is no step to undo
+    for (const int before : {0, 1}) {
+        SCOPED_TRACE(before);
+        messenger.Texts.clear();
+        grid.ClearAll();
+        // A panel already there of weight 0 or 1, and 100 read of weight 10.
+        auto first = std::make_unique<CPanelCell>("KEY\tH,P1");
+        first->GetPanel()->SetOption(before);
+        ASSERT_TRUE(grid.Place(-1, 1, std::move(first)));
+        file.Read(grid, text);
+        EXPECT_EQ(grid.GetWeightedTotal(), 1000 + before);
+        EXPECT_EQ(messenger.Texts,
+                  before ? QStringList{"The number of panels larger than limit."} : QStringList{});
+        EXPECT_TRUE(grid.GetLimitFlag());
+        EXPECT_FALSE(grid.CanUndo()); // loading is no step to undo
+    }
 }
 
 TEST_F(CLayoutFixture, JapaneseWindowsFileKeepsItsNames)
@@ -208,4 +282,22 @@ TEST(LayoutFileOnBoard, EachWireKindTakesTheNameOfItsOwnEntry)
     EXPECT_EQ(grid.GetCell(1, 2)->GetPanel()->GetName(), "Wire (up-down)");
     // A turned gate has no entry of its own and takes its gate's.
     EXPECT_EQ(grid.GetCell(1, 3)->GetPanel()->GetName(), "AND");
+}
+
+TEST(LayoutFileOnBoard, AMotorAndItsDriverLoadTogetherAndASecondDriverIsNamed)
+{
+    CRecordingMessenger messenger;
+    CBoardInfo board;
+    ASSERT_TRUE(board.Read(QStringLiteral(QUILLON_BOARDS "/atmega328p"), QString(), messenger));
+    CPanelGrid grid(messenger);
+    grid.SetUseLimits(board.UseLimits());
+    CLayoutFile(&board, messenger)
+        .Read(grid, "0101:SMOT\t2,20\n0601:SMOT\t1,10\nO_01:SMOTO\t1,100\nO_05:SMOTO\t1,100\n");
+    EXPECT_NE(grid.GetCell(1, 1), nullptr);
+    EXPECT_NE(grid.GetCell(6, 1), nullptr);
+    EXPECT_NE(grid.GetCell(-2, 1), nullptr);
+    // The driver's four coils are fixed pins: the board has room for one.
+    EXPECT_EQ(grid.GetCell(-2, 5), nullptr);
+    EXPECT_EQ(messenger.Texts, QStringList{"Some lines of the file were not loaded as they stand:\n"
+                                           "Line 4: the board allows no more panels of this type."});
 }

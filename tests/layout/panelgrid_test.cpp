@@ -209,6 +209,32 @@ TEST_F(GridTest, ReplacingACompletePanelAsksFirst)
     }
 }
 
+TEST_F(GridTest, TallPanelOverACompletePanelAtLeastAsTallAsksFirst)
+{
+    const struct
+    {
+        const char* Name;
+        const char* Existing;
+        EAnswer Answer;
+        const char* Stays;
+    } cases[] = {
+        {"taller, OK replaces", "SMOT\t1,10", EAnswer::Ok, "CNT \tC,3,2,1"},
+        {"as tall, OK replaces", "CNT \tH,9,8,7", EAnswer::Ok, "CNT \tC,3,2,1"},
+        {"as tall, Cancel keeps", "CNT \tH,9,8,7", EAnswer::Cancel, "CNT \tH,9,8,7"},
+    };
+    for (const auto& c : cases) {
+        SCOPED_TRACE(c.Name);
+        messenger.Reset();
+        CPanelGrid fresh(messenger);
+        ASSERT_TRUE(fresh.Place(2, 1, Cell(c.Existing)));
+        messenger.Answers = {c.Answer};
+        EXPECT_EQ(fresh.Place(2, 1, Cell("CNT \tC,3,2,1")), c.Answer == EAnswer::Ok);
+        EXPECT_EQ(messenger.Texts, QStringList{Text(Ids::MsgReplacePanel)});
+        EXPECT_EQ(LineAt(fresh, 2, 1), c.Stays);
+        EXPECT_EQ(fresh.CountPanels(2, 1, 2, 40), 1);
+    }
+}
+
 TEST_F(GridTest, PlacingOnAContinuationReplacesTheWholePanelAbove)
 {
     ASSERT_TRUE(grid.Place(1, 2, Cell("CNT \tC,3,2,1")));
@@ -452,6 +478,9 @@ TEST_F(GridTest, FillRepeatsIntoEmptyCellsUpToAPanelOrTheEdge)
         {u'U', 5, 5, {{5, 4}, {5, 3}, {5, 2}, {5, 1}}},
         {u'L', 5, 5, {{4, 5}, {3, 5}}},
         {u'R', 14, 5, {{15, 5}, {16, 5}}},
+        {u'L', 1, 5, {}}, // nothing left of the first process column
+        {u'R', 1, 9, {{2, 9}, {3, 9}, {4, 9}, {5, 9}, {6, 9}, {7, 9}, {8, 9}, {9, 9}, {10, 9}, {11, 9},
+                      {12, 9}, {13, 9}, {14, 9}, {15, 9}, {16, 9}}},
         {u'D', -1, 37, {{-1, 38}, {-1, 39}, {-1, 40}}},
         {u'L', -1, 5, {}}, // only the process area repeats sideways
         {u'R', -2, 5, {}},
