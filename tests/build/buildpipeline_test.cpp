@@ -32,7 +32,7 @@ struct CPipelineFixture : testing::Test
         EXPECT_TRUE(sandbox.ReadBoard(fake, board));
         qputenv("QUILLON_FAKE_SCENARIO", scenario);
         CBuildPipeline pipeline(grid, board, settings, log, messenger, finder);
-        pipeline.SetWriterPolling(3, 10);
+        pipeline.SetWriterPolling(100, 50); // time enough for a writer that ends at once
         return pipeline.Build(sandbox.Path(layout));
     }
 

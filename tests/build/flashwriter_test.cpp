@@ -27,11 +27,13 @@ struct CWriterFixture : testing::Test
         return command.IsEmpty() ? QStringList() : QStringList{command.Program} + command.Arguments;
     }
 
-    bool Write(const char* scenario)
+    // The watch is long enough for a writer that ends at once, even on a busy machine,
+    // unless a test wants it short.
+    bool Write(const char* scenario, int readings = 100)
     {
         qputenv("QUILLON_FAKE_SCENARIO", scenario);
         CFlashWriter writer(board, settings, finder, log);
-        writer.SetPolling(3, 10);
+        writer.SetPolling(readings, 50);
         return writer.Write("/l/a.hex", sandbox.WorkFolder());
     }
 };
@@ -110,7 +112,7 @@ TEST_F(CWriterFixture, WriterStillRunningAfterTheWatchIsReportedAndLeftRunning)
     settings.Port = "1";
     ASSERT_TRUE(sandbox.ReadBoard({.WriterCommand = "faketool"}, board));
     qputenv("QUILLON_FAKE_SLEEP_MS", "300");
-    EXPECT_FALSE(Write("sleep"));
+    EXPECT_FALSE(Write("sleep", 3));
     qunsetenv("QUILLON_FAKE_SLEEP_MS");
     EXPECT_EQ(log.Lines.last(), "Error on write on FLASH. code=259");
     QElapsedTimer timer;
