@@ -2,13 +2,13 @@
 // window started the same way, and a full-grid repaint at 1x. Figures, not a test.
 #include "bench/fulllayout.h"
 
-#include "app/boardinfo.h"
-#include "app/messenger.h"
-#include "layout/layoutfile.h"
-#include "layout/layoutpainter.h"
-#include "layout/layoutpaintoptions.h"
-#include "layout/layoutgeometry.h"
-#include "layout/panelgrid.h"
+#include "boardinfo.h"
+#include "messenger.h"
+#include "layoutfile.h"
+#include "layoutpainter.h"
+#include "layoutpaintoptions.h"
+#include "layoutgeometry.h"
+#include "panelgrid.h"
 
 #include <QDir>
 #include <QElapsedTimer>

@@ -3,11 +3,11 @@
 // the loaded layout holds. Figures, not a test: nothing here fails on a slow machine.
 #include "bench/fulllayout.h"
 
-#include "app/boardinfo.h"
-#include "app/messenger.h"
-#include "build/layoutcheck.h"
-#include "layout/layoutfile.h"
-#include "layout/panelgrid.h"
+#include "boardinfo.h"
+#include "messenger.h"
+#include "layoutcheck.h"
+#include "layoutfile.h"
+#include "panelgrid.h"
 
 #include <QElapsedTimer>
 #include <QTemporaryDir>

@@ -1,7 +1,7 @@
 // Any bytes as a board definition file or as a panel definition file of a board folder.
 // The first byte chooses which; the other files of the folder are the sample board's.
-#include "app/boardinfo.h"
-#include "app/messenger.h"
+#include "boardinfo.h"
+#include "messenger.h"
 
 #include <QDir>
 #include <QFile>

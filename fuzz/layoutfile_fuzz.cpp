@@ -1,9 +1,9 @@
 // Any bytes as a layout file, loaded on the sample board, checked and written again.
-#include "app/boardinfo.h"
-#include "app/messenger.h"
-#include "build/layoutcheck.h"
-#include "layout/layoutfile.h"
-#include "layout/panelgrid.h"
+#include "boardinfo.h"
+#include "messenger.h"
+#include "layoutcheck.h"
+#include "layoutfile.h"
+#include "panelgrid.h"
 
 #include <cstdint>
 #include <cstdlib>

@@ -1,7 +1,7 @@
 // Any text as a panel definition line: every operation a layout load, the editor and the
 // build apply to a panel must hold.
-#include "layout/panelcell.h"
-#include "panels/panel.h"
+#include "panelcell.h"
+#include "panel.h"
 
 #include <cstdint>
 #include <cstdlib>

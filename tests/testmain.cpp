@@ -1,4 +1,4 @@
-#include "res/stringtable.h"
+#include "stringtable.h"
 
 #include <gtest/gtest.h>
 

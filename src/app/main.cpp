@@ -1,13 +1,13 @@
 // quillon: the editor.
 
-#include "app/boardchooser.h"
-#include "app/boardinfo.h"
-#include "app/messageboxmessenger.h"
-#include "app/settings.h"
-#include "app/startup.h"
-#include "frame/mainframe.h"
-#include "layout/layoutview.h"
-#include "panels/paneldialogs.h"
+#include "boardchooser.h"
+#include "boardinfo.h"
+#include "messageboxmessenger.h"
+#include "settings.h"
+#include "startup.h"
+#include "mainframe.h"
+#include "layoutview.h"
+#include "paneldialogs.h"
 
 #include <QApplication>
 #include <QLocale>

@@ -1,17 +1,17 @@
 // quillon-cli: Quillon's headless commands.
 
-#include "app/boardchooser.h"
-#include "app/boardinfo.h"
-#include "app/settings.h"
-#include "build/buildfolders.h"
-#include "build/buildlog.h"
-#include "build/buildpipeline.h"
-#include "build/layoutcheck.h"
-#include "build/portfinder.h"
-#include "layout/layoutfile.h"
-#include "layout/panelgrid.h"
+#include "boardchooser.h"
+#include "boardinfo.h"
+#include "settings.h"
+#include "buildfolders.h"
+#include "buildlog.h"
+#include "buildpipeline.h"
+#include "layoutcheck.h"
+#include "portfinder.h"
+#include "layoutfile.h"
+#include "panelgrid.h"
 #include "rendercommand.h"
-#include "res/stringtable.h"
+#include "stringtable.h"
 #include "stderrmessenger.h"
 
 #include <QCoreApplication>

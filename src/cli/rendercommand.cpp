@@ -1,7 +1,7 @@
 #include "rendercommand.h"
 
-#include "layout/layoutgeometry.h"
-#include "layout/layoutpainter.h"
+#include "layoutgeometry.h"
+#include "layoutpainter.h"
 
 #include <QGuiApplication>
 #include <QImage>

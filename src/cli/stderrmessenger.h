@@ -1,6 +1,6 @@
 #pragma once
 
-#include "app/messenger.h"
+#include "messenger.h"
 
 // Messages of a headless run: written to stderr. Yes/No questions take Yes; OK/Cancel
 // questions take the answer the run was given (OK unless told otherwise).

@@ -1,8 +1,8 @@
 // Reading a board folder: the board file, its faults, and the sample board shipped.
-#include "app/boardinfo.h"
-#include "panels/panelfactory.h"
+#include "boardinfo.h"
+#include "panelfactory.h"
 #include "panels/paneltest.h"
-#include "res/stringtable.h"
+#include "stringtable.h"
 #include "support/boardfolder.h"
 #include "support/recordingmessenger.h"
 

@@ -1,7 +1,7 @@
 // Reading one panel definition file into a palette.
-#include "app/paletteinfo.h"
+#include "paletteinfo.h"
 #include "panels/paneltest.h"
-#include "res/stringtable.h"
+#include "stringtable.h"
 #include "support/recordingmessenger.h"
 
 #include <QDir>

@@ -1,5 +1,5 @@
 // The settings store: defaults, the profile round trip and the initialisation file.
-#include "app/settings.h"
+#include "settings.h"
 #include "panels/paneltest.h"
 
 #include <QFile>

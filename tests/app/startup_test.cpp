@@ -1,8 +1,8 @@
 // Start-up: the language, the folders written for other programs, and the board chosen.
-#include "app/boardchooser.h"
-#include "app/boardinfo.h"
-#include "app/settings.h"
-#include "app/startup.h"
+#include "boardchooser.h"
+#include "boardinfo.h"
+#include "settings.h"
+#include "startup.h"
 #include "support/boardfolder.h"
 #include "support/recordingmessenger.h"
 

@@ -1,11 +1,11 @@
 // The target board choice: candidates from the installed folders, a board's defaults on
 // choosing it, and what OK stores.
-#include "app/boardinfo.h"
+#include "boardinfo.h"
 #include "support/boardfolder.h"
-#include "app/settings.h"
-#include "app/targetsettingslogic.h"
+#include "settings.h"
+#include "targetsettingslogic.h"
 #include "panels/paneltest.h"
-#include "res/stringtable.h"
+#include "stringtable.h"
 #include "support/recordingmessenger.h"
 
 #include <QDir>

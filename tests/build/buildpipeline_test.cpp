@@ -1,8 +1,8 @@
 // "Build && Write" against a fake board tool that acts out every outcome.
-#include "build/buildpipeline.h"
+#include "buildpipeline.h"
 #include "build/buildtest.h"
-#include "build/processrunner.h"
-#include "layout/panelgrid.h"
+#include "processrunner.h"
+#include "panelgrid.h"
 
 #include <QElapsedTimer>
 #include <QTimer>

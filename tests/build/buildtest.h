@@ -1,8 +1,8 @@
 #pragma once
 
-#include "app/boardinfo.h"
-#include "build/buildlog.h"
-#include "build/portfinder.h"
+#include "boardinfo.h"
+#include "buildlog.h"
+#include "portfinder.h"
 #include "support/recordingmessenger.h"
 
 #include <gtest/gtest.h>

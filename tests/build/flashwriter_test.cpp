@@ -1,6 +1,6 @@
 // Composing and running the FLASH writer.
 #include "build/buildtest.h"
-#include "build/flashwriter.h"
+#include "flashwriter.h"
 
 #include <QCoreApplication>
 #include <QElapsedTimer>

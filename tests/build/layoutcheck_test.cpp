@@ -1,5 +1,5 @@
-#include "build/layoutcheck.h"
-#include "layout/panelgrid.h"
+#include "layoutcheck.h"
+#include "panelgrid.h"
 #include "support/recordingmessenger.h"
 
 #include <gtest/gtest.h>

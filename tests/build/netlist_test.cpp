@@ -1,5 +1,5 @@
-#include "build/netlist.h"
-#include "layout/panelgrid.h"
+#include "netlist.h"
+#include "panelgrid.h"
 #include "support/recordingmessenger.h"
 
 #include <gtest/gtest.h>

@@ -1,7 +1,7 @@
-#include "build/portfinder.h"
-#include "build/registryportfinder.h"
-#include "build/serenumportfinder.h"
-#include "build/serialdeviceportfinder.h"
+#include "portfinder.h"
+#include "registryportfinder.h"
+#include "serenumportfinder.h"
+#include "serialdeviceportfinder.h"
 
 #include <gtest/gtest.h>
 

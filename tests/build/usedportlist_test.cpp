@@ -1,9 +1,9 @@
 // The used port list: inputs then outputs, in row order, with their assigned ports.
-#include "build/usedportlist.h"
-#include "layout/panelcell.h"
-#include "layout/panelgrid.h"
+#include "usedportlist.h"
+#include "panelcell.h"
+#include "panelgrid.h"
 #include "panels/paneltest.h"
-#include "res/stringtable.h"
+#include "stringtable.h"
 #include "support/recordingmessenger.h"
 
 // Readable failures: gtest finds this beside the row's type.

@@ -1,10 +1,10 @@
 // The writer option dialog's lists and what OK stores.
-#include "app/boardinfo.h"
-#include "app/settings.h"
-#include "build/buildpipeline.h"
-#include "build/writeroptionlogic.h"
+#include "boardinfo.h"
+#include "settings.h"
+#include "buildpipeline.h"
+#include "writeroptionlogic.h"
 #include "panels/paneltest.h"
-#include "res/stringtable.h"
+#include "stringtable.h"
 
 #include <QSettings>
 #include <QTemporaryDir>

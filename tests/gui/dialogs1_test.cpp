@@ -1,10 +1,10 @@
-#include "layout/layoutdocument.h"
-#include "layout/layoutfile.h"
-#include "layout/panelcell.h"
-#include "panels/counterdialog.h"
-#include "panels/paneldialogs.h"
+#include "layoutdocument.h"
+#include "layoutfile.h"
+#include "panelcell.h"
+#include "counterdialog.h"
+#include "paneldialogs.h"
 #include "panels/paneltest.h"
-#include "panels/timedialog.h"
+#include "timedialog.h"
 #include "support/recordingmessenger.h"
 
 #include <QApplication>

@@ -1,8 +1,8 @@
 // The layout drawing on screen and on paper, checked at pixels whose place the geometry
 // fixes: frames, corner crosses, row numbers, pictures, the selection and the clip.
-#include "layout/layoutgeometry.h"
-#include "layout/layoutpainter.h"
-#include "layout/panelgrid.h"
+#include "layoutgeometry.h"
+#include "layoutpainter.h"
+#include "panelgrid.h"
 #include "support/recordingmessenger.h"
 
 #include <gtest/gtest.h>

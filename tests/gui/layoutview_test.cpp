@@ -1,9 +1,9 @@
-#include "layout/layoutdocument.h"
-#include "layout/layoutgeometry.h"
-#include "layout/layoutview.h"
-#include "layout/panelchooser.h"
+#include "layoutdocument.h"
+#include "layoutgeometry.h"
+#include "layoutview.h"
+#include "panelchooser.h"
 #include "panels/paneltest.h"
-#include "res/stringtable.h"
+#include "stringtable.h"
 #include "support/recordingmessenger.h"
 
 #include <QApplication>

@@ -1,12 +1,12 @@
 // The editor's window, offscreen: its title, which commands it offers, its recent files.
-#include "app/boardinfo.h"
-#include "app/settings.h"
-#include "frame/mainframe.h"
-#include "layout/layoutdocument.h"
-#include "layout/layoutfile.h"
-#include "layout/layoutview.h"
+#include "boardinfo.h"
+#include "settings.h"
+#include "mainframe.h"
+#include "layoutdocument.h"
+#include "layoutfile.h"
+#include "layoutview.h"
 #include "panels/paneltest.h"
-#include "res/stringtable.h"
+#include "stringtable.h"
 #include "support/recordingmessenger.h"
 
 #include <QAction>

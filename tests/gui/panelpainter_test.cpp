@@ -1,7 +1,7 @@
 // The panel pictures: every id draws inside its own rectangle only, ids look different,
 // pins sit on the sides the panels wire to, and 2x is drawn at 2x rather than scaled up.
-#include "layout/panelcell.h"
-#include "res/panelpainter.h"
+#include "panelcell.h"
+#include "panelpainter.h"
 
 #include <gtest/gtest.h>
 

@@ -1,8 +1,8 @@
 #pragma once
 
-#include "layout/panelgrid.h"
+#include "panelgrid.h"
 #include "panels/paneltest.h"
-#include "res/stringtable.h"
+#include "stringtable.h"
 #include "support/recordingmessenger.h"
 
 #include <QHash>

@@ -1,6 +1,6 @@
-#include "app/boardinfo.h"
-#include "layout/layoutfile.h"
-#include "layout/panelgrid.h"
+#include "boardinfo.h"
+#include "layoutfile.h"
+#include "panelgrid.h"
 #include "panels/paneltest.h"
 #include "support/recordingmessenger.h"
 

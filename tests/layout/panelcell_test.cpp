@@ -1,4 +1,4 @@
-#include "layout/panelcell.h"
+#include "panelcell.h"
 #include "panels/paneltest.h"
 
 TEST(PanelCell, EmptyCellIsAContinuationWithBitmap60000)

@@ -1,6 +1,6 @@
 // The definition line and the operations every panel inherits.
 #include "panels/paneltest.h"
-#include "panels/panelvalues.h"
+#include "panelvalues.h"
 
 TEST(PanelLine, ReadFormSplitsTrimsAndDropsEmptyTokens)
 {

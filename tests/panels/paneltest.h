@@ -1,7 +1,7 @@
 #pragma once
 
-#include "panels/panel.h"
-#include "panels/panelfactory.h"
+#include "panel.h"
+#include "panelfactory.h"
 
 #include <gtest/gtest.h>
 

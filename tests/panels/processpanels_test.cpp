@@ -1,6 +1,6 @@
 // Panels of the process area: counter, delay, flip-flops, jumps, gates, timer, wires,
 // segment decoders, the serial bit and the stepping motor.
-#include "panels/logicpanel.h"
+#include "logicpanel.h"
 #include "panels/paneltest.h"
 
 namespace {

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "app/messenger.h"
+#include "messenger.h"
 
 #include <QList>
 #include <QStringList>

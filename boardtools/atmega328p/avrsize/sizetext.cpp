@@ -11,7 +11,7 @@ struct CEntry
 
 constexpr CEntry kEntries[] = {
 #define QUILLON_STRING(name, id, english, japanese) {id, english, japanese},
-#include "res/strings.inc"
+#include "strings.inc"
 #undef QUILLON_STRING
 };
 

@@ -1,7 +1,7 @@
 #include "avrboard.h"
 
-#include "app/boardinfo.h"
-#include "panels/panel.h"
+#include "boardinfo.h"
+#include "panel.h"
 
 namespace {
 

@@ -7,9 +7,9 @@
 #include "sevensegwriter.h"
 #include "storingwriter.h"
 
-#include "build/netlist.h"
-#include "layout/panelgrid.h"
-#include "panels/panel.h"
+#include "netlist.h"
+#include "panelgrid.h"
+#include "panel.h"
 
 namespace {
 

@@ -6,12 +6,12 @@
 #include "gridorder.h"
 #include "panelname.h"
 
-#include "app/boardinfo.h"
-#include "build/netlist.h"
-#include "build/panelpins.h"
-#include "layout/panelgrid.h"
-#include "panels/panelvalues.h"
-#include "res/stringtable.h"
+#include "boardinfo.h"
+#include "netlist.h"
+#include "panelpins.h"
+#include "panelgrid.h"
+#include "panelvalues.h"
+#include "stringtable.h"
 
 #include <QMap>
 

@@ -2,7 +2,7 @@
 
 #include "scancode.h"
 
-#include "panels/panel.h"
+#include "panel.h"
 
 bool CGateWriter::Handles(const QString& keyword)
 {

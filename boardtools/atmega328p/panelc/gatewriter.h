@@ -1,6 +1,6 @@
 #pragma once
 
-#include "layout/gridpos.h"
+#include "gridpos.h"
 
 #include <QString>
 

@@ -1,6 +1,6 @@
 #include "gridorder.h"
 
-#include "layout/panelgrid.h"
+#include "panelgrid.h"
 
 std::vector<CGridPos> CGridOrder::Panels(const CPanelGrid& grid)
 {

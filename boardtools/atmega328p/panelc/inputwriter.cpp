@@ -3,8 +3,8 @@
 #include "linevalues.h"
 #include "scancode.h"
 
-#include "panels/panel.h"
-#include "panels/panelvalues.h"
+#include "panel.h"
+#include "panelvalues.h"
 
 namespace {
 

@@ -1,7 +1,7 @@
 #include "linevalues.h"
 
-#include "panels/panel.h"
-#include "panels/panelvalues.h"
+#include "panel.h"
+#include "panelvalues.h"
 
 QList<int> CLineValues::From(const CPanel& panel, int first)
 {

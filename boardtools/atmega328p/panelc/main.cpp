@@ -10,11 +10,11 @@
 #include "quietmessenger.h"
 #include "runtimefiles.h"
 
-#include "app/boardinfo.h"
-#include "build/netlist.h"
-#include "layout/layoutfile.h"
-#include "layout/panelgrid.h"
-#include "res/stringtable.h"
+#include "boardinfo.h"
+#include "netlist.h"
+#include "layoutfile.h"
+#include "panelgrid.h"
+#include "stringtable.h"
 
 #include <QCoreApplication>
 #include <QDir>

@@ -4,10 +4,10 @@
 #include "linevalues.h"
 #include "scancode.h"
 
-#include "layout/panelgrid.h"
+#include "panelgrid.h"
 #include "gridorder.h"
-#include "panels/panel.h"
-#include "panels/panelvalues.h"
+#include "panel.h"
+#include "panelvalues.h"
 
 namespace {
 

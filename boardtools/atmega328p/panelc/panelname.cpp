@@ -1,7 +1,7 @@
 #include "panelname.h"
 
-#include "layout/panelgrid.h"
-#include "res/stringtable.h"
+#include "panelgrid.h"
+#include "stringtable.h"
 
 QString CPanelName::Of(const CPanel& panel, CGridPos pos)
 {

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "app/messenger.h"
+#include "messenger.h"
 
 // The compiler shows no boxes: what the layout file reader would ask or announce is
 // answered with its first button, and the faults that matter reach PANEL.err instead.

@@ -2,7 +2,7 @@
 
 #include "panelname.h"
 
-#include "build/netlist.h"
+#include "netlist.h"
 
 #include <algorithm>
 

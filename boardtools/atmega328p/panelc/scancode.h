@@ -2,7 +2,7 @@
 
 #include "avrboard.h"
 
-#include "layout/gridpos.h"
+#include "gridpos.h"
 
 #include <QByteArray>
 #include <QSet>

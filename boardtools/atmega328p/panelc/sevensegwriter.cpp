@@ -3,9 +3,9 @@
 #include "gridorder.h"
 #include "scancode.h"
 
-#include "layout/panelgrid.h"
-#include "panels/panel.h"
-#include "panels/panelvalues.h"
+#include "panelgrid.h"
+#include "panel.h"
+#include "panelvalues.h"
 
 #include <algorithm>
 

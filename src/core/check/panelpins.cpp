@@ -1,0 +1,92 @@
+#include "panelpins.h"
+
+#include "jumppanel.h"
+#include "logicpanel.h"
+#include "panel.h"
+#include "segmentdecoderpanel.h"
+#include "serialbitpanel.h"
+#include "wirepanel.h"
+
+namespace {
+
+EPinRole RoleOf(const CPanel& panel, QChar side)
+{
+    switch (panel.GetArea()) {
+    case CPanel::AreaInput:
+        return EPinRole::Output;
+    case CPanel::AreaOutput:
+        return EPinRole::Input;
+    default:
+        if (CPanelPins::BehaviourOf(panel) == CPanelPins::Wire)
+            return EPinRole::Wire;
+        return side == u'U' || side == u'L' ? EPinRole::Input : EPinRole::Output;
+    }
+}
+
+bool HasPinOnRow(const CPanel& panel, QChar side, int row)
+{
+    if (panel.GetArea() != CPanel::AreaProcess)
+        return true;
+    if (side == u'R')
+        return true;
+    if (side == u'D')
+        return row == panel.GetHeight() - 1;
+    return row == 0;
+}
+
+} // namespace
+
+std::vector<CNetPin> CPanelPins::Of(const CPanel& panel, CGridPos top)
+{
+    std::vector<CNetPin> pins;
+    const QString sides = panel.GetSides();
+    for (int row = 0; row < panel.GetHeight(); ++row)
+        for (const QChar side : QStringLiteral("UDLR"))
+            if (sides.contains(side) && HasPinOnRow(panel, side, row))
+                pins.push_back({top, row, char(side.unicode()), RoleOf(panel, side)});
+    return pins;
+}
+
+QStringList CPanelPins::PiecesOf(const CPanel& panel)
+{
+    if (!dynamic_cast<const CWirePanel*>(&panel))
+        return {};
+    switch (panel.GetBitmapId()) {
+    case 10001: return {"UD"};
+    case 10002: return {"LR"};
+    case 10003: return {"UR"};
+    case 10004: return {"LD"};
+    case 10005: return {"UR", "LD"};
+    case 10006: return {"UD", "LR"};
+    case 10007: return {"UDR"};
+    case 10008: return {"LRD"};
+    default: return {};
+    }
+}
+
+int CPanelPins::JumpIdOf(const CPanel& panel)
+{
+    return dynamic_cast<const CJumpPanel*>(&panel) ? qMax(panel.GetReference(), 0) : 0;
+}
+
+CPanelPins::EBehaviour CPanelPins::BehaviourOf(const CPanel& panel)
+{
+    if (panel.GetSides().isEmpty())
+        return None;
+    switch (panel.GetArea()) {
+    case CPanel::AreaInput:
+        return Source;
+    case CPanel::AreaOutput:
+        return Sink;
+    default:
+        break;
+    }
+    if (dynamic_cast<const CWirePanel*>(&panel) || dynamic_cast<const CJumpPanel*>(&panel))
+        return Wire;
+    if (dynamic_cast<const CLogicPanel*>(&panel))
+        return Combinational;
+    if (dynamic_cast<const CSerialBitPanel*>(&panel) ||
+        dynamic_cast<const CSegmentDecoderPanel*>(&panel))
+        return Sink;
+    return Storing;
+}

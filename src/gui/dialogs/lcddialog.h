@@ -1,0 +1,29 @@
+#pragma once
+
+#include "formdialog.h"
+#include "lcddialoglogic.h"
+
+class CPanel;
+class QLabel;
+class QLineEdit;
+class QRadioButton;
+
+// The LCD panel's "LCD Setting".
+class CLcdDialog : public CFormDialog
+{
+public:
+    // Answers true on OK, after handing the tokens to the panel.
+    static bool Run(CPanel& panel, QWidget* parent);
+
+private:
+    CLcdDialog(const CPanel& panel, QWidget* parent);
+    // Reads the controls into the logic and enables OK by it.
+    void Refresh();
+
+    CLcdDialogLogic m_logic;
+    QRadioButton* m_above;
+    QRadioButton* m_below;
+    QRadioButton* m_clear;
+    QLineEdit* m_text;
+    QLabel* m_refused;
+};

@@ -1,0 +1,32 @@
+#include "serialoutdialog.h"
+
+#include "paneldialogs.h"
+#include "portcombo.h"
+#include "stringtable.h"
+
+#include <QComboBox>
+#include <QLabel>
+#include <QLineEdit>
+
+CSerialOutDialog::CSerialOutDialog(const CPanel& panel, QWidget* parent)
+    : CFormDialog(CPanelDialogs::TitleFor(panel), parent), m_logic(panel.GetPortList())
+{
+    auto* name = new QLineEdit(CStringTable::Get(Ids::CantChange), this);
+    name->setObjectName("name");
+    name->setEnabled(false);
+    m_port = new CPortCombo(panel.GetPortList(), m_logic.Port, this);
+    AddRow(Ids::LblName, name);
+    AddRow(Ids::LblAssignedPort, m_port);
+    for (const CSerialOutDialogLogic::CFixed& fixed : CSerialOutDialogLogic::FixedSettings())
+        AddRow(fixed.Label, new QLabel(fixed.Value, this));
+}
+
+bool CSerialOutDialog::Run(CPanel& panel, QWidget* parent)
+{
+    CSerialOutDialog dialog(panel, parent);
+    if (dialog.exec() != QDialog::Accepted)
+        return false;
+    // Nothing here is the panel's to change.
+    panel.AcceptProperties(panel.GetTokens(), panel.GetPortIndex());
+    return true;
+}

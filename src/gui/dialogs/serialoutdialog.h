@@ -1,0 +1,21 @@
+#pragma once
+
+#include "formdialog.h"
+#include "serialoutdialoglogic.h"
+
+class CPanel;
+class QComboBox;
+
+// The send panel's "UART Setting": shows the port and the fixed line settings.
+class CSerialOutDialog : public CFormDialog
+{
+public:
+    // Answers true on OK, after handing the tokens to the panel.
+    static bool Run(CPanel& panel, QWidget* parent);
+
+private:
+    CSerialOutDialog(const CPanel& panel, QWidget* parent);
+
+    CSerialOutDialogLogic m_logic;
+    QComboBox* m_port;
+};

@@ -1,0 +1,41 @@
+#include "stepmotordialog.h"
+
+#include "paneldialogs.h"
+#include "stringtable.h"
+
+#include <QComboBox>
+#include <QPushButton>
+
+CStepMotorDialog::CStepMotorDialog(const CPanel& panel, QWidget* parent)
+    : CFormDialog(CPanelDialogs::TitleFor(panel), parent), m_logic(panel.GetTokens())
+{
+    m_speed = new QComboBox(this);
+    m_speed->setObjectName("speed");
+    m_speed->addItems(CStepMotorDialogLogic::SpeedTexts());
+    m_speed->setCurrentIndex(m_logic.Speed);
+    m_mode = new QComboBox(this);
+    m_mode->setObjectName("mode");
+    m_mode->addItems(CStepMotorDialogLogic::ModeTexts());
+    m_mode->setCurrentIndex(m_logic.Mode);
+    AddRow(Ids::LblSpeed, m_speed);
+    AddRow(Ids::LblDriveMode, m_mode);
+    for (QComboBox* box : {m_speed, m_mode})
+        connect(box, &QComboBox::currentIndexChanged, this, &CStepMotorDialog::Refresh);
+    Refresh();
+}
+
+void CStepMotorDialog::Refresh()
+{
+    m_logic.Speed = m_speed->currentIndex();
+    m_logic.Mode = m_mode->currentIndex();
+    OkButton()->setEnabled(m_logic.IsOkEnabled());
+}
+
+bool CStepMotorDialog::Run(CPanel& panel, QWidget* parent)
+{
+    CStepMotorDialog dialog(panel, parent);
+    if (dialog.exec() != QDialog::Accepted || !dialog.m_logic.IsOkEnabled())
+        return false;
+    panel.AcceptProperties(dialog.m_logic.Tokens(), panel.GetPortIndex());
+    return true;
+}

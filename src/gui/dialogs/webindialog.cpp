@@ -1,0 +1,43 @@
+#include "webindialog.h"
+
+#include "paneldialogs.h"
+#include "stringtable.h"
+
+#include <QComboBox>
+#include <QLabel>
+#include <QLineEdit>
+#include <QPushButton>
+
+CWebInDialog::CWebInDialog(const CPanel& panel, QWidget* parent)
+    : CFormDialog(CPanelDialogs::TitleFor(panel), parent), m_logic(panel.GetTokens())
+{
+    m_name = new QLineEdit(m_logic.Name, this);
+    m_name->setObjectName("name");
+    m_bits = new QComboBox(this);
+    m_bits->setObjectName("bits");
+    m_bits->addItems(CWebInDialogLogic::BitCounts());
+    m_bits->setCurrentIndex(m_logic.BitCount);
+    AddRow(Ids::LblName, m_name);
+    m_refused = AddRefusal(Ids::NoteNameRefused);
+    AddRow(Ids::LblNumberOfBits, m_bits);
+    connect(m_name, &QLineEdit::textEdited, this, &CWebInDialog::Refresh);
+    connect(m_bits, &QComboBox::currentIndexChanged, this, &CWebInDialog::Refresh);
+    Refresh();
+}
+
+void CWebInDialog::Refresh()
+{
+    m_logic.Name = m_name->text();
+    m_logic.BitCount = m_bits->currentIndex();
+    m_refused->setVisible(!m_logic.IsNameValid());
+    OkButton()->setEnabled(m_logic.IsOkEnabled());
+}
+
+bool CWebInDialog::Run(CPanel& panel, QWidget* parent)
+{
+    CWebInDialog dialog(panel, parent);
+    if (dialog.exec() != QDialog::Accepted || !dialog.m_logic.IsOkEnabled())
+        return false;
+    panel.AcceptProperties(dialog.m_logic.Tokens(), panel.GetPortIndex());
+    return true;
+}

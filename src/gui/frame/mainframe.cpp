@@ -1,0 +1,503 @@
+#include "mainframe.h"
+
+#include "boardinfo.h"
+#include "paletteentry.h"
+#include "settings.h"
+#include "startup.h"
+#include "targetdialog.h"
+#include "builddialog.h"
+#include "buildpipeline.h"
+#include "portfinder.h"
+#include "usedportdialog.h"
+#include "writeroptiondialog.h"
+#include "layoutdocument.h"
+#include "layoutgeometry.h"
+#include "layoutpaintoptions.h"
+#include "layoutpainter.h"
+#include "layoutview.h"
+#include "panelcell.h"
+#include "panelbar.h"
+#include "panel.h"
+#include "pwmdialog.h"
+#include "stringtable.h"
+
+#include <QApplication>
+#include <QCloseEvent>
+#include <QDesktopServices>
+#include <QDir>
+#include <QFileDialog>
+#include <QFileInfo>
+#include <QFontDatabase>
+#include <QLabel>
+#include <QMenuBar>
+#include <QMessageBox>
+#include <QMimeData>
+#include <QPageSetupDialog>
+#include <QPainter>
+#include <QPrintDialog>
+#include <QPrintPreviewDialog>
+#include <QPrinter>
+#include <QSettings>
+#include <QStatusBar>
+#include <QToolBar>
+#include <QUrl>
+
+namespace {
+
+constexpr int kRecentFiles = 4;
+
+QString Text(int id)
+{
+    return CStringTable::Get(id);
+}
+
+QString FileFilter()
+{
+    return Text(Ids::FilterLocationFiles) + ";;" + Text(Ids::FilterAllFiles);
+}
+
+// The printed page: the drawing in printing mode, scaled to fit the page.
+void PrintLayout(QPrinter& printer, const CPanelGrid& grid)
+{
+    QPainter painter(&printer);
+    const QRectF page = printer.pageLayout().paintRectPixels(printer.resolution());
+    const QSizeF drawing = CLayoutGeometry::DrawingSize();
+    const double scale = qMin(page.width() / drawing.width(), page.height() / drawing.height());
+    painter.scale(scale, scale);
+    CLayoutPaintOptions options;
+    options.Printing = true;
+    CLayoutPainter::Paint(painter, grid, options);
+}
+
+} // namespace
+
+CMainFrame::CMainFrame(const CBoardInfo& board, CSettings& settings, IPropertyEditor& editor,
+                       QWidget* parent)
+    : QMainWindow(parent), m_board(board), m_settings(settings),
+      m_printer(std::make_unique<QPrinter>(QPrinter::HighResolution))
+{
+    m_messenger.SetParent(this);
+    m_document = std::make_unique<CLayoutDocument>(&m_board, m_messenger);
+    // The bars come first: the view asks them for the chosen entry as soon as it exists.
+    m_inOutBar = new CPanelBar(Text(Ids::BarInOut), m_board.GetInOutPalette(), this);
+    m_processBar = new CPanelBar(Text(Ids::BarProcess), m_board.GetPartsPalette(), this);
+    m_view = new CLayoutView(*m_document, *this, editor, this);
+    setCentralWidget(m_view);
+    addDockWidget(Qt::LeftDockWidgetArea, m_inOutBar);
+    addDockWidget(Qt::LeftDockWidgetArea, m_processBar);
+    // One chosen entry across both bars.
+    connect(m_inOutBar, &CPanelBar::EntryChosen, m_processBar, &CPanelBar::ClearChoice);
+    connect(m_processBar, &CPanelBar::EntryChosen, m_inOutBar, &CPanelBar::ClearChoice);
+
+    CreateActions();
+    CreateStatusBar();
+    connect(m_view, &CLayoutView::StatusText, this, [this](const QString& text) {
+        statusBar()->showMessage(text);
+    });
+    connect(m_view, &CLayoutView::PositionText, m_positionPane, &QLabel::setText);
+    connect(m_view, &CLayoutView::UsageChanged, this, [this](int percent) {
+        m_usePane->setText(CStringTable::Format(Ids::StatusUsed, {percent}));
+    });
+    connect(m_view, &CLayoutView::Modified, this, [this] {
+        UpdateTitle();
+        UpdateCommands();
+    });
+    connect(m_view, &CLayoutView::SelectionChanged, this, &CMainFrame::UpdateCommands);
+    connect(m_view, &CLayoutView::ClipboardChanged, this, &CMainFrame::UpdateCommands);
+
+    setAcceptDrops(true);
+    Refresh();
+    m_view->ClearSelection();
+    UpdateTitle();
+    UpdateCommands();
+    resize(1000, 800);
+}
+
+CMainFrame::~CMainFrame() = default;
+
+QAction* CMainFrame::AddAction(QMenu* menu, int text, const QList<QKeySequence>& keys,
+                               std::function<void()> handler)
+{
+    auto* action = new QAction(Text(text), this);
+    action->setShortcuts(keys);
+    connect(action, &QAction::triggered, this, std::move(handler));
+    menu->addAction(action);
+    m_actions.insert(text, action);
+    return action;
+}
+
+void CMainFrame::CreateActions()
+{
+    QMenu* file = menuBar()->addMenu(Text(Ids::MenuFile));
+    AddAction(file, Ids::MenuFileNew, {QKeySequence::New}, [this] { FileNew(); });
+    AddAction(file, Ids::MenuFileOpen, {QKeySequence::Open}, [this] { FileOpen(); });
+    AddAction(file, Ids::MenuFileSave, {QKeySequence::Save}, [this] { FileSave(); });
+    AddAction(file, Ids::MenuFileSaveAs, {QKeySequence::SaveAs}, [this] { FileSaveAs(); });
+    file->addSeparator();
+    AddAction(file, Ids::MenuFilePrint, {QKeySequence::Print}, [this] { FilePrint(); });
+    AddAction(file, Ids::MenuFilePreview, {}, [this] { FilePreview(); });
+    AddAction(file, Ids::MenuFilePrintSetup, {}, [this] { FilePrintSetup(); });
+    file->addSeparator();
+    m_recentMenu = file->addMenu(Text(Ids::MenuFileRecent));
+    UpdateRecentMenu();
+    file->addSeparator();
+    AddAction(file, Ids::MenuFileExit, {QKeySequence::Quit}, [this] { close(); });
+
+    QMenu* edit = menuBar()->addMenu(Text(Ids::MenuEdit));
+    AddAction(edit, Ids::MenuEditUndo, {QKeySequence::Undo, QKeySequence(Qt::ALT | Qt::Key_Backspace)},
+              [this] { Edit(&CLayoutView::Undo); });
+    edit->addSeparator();
+    AddAction(edit, Ids::MenuEditCut, {QKeySequence::Cut}, [this] { Edit(&CLayoutView::Cut); });
+    AddAction(edit, Ids::MenuEditCopy, {QKeySequence::Copy}, [this] { Edit(&CLayoutView::Copy); });
+    AddAction(edit, Ids::MenuEditPaste, {QKeySequence::Paste}, [this] { Edit(&CLayoutView::Paste); });
+    AddAction(edit, Ids::MenuEditDelete, {QKeySequence::Delete}, [this] { Edit(&CLayoutView::Delete); });
+    edit->addSeparator();
+    AddAction(edit, Ids::MenuEditRotate, {QKeySequence(Qt::CTRL | Qt::Key_R)}, [this] { Edit(&CLayoutView::Rotate); });
+    AddAction(edit, Ids::MenuEditShiftUp, {}, [this] { Edit(&CLayoutView::ShiftAllUp); });
+    AddAction(edit, Ids::MenuEditShiftDown, {}, [this] { Edit(&CLayoutView::ShiftAllDown); });
+    AddAction(edit, Ids::MenuEditShiftRight, {}, [this] { Edit(&CLayoutView::ShiftAllRight); });
+    AddAction(edit, Ids::MenuEditShiftLeft, {}, [this] { Edit(&CLayoutView::ShiftAllLeft); });
+    edit->addSeparator();
+    AddAction(edit, Ids::MenuEditProperty, {QKeySequence(Qt::Key_F4)}, [this] { Edit(&CLayoutView::EditSelection); });
+
+    // Alt with an arrow repeats the selected panel into the empty cells that way.
+    const struct
+    {
+        Qt::Key Key;
+        char16_t Direction;
+    } fills[] = {{Qt::Key_Down, u'D'}, {Qt::Key_Up, u'U'}, {Qt::Key_Left, u'L'}, {Qt::Key_Right, u'R'}};
+    for (const auto& fill : fills) {
+        auto* action = new QAction(this);
+        action->setShortcut(QKeySequence(Qt::ALT | fill.Key));
+        const QChar direction(fill.Direction);
+        connect(action, &QAction::triggered, this, [this, direction] {
+            m_view->FillInDirection(direction);
+            UpdateCommands();
+        });
+        addAction(action);
+    }
+
+    QMenu* view = menuBar()->addMenu(Text(Ids::MenuView));
+    AddAction(view, Ids::MenuViewAssignedPorts, {}, [this] { CUsedPortDialog::Run(m_document->Grid(), this); });
+    QToolBar* tools = addToolBar(Text(Ids::MenuViewToolbar));
+    tools->setObjectName("Toolbar");
+    QAction* toolbar = tools->toggleViewAction();
+    toolbar->setText(Text(Ids::MenuViewToolbar));
+    view->addAction(toolbar);
+    view->addSeparator();
+    AddAction(view, Ids::MenuViewZoomIn, {QKeySequence::ZoomIn, QKeySequence(Qt::CTRL | Qt::Key_Equal)},
+              [this] { m_view->ZoomIn(); });
+    AddAction(view, Ids::MenuViewZoomOut, {QKeySequence::ZoomOut}, [this] { m_view->ZoomOut(); });
+    AddAction(view, Ids::MenuViewZoomReset, {QKeySequence(Qt::CTRL | Qt::Key_0)}, [this] { m_view->ResetZoom(); });
+
+    QMenu* run = menuBar()->addMenu(Text(Ids::MenuRun));
+    AddAction(run, Ids::MenuRunBuild, {QKeySequence(Qt::Key_F7)}, [this] { RunBuild(); });
+
+    QMenu* settingsMenu = menuBar()->addMenu(Text(Ids::MenuSettings));
+    AddAction(settingsMenu, Ids::MenuSettingsBoard, {}, [this] {
+        CTargetDialog::Run(m_board, m_settings,
+                           CStartup::TargetFolder(QCoreApplication::applicationDirPath()), m_messenger, this);
+    });
+    AddAction(settingsMenu, Ids::MenuSettingsWriter, {}, [this] { CWriterOptionDialog::Run(m_settings, this); });
+    // The PWM dialog's frequency range is the board's.
+    CPwmDialog::SetFrequencyLimits(m_board.GetPwmLowFreq(), m_board.GetPwmHighFreq());
+
+    QMenu* help = menuBar()->addMenu(Text(Ids::MenuHelp));
+    AddAction(help, Ids::MenuHelpManual, {QKeySequence::HelpContents}, [this] { HelpManual(); });
+    AddAction(help, Ids::MenuHelpVersion, {}, [this] { HelpVersion(); });
+
+    for (int id : {Ids::MenuFileNew, Ids::MenuFileOpen, Ids::MenuFileSave, Ids::MenuFilePrint})
+        tools->addAction(m_actions.value(id));
+    tools->addSeparator();
+    for (int id : {Ids::MenuEditCut, Ids::MenuEditCopy, Ids::MenuEditPaste, Ids::MenuEditUndo})
+        tools->addAction(m_actions.value(id));
+    tools->addSeparator();
+    tools->addAction(m_actions.value(Ids::MenuRunBuild));
+}
+
+void CMainFrame::CreateStatusBar()
+{
+    m_positionPane = new QLabel(this);
+    m_usePane = new QLabel(this);
+    for (QLabel* pane : {m_positionPane, m_usePane}) {
+        pane->setFont(QFontDatabase::systemFont(QFontDatabase::FixedFont));
+        statusBar()->addPermanentWidget(pane);
+    }
+    m_usePane->setText(CStringTable::Format(Ids::StatusUsed, {0}));
+    statusBar()->showMessage(Text(Ids::StatusReady));
+}
+
+void CMainFrame::Edit(void (CLayoutView::*command)())
+{
+    (m_view->*command)();
+    UpdateTitle();
+    UpdateCommands();
+}
+
+// The chooser the view asks: the process bar's choice first, then the input/output bar's.
+const CPaletteEntry* CMainFrame::Chosen() const
+{
+    if (const CPaletteEntry* entry = m_processBar->GetChosen())
+        return entry;
+    return m_inOutBar->GetChosen();
+}
+
+std::unique_ptr<CPanelCell> CMainFrame::TakeChosenCell()
+{
+    const CPaletteEntry* entry = Chosen();
+    return entry ? entry->MakeCell() : nullptr;
+}
+
+bool CMainFrame::HasChosen() const
+{
+    return Chosen() != nullptr;
+}
+
+int CMainFrame::ChosenArea() const
+{
+    const CPaletteEntry* entry = Chosen();
+    return entry && entry->GetPrototype() ? entry->GetPrototype()->GetArea() : int(CPanel::AreaNone);
+}
+
+void CMainFrame::ClearChoice()
+{
+    m_processBar->ClearChoice();
+    m_inOutBar->ClearChoice();
+}
+
+void CMainFrame::Refresh()
+{
+    m_processBar->Refresh(m_document->Grid());
+    m_inOutBar->Refresh(m_document->Grid());
+}
+
+void CMainFrame::UpdateTitle()
+{
+    setWindowTitle(CStringTable::Format(Ids::TitleFormat, {m_document->GetTitle() + "[*]"}));
+    setWindowModified(m_document->IsModified());
+}
+
+void CMainFrame::UpdateCommands()
+{
+    const auto enable = [this](int id, bool on) {
+        if (QAction* action = m_actions.value(id))
+            action->setEnabled(on);
+    };
+    const bool selected = !m_view->GetSelection().IsEmpty();
+    enable(Ids::MenuEditUndo, m_view->CanUndo());
+    enable(Ids::MenuEditCut, selected);
+    enable(Ids::MenuEditCopy, selected);
+    enable(Ids::MenuEditPaste, m_view->CanPaste());
+    enable(Ids::MenuEditDelete, selected);
+    enable(Ids::MenuEditRotate, m_view->CanRotate());
+    enable(Ids::MenuEditProperty, m_view->CanEditSelection());
+    // Wired up with their dialogs.
+    enable(Ids::MenuViewAssignedPorts, true);
+    enable(Ids::MenuSettingsBoard, true);
+    enable(Ids::MenuSettingsWriter, true);
+}
+
+bool CMainFrame::MayDiscard()
+{
+    if (!m_document->IsModified())
+        return true;
+    switch (m_messenger.Message(CStringTable::Format(Ids::MsgSaveChanges, {m_document->GetTitle()}),
+                                EButtons::YesNoCancel, EIcon::Question)) {
+    case EAnswer::Yes:
+        return FileSave();
+    case EAnswer::No:
+        return true;
+    default:
+        return false;
+    }
+}
+
+void CMainFrame::FileNew()
+{
+    if (!MayDiscard())
+        return;
+    m_document->New();
+    m_view->Reset();
+    Refresh();
+    UpdateTitle();
+    UpdateCommands();
+}
+
+void CMainFrame::FileOpen()
+{
+    if (!MayDiscard())
+        return;
+    const QString path = QFileDialog::getOpenFileName(this, QString(), SaveFolder(), FileFilter());
+    if (!path.isEmpty())
+        OpenLayout(path);
+}
+
+QString CMainFrame::SaveFolder() const
+{
+    return QDir(QCoreApplication::applicationDirPath()).filePath(m_settings.GetSaveDir());
+}
+
+bool CMainFrame::OpenLayout(const QString& path)
+{
+    if (!m_document->Open(path)) {
+        // A file that is no layout gets its own message; one that cannot be read says why.
+        const QString error = m_document->ErrorString();
+        m_messenger.Message(error == Text(Ids::MsgNotLocFile)
+                                ? error
+                                : CStringTable::Format(Ids::MsgCantOpen, {QDir::toNativeSeparators(path), error}),
+                            EButtons::Ok, EIcon::Error);
+        return false;
+    }
+    m_view->Reset();
+    AddRecent(m_document->GetPath());
+    Refresh();
+    UpdateTitle();
+    UpdateCommands();
+    return true;
+}
+
+bool CMainFrame::FileSave()
+{
+    if (m_document->GetPath().isEmpty())
+        return FileSaveAs();
+    const bool saved = m_document->Save();
+    UpdateTitle();
+    return saved;
+}
+
+bool CMainFrame::FileSaveAs()
+{
+    QString path = QFileDialog::getSaveFileName(this, QString(),
+                                                m_document->GetPath().isEmpty() ? SaveFolder() : m_document->GetPath(),
+                                                FileFilter());
+    if (path.isEmpty())
+        return false;
+    if (QFileInfo(path).suffix().isEmpty())
+        path += ".loc";
+    const bool saved = m_document->SaveAs(path);
+    if (saved)
+        AddRecent(m_document->GetPath());
+    UpdateTitle();
+    return saved;
+}
+
+void CMainFrame::FilePrint()
+{
+    QPrintDialog dialog(m_printer.get(), this);
+    if (dialog.exec() == QDialog::Accepted)
+        PrintLayout(*m_printer, m_document->Grid());
+}
+
+void CMainFrame::FilePreview()
+{
+    QPrintPreviewDialog preview(m_printer.get(), this);
+    connect(&preview, &QPrintPreviewDialog::paintRequested, this,
+            [this](QPrinter* printer) { PrintLayout(*printer, m_document->Grid()); });
+    preview.exec();
+}
+
+void CMainFrame::FilePrintSetup()
+{
+    QPageSetupDialog dialog(m_printer.get(), this);
+    dialog.exec();
+}
+
+void CMainFrame::AddRecent(const QString& path)
+{
+    QSettings profile(QString::fromLatin1(CSettings::kCompany), QString::fromLatin1(CSettings::kApplication));
+    QStringList files = profile.value("Recent File List/Files").toStringList();
+    files.removeAll(path);
+    files.prepend(path);
+    profile.setValue("Recent File List/Files", QStringList(files.mid(0, kRecentFiles)));
+    UpdateRecentMenu();
+}
+
+void CMainFrame::UpdateRecentMenu()
+{
+    m_recentMenu->clear();
+    QSettings profile(QString::fromLatin1(CSettings::kCompany), QString::fromLatin1(CSettings::kApplication));
+    const QStringList files = profile.value("Recent File List/Files").toStringList();
+    for (int i = 0; i < files.size(); ++i) {
+        const QString path = files[i];
+        QAction* action = m_recentMenu->addAction(QStringLiteral("&%1 %2").arg(i + 1).arg(QDir::toNativeSeparators(path)));
+        connect(action, &QAction::triggered, this, [this, path] {
+            if (MayDiscard())
+                OpenLayout(path);
+        });
+    }
+    m_recentMenu->setEnabled(!files.isEmpty());
+}
+
+void CMainFrame::RunBuild()
+{
+    if (m_document->GetPath().isEmpty()) {
+        m_messenger.Message(Text(Ids::MsgNotSavedCantBuild), EButtons::Ok, EIcon::Warning);
+        return;
+    }
+    if (m_settings.GetSaveBeforeCompile() && m_document->IsModified())
+        FileSave();
+    const CBuildSettings settings =
+        CBuildSettings::From(m_settings, m_board, QCoreApplication::applicationDirPath());
+    const QString path = m_document->GetPath();
+    CBuildDialog dialog(
+        [this, settings, path](IBuildLog& log, CStopRequest& stop) {
+            const std::unique_ptr<IPortFinder> finder = CreatePlatformPortFinder();
+            CBuildPipeline pipeline(m_document->Grid(), m_board, settings, log, m_messenger, *finder);
+            pipeline.SetStopRequest(&stop);
+            return pipeline.Build(path);
+        },
+        m_messenger, this);
+    dialog.exec();
+    // The build's programs may have taken the focus to windows of their own.
+    raise();
+    activateWindow();
+}
+
+void CMainFrame::HelpManual()
+{
+    const QDir programs(QCoreApplication::applicationDirPath());
+    QString manual = programs.filePath(m_settings.GetMan());
+    // The Japanese manual stands beside the English one with "_ja" before its extension.
+    if (CStringTable::GetLanguage() == ELanguage::Japanese) {
+        const QFileInfo info(manual);
+        const QString japanese = info.dir().filePath(info.completeBaseName() + "_ja." + info.suffix());
+        if (QFileInfo::exists(japanese))
+            manual = japanese;
+    }
+    if (m_settings.GetMan().isEmpty() || !QFileInfo::exists(manual) ||
+        !QDesktopServices::openUrl(QUrl::fromLocalFile(manual)))
+        m_messenger.Message(CStringTable::Format(Ids::MsgManualMissing, {QDir::toNativeSeparators(manual)}),
+                            EButtons::Ok, EIcon::Warning);
+}
+
+void CMainFrame::HelpVersion()
+{
+    QMessageBox::about(this, Text(Ids::AboutTitle),
+                       CStringTable::Format(Ids::AboutText, {QCoreApplication::applicationVersion(),
+                                                             m_board.GetBoardName()}));
+}
+
+void CMainFrame::closeEvent(QCloseEvent* event)
+{
+    if (MayDiscard())
+        event->accept();
+    else
+        event->ignore();
+}
+
+void CMainFrame::dragEnterEvent(QDragEnterEvent* event)
+{
+    if (event->mimeData()->hasUrls())
+        event->acceptProposedAction();
+}
+
+void CMainFrame::dropEvent(QDropEvent* event)
+{
+    // A layout file dropped on the window is opened as File > Open opens it.
+    const QList<QUrl> urls = event->mimeData()->urls();
+    if (urls.isEmpty() || !urls.first().isLocalFile())
+        return;
+    event->acceptProposedAction();
+    if (MayDiscard())
+        OpenLayout(urls.first().toLocalFile());
+}

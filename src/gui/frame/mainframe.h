@@ -1,0 +1,92 @@
+#pragma once
+
+#include "messageboxmessenger.h"
+#include "panelchooser.h"
+
+#include <QMainWindow>
+
+#include <functional>
+#include <memory>
+
+class CBoardInfo;
+class CPaletteEntry;
+class QPrinter;
+class CLayoutDocument;
+class CLayoutView;
+class CPanelBar;
+class CSettings;
+class IPropertyEditor;
+class QAction;
+class QLabel;
+class QMenu;
+
+// The editor's window: menus, tool bar, the two panel bars, the layout view and the status
+// bar with its message, position and use panes. It owns the one open layout.
+class CMainFrame : public QMainWindow, public IPanelChooser
+{
+    Q_OBJECT
+
+public:
+    CMainFrame(const CBoardInfo& board, CSettings& settings, IPropertyEditor& editor,
+               QWidget* parent = nullptr);
+    ~CMainFrame() override;
+
+    CLayoutDocument& Document() { return *m_document; }
+    CLayoutView& View() { return *m_view; }
+
+    // Opens a layout as File > Open does; false and a message when it is no layout.
+    bool OpenLayout(const QString& path);
+
+    // IPanelChooser: the process bar's choice first, then the input/output bar's.
+    std::unique_ptr<CPanelCell> TakeChosenCell() override;
+    bool HasChosen() const override;
+    int ChosenArea() const override;
+    void ClearChoice() override;
+    void Refresh() override;
+
+protected:
+    void closeEvent(QCloseEvent* event) override;
+    void dragEnterEvent(QDragEnterEvent* event) override;
+    void dropEvent(QDropEvent* event) override;
+
+private:
+    void CreateActions();
+    void CreateMenus();
+    void CreateStatusBar();
+    QAction* AddAction(QMenu* menu, int text, const QList<QKeySequence>& keys,
+                       std::function<void()> handler);
+    // Runs one of the view's edit commands, then brings title and commands up to date.
+    void Edit(void (CLayoutView::*command)());
+    const CPaletteEntry* Chosen() const;
+    QString SaveFolder() const;
+    // Asks to save a modified layout; false when the user cancels.
+    bool MayDiscard();
+    void UpdateTitle();
+    void UpdateCommands();
+    void AddRecent(const QString& path);
+    void UpdateRecentMenu();
+
+    void FileNew();
+    void FileOpen();
+    bool FileSave();
+    bool FileSaveAs();
+    void FilePrint();
+    void FilePreview();
+    void FilePrintSetup();
+    void RunBuild();
+    void HelpManual();
+    void HelpVersion();
+
+    const CBoardInfo& m_board;
+    CSettings& m_settings;
+    CMessageBoxMessenger m_messenger;
+    std::unique_ptr<QPrinter> m_printer;
+    std::unique_ptr<CLayoutDocument> m_document;
+    CLayoutView* m_view = nullptr;
+    CPanelBar* m_inOutBar = nullptr;
+    CPanelBar* m_processBar = nullptr;
+    QLabel* m_positionPane = nullptr;
+    QLabel* m_usePane = nullptr;
+    QMenu* m_recentMenu = nullptr;
+    QHash<int, QAction*> m_actions; // by text id
+};
