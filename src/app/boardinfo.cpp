@@ -1,8 +1,10 @@
 #include "boardinfo.h"
 
+#include "app/messenger.h"
 #include "panels/panel.h"
 #include "panels/panelvalues.h"
 #include "res/stringtable.h"
+#include "app/xmldepth.h"
 
 #include <QDir>
 #include <QDomDocument>
@@ -13,6 +15,12 @@ namespace {
 // CMDn numbers start at 1. Zero, negative numbers, anything not a number and numbers beyond
 // this bound are refused: a typo must not grow the command list to millions of entries.
 constexpr int kMaxCommandNumber = 999;
+
+QString BoardFilePath(const QString& folder)
+{
+    const bool english = CStringTable::GetLanguage() == ELanguage::English;
+    return QDir(folder).filePath(english ? QStringLiteral("board_e.xml") : QStringLiteral("board.xml"));
+}
 
 QString Attribute(const QDomElement& element, const char* name)
 {
@@ -33,6 +41,14 @@ bool CBoardInfo::Read(const QString& folder, const QString&, IMessenger& messeng
 {
     *this = CBoardInfo();
     m_folder = folder;
+    // Faults of the board file fail the read silently, except this one: a file nested that
+    // deep is no slip of the pen, and the user should learn why the board was refused.
+    if (const QString path = BoardFilePath(folder); CXmlDepth::Exceeds(path)) {
+        messenger.Message(CStringTable::Format(Ids::MsgBoardFileTooDeep,
+                                               {QDir::toNativeSeparators(path), CXmlDepth::Limit}),
+                          EButtons::Ok, EIcon::Error);
+        return false;
+    }
     if (!ReadBoardFile())
         return false;
     const QDir dir(folder);
@@ -43,9 +59,7 @@ bool CBoardInfo::Read(const QString& folder, const QString&, IMessenger& messeng
 
 bool CBoardInfo::ReadBoardFile()
 {
-    const bool english = CStringTable::GetLanguage() == ELanguage::English;
-    QFile file(QDir(m_folder).filePath(english ? QStringLiteral("board_e.xml")
-                                               : QStringLiteral("board.xml")));
+    QFile file(BoardFilePath(m_folder));
     QDomDocument document;
     if (!file.open(QIODevice::ReadOnly) || !document.setContent(&file))
         return false;

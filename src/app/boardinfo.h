@@ -18,8 +18,9 @@ class CBoardInfo
   public:
     // Reads "board_e.xml" (English) or "board.xml" (Japanese) in folder, then the
     // input/output palette and then the process palette it names. ignored is not used.
-    // Faults in the board file fail silently; a faulty palette is reported once through
-    // messenger. Each read starts from an empty description, so two boards never mix.
+    // Faults in the board file fail silently, except nesting deeper than CXmlDepth allows;
+    // that and a faulty palette are reported once through messenger. Each read starts from
+    // an empty description, so two boards never mix.
     bool Read(const QString& folder, const QString& ignored, IMessenger& messenger);
 
     QString GetFolder() const { return m_folder; }
