@@ -1,12 +1,14 @@
 // Reading a board folder: the board file, its faults, and the sample board shipped.
 #include "boardinfo.h"
 #include "panelfactory.h"
+#include "xmldepth.h"
 #include "panels/paneltest.h"
 #include "stringtable.h"
 #include "support/boardfolder.h"
 #include "support/recordingmessenger.h"
 
 #include <QDir>
+#include <QElapsedTimer>
 #include <QSet>
 #include <QTemporaryDir>
 
@@ -225,6 +227,40 @@ TEST(BoardInfo, PaletteFaultIsReportedOnceAndFailsTheRead)
             << row.Board;
         EXPECT_EQ(board.GetInOutPalette().GetPageCount(), row.InOutPages) << row.Board;
         EXPECT_EQ(board.GetPartsPalette().GetPageCount(), row.PartsPages) << row.Board;
+    }
+}
+
+TEST(BoardInfo, DeeplyNestedFileIsRefusedAtOnceWithAMessage)
+{
+    // 100,000 levels in 700 KB: the DOM reader alone would spend more than half a minute.
+    const QByteArray deep = "<?xml version=\"1.0\"?>" + QByteArray("<a>").repeated(100000) +
+                            QByteArray("</a>").repeated(100000);
+    const struct
+    {
+        const char* File;
+        int Message;
+    } rows[] = {
+        {"board_e.xml", Ids::MsgBoardFileTooDeep},
+        {"inout_e.xml", Ids::MsgPanelDefinitionTooDeep},
+        {"parts_e.xml", Ids::MsgPanelDefinitionTooDeep},
+    };
+    for (const auto& row : rows) {
+        SCOPED_TRACE(row.File);
+        const QTemporaryDir dir;
+        CopyBoardFiles(SampleFolder(), dir.path());
+        const QString path = QDir(dir.path()).filePath(row.File);
+        QFile file(path);
+        ASSERT_TRUE(file.open(QIODevice::WriteOnly | QIODevice::Truncate));
+        file.write(deep);
+        file.close();
+        CRecordingMessenger messenger;
+        CBoardInfo board;
+        QElapsedTimer clock;
+        clock.start();
+        EXPECT_FALSE(board.Read(dir.path(), QString(), messenger));
+        EXPECT_LT(clock.elapsed(), 5000);
+        EXPECT_EQ(messenger.Texts,
+                  QStringList{CStringTable::Format(row.Message, {QDir::toNativeSeparators(path), CXmlDepth::Limit})});
     }
 }
 

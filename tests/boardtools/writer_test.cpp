@@ -81,7 +81,11 @@ struct CWriterProgram : testing::Test
     QStringList Expected(const QString& port, const QString& part = "m328p",
                          const QString& programmer = "arduino", const QString& baud = "115200")
     {
-        return {"-c", programmer, "-p", part, "-b", baud, "-P", port, "-U", "flash:w:" + hex + ":i"};
+        QStringList args = {"-c", programmer, "-p", part, "-b", baud, "-P", port};
+        // A boot loader that does not answer its first sync is given up at once.
+        if (programmer == "arduino" || programmer == "stk500v1")
+            args << "-x" << "attempts=1";
+        return args << "-U" << "flash:w:" + hex + ":i";
     }
 };
 
@@ -111,6 +115,8 @@ TEST_F(CWriterProgram, ComposesAvrdudeArguments)
          Expected("/dev/ttyS0", "m168")},
         {"empty fields keep defaults", {"/C/dev/ttyS0", "/P", "::57600", "%hex%"},
          Expected("/dev/ttyS0", "m328p", "arduino", "57600")},
+        {"another boot loader of the same protocol", {"/C/dev/ttyS0", "/P", "m328p:stk500v1:57600", "%hex%"},
+         Expected("/dev/ttyS0", "m328p", "stk500v1", "57600")},
         {"a COM number", {"/C3", "%hex%"}, Expected("3")},
         {"the later of two ports wins", {"/C/dev/ttyS0", "/C/dev/ttyACM1", "%hex%"}, Expected("/dev/ttyACM1")},
     };

@@ -5,6 +5,7 @@
 #include "layoutbuilder.h"
 
 #include <array>
+#include <cmath>
 #include <map>
 #include <optional>
 #include <vector>
@@ -149,6 +150,51 @@ TEST(FamilyGates, KeyIsDebouncedFor20Ms)
     sim.SetInput(PD3, false);
     RunTo(sim, 262);
     EXPECT_FALSE(sim.Level(PB0));
+}
+
+// The scan reads the pins once a millisecond, so a pulse a little under 20 ms can still be
+// seen by 20 reads. Each pulse here starts a quarter of a millisecond before a read: 19.5 ms
+// then spans 20 reads and 20.5 ms spans 21, and only the second has held for 20 ms.
+TEST(FamilyGates, KeyTakesALevelOnlyAfterItHeld20Ms)
+{
+    CAvrSimulator sim;
+    LOAD_LAYOUT(sim, "gates");
+    // When the scan reads: the digital input reaches its active-low output (PC3) in the
+    // scan that read it, a few microseconds after the read.
+    sim.SetInput(PD2, false);
+    sim.SetInput(PD3, true);
+    RunTo(sim, 10);
+    sim.SetInput(PD3, false);
+    RunTo(sim, 15);
+    const std::optional<double> read = EdgeAfter(sim, PC3, 10, true);
+    ASSERT_TRUE(read);
+    sim.SetInput(PD3, true);
+    const struct
+    {
+        const char* Behaviour;
+        bool Pressed; // the key's level around the pulse
+        double Ms;
+        bool Taken;
+    } rows[] = {
+        {"a 19.5 ms bounce while released", false, 19.5, false},
+        {"a 20.5 ms press", false, 20.5, true},
+        {"a 19.5 ms bounce while pressed", true, 19.5, false},
+        {"a 20.5 ms release", true, 20.5, true},
+    };
+    for (const auto& row : rows) {
+        SCOPED_TRACE(row.Behaviour);
+        // The AND (PB0) shows the debounced key while the digital input stays on.
+        sim.SetInput(PD2, row.Pressed);
+        RunTo(sim, sim.NowMs() + 50);
+        ASSERT_EQ(sim.Level(PB0), row.Pressed);
+        const double start = *read + std::ceil(sim.NowMs() - *read + 1) - 0.25;
+        RunTo(sim, start);
+        sim.SetInput(PD2, !row.Pressed);
+        RunTo(sim, start + row.Ms);
+        sim.SetInput(PD2, row.Pressed);
+        RunTo(sim, start + row.Ms + 30);
+        EXPECT_EQ(EdgeAfter(sim, PB0, start, !row.Pressed).has_value(), row.Taken);
+    }
 }
 
 TEST(FamilyGates, ActiveLowSwitchWithPullUpDrivesActiveLowLamp)

@@ -96,8 +96,8 @@ static inline q_bit q_rising(uint8_t *prev, q_bit in)
     return rose;
 }
 
-/* The output takes the input's level once the input has kept it for `time` scans:
- * debouncing (20 scans) and the delay panel. */
+/* The output takes the input's level once `time` scans in a row have seen it: debouncing
+ * (21 reads, so the pin has held the level for 20 ms) and the delay panel. */
 static inline void q_settle(q_timer_t *t, q_bit in, q_time_t time)
 {
     if (in == t->out) {

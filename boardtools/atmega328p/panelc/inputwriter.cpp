@@ -8,7 +8,11 @@
 
 namespace {
 
-constexpr int kDebounceScans = 20;
+// A key or switch takes a new level once the pin has kept it for 20 ms. The pin is read
+// once a scan, so the first read that sees the level may come up to a scan after the change:
+// only a level read 21 times in a row, the last read 20 ms after the first, has surely held
+// for 20 ms. Twenty reads let a 19.5 ms bounce through.
+constexpr int kDebounceScans = 21;
 
 void WriteDigital(const CPanel& panel, CGridPos pos, CScanCode& code)
 {

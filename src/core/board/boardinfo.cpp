@@ -1,9 +1,11 @@
 #include "boardinfo.h"
 
+#include "messenger.h"
 #include "folderpath.h"
 #include "panel.h"
 #include "panelvalues.h"
 #include "stringtable.h"
+#include "xmldepth.h"
 
 #include <QDir>
 #include <QDomDocument>
@@ -16,6 +18,12 @@ namespace {
 // this bound are refused: the list keeps only the positions a file names, but a number this
 // large is a typo, not a plan.
 constexpr int kMaxCommandNumber = 1000000;
+
+QString BoardFilePath(const QString& folder)
+{
+    const bool english = CStringTable::GetLanguage() == ELanguage::English;
+    return QDir(folder).filePath(english ? QStringLiteral("board_e.xml") : QStringLiteral("board.xml"));
+}
 
 QString Attribute(const QDomElement& element, const char* name)
 {
@@ -36,6 +44,15 @@ bool CBoardInfo::Read(const QString& folder, const QString&, IMessenger& messeng
 {
     *this = CBoardInfo();
     m_folder = QDir(folder).absolutePath();
+    // Faults of the board file fail the read without a message, except this one: a file
+    // nested that deep is no slip of the pen, and the user should learn why the board was
+    // refused.
+    if (const QString path = BoardFilePath(m_folder); CXmlDepth::Exceeds(path)) {
+        const QString error = CStringTable::Format(Ids::MsgBoardFileTooDeep,
+                                                   {QDir::toNativeSeparators(path), CXmlDepth::Limit});
+        messenger.Message(error, EButtons::Ok, EIcon::Error);
+        return Fail(error);
+    }
     if (!ReadBoardFile())
         return false;
     const QDir dir(m_folder);
@@ -56,9 +73,7 @@ bool CBoardInfo::Fail(const QString& error)
 
 bool CBoardInfo::ReadBoardFile()
 {
-    const bool english = CStringTable::GetLanguage() == ELanguage::English;
-    const QString path = QDir(m_folder).filePath(english ? QStringLiteral("board_e.xml")
-                                                         : QStringLiteral("board.xml"));
+    const QString path = BoardFilePath(m_folder);
     QFile file(path);
     if (!file.open(QIODevice::ReadOnly))
         return Fail(CStringTable::Format(Ids::BoardFileUnreadable, {path, file.errorString()}));

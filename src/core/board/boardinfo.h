@@ -21,8 +21,9 @@ class CBoardInfo
     // Reads "board_e.xml" (English) or "board.xml" (Japanese) in folder, then the
     // input/output palette and then the process palette it names. ignored is not used.
     // Faults in the board file are not shown (start-up goes on to the next board) but kept
-    // in ErrorString(); a faulty palette is reported once through messenger. Each read
-    // starts from an empty description, so two boards never mix.
+    // in ErrorString(), except nesting deeper than CXmlDepth allows: that and a faulty
+    // palette are reported once through messenger. Each read starts from an empty
+    // description, so two boards never mix.
     bool Read(const QString& folder, const QString& ignored, IMessenger& messenger);
     // Why the last Read failed, naming the file and, for XML faults, the line.
     const QString& ErrorString() const { return m_error; }

@@ -5,7 +5,9 @@
 #include "panelvalues.h"
 #include "portlist.h"
 #include "stringtable.h"
+#include "xmldepth.h"
 
+#include <QDir>
 #include <QDomDocument>
 #include <QFile>
 
@@ -39,6 +41,12 @@ CPaletteEntry ReadEntry(const QDomElement& panel, const CPortList& boardPorts)
 bool CPaletteInfo::Read(const QString& path, IMessenger& messenger, const CPortList& boardPorts)
 {
     Clear();
+    if (CXmlDepth::Exceeds(path)) {
+        messenger.Message(CStringTable::Format(Ids::MsgPanelDefinitionTooDeep,
+                                               {QDir::toNativeSeparators(path), CXmlDepth::Limit}),
+                          EButtons::Ok, EIcon::Error);
+        return false;
+    }
     QFile file(path);
     QDomDocument document;
     if (!file.open(QIODevice::ReadOnly) || !document.setContent(&file) ||
