@@ -1,5 +1,5 @@
 // quillon-cli's contract, as scripts and acceptance tests use it.
-#include "build/buildtest.h"
+#include "core/toolchain/buildtest.h"
 
 #include <gtest/gtest.h>
 

@@ -3,7 +3,7 @@
 #include "panelcell.h"
 #include "counterdialog.h"
 #include "paneldialogs.h"
-#include "panels/paneltest.h"
+#include "core/panels/paneltest.h"
 #include "timedialog.h"
 #include "support/recordingmessenger.h"
 

@@ -12,7 +12,7 @@
 #include "panelcell.h"
 #include "panelgrid.h"
 #include "paneldialogs.h"
-#include "panels/paneltest.h"
+#include "core/panels/paneltest.h"
 #include "pwmdialog.h"
 #include "stringtable.h"
 #include "support/recordingmessenger.h"

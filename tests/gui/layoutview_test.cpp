@@ -2,7 +2,7 @@
 #include "layoutgeometry.h"
 #include "layoutview.h"
 #include "panelchooser.h"
-#include "panels/paneltest.h"
+#include "core/panels/paneltest.h"
 #include "stringtable.h"
 #include "support/recordingmessenger.h"
 

@@ -5,7 +5,7 @@
 #include "layoutdocument.h"
 #include "layoutfile.h"
 #include "layoutview.h"
-#include "panels/paneltest.h"
+#include "core/panels/paneltest.h"
 #include "stringtable.h"
 #include "support/recordingmessenger.h"
 

@@ -2,7 +2,7 @@
 #include "counterdialoglogic.h"
 #include "flipflopdialoglogic.h"
 #include "numberdialoglogic.h"
-#include "panels/paneltest.h"
+#include "core/panels/paneltest.h"
 #include "sevensegdialoglogic.h"
 #include "switchdialoglogic.h"
 #include "timedialoglogic.h"

@@ -1,7 +1,7 @@
 #include "boardinfo.h"
 #include "layoutfile.h"
 #include "panelgrid.h"
-#include "panels/paneltest.h"
+#include "core/panels/paneltest.h"
 #include "support/recordingmessenger.h"
 
 #include <gtest/gtest.h>

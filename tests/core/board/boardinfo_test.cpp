@@ -2,7 +2,7 @@
 #include "boardinfo.h"
 #include "panelfactory.h"
 #include "xmldepth.h"
-#include "panels/paneltest.h"
+#include "core/panels/paneltest.h"
 #include "stringtable.h"
 #include "support/boardfolder.h"
 #include "support/recordingmessenger.h"

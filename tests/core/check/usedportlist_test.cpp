@@ -2,7 +2,7 @@
 #include "usedportlist.h"
 #include "panelcell.h"
 #include "panelgrid.h"
-#include "panels/paneltest.h"
+#include "core/panels/paneltest.h"
 #include "stringtable.h"
 #include "support/recordingmessenger.h"
 

@@ -1,5 +1,5 @@
 #include "panelcell.h"
-#include "panels/paneltest.h"
+#include "core/panels/paneltest.h"
 
 TEST(PanelCell, EmptyCellIsAContinuationWithBitmap60000)
 {

@@ -1,5 +1,5 @@
 // Switch, lamp and analog input panels.
-#include "panels/paneltest.h"
+#include "core/panels/paneltest.h"
 
 TEST(SwitchLamp, BitmapFollowsTheKeywordRead)
 {

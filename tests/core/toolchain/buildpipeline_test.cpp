@@ -1,6 +1,6 @@
 // "Build && Write" against a fake board tool that acts out every outcome.
 #include "buildpipeline.h"
-#include "build/buildtest.h"
+#include "core/toolchain/buildtest.h"
 #include "processrunner.h"
 #include "panelgrid.h"
 

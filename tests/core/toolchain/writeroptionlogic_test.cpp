@@ -3,7 +3,7 @@
 #include "settings.h"
 #include "buildpipeline.h"
 #include "writeroptionlogic.h"
-#include "panels/paneltest.h"
+#include "core/panels/paneltest.h"
 #include "stringtable.h"
 
 #include <QSettings>

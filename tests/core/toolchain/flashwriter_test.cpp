@@ -1,5 +1,5 @@
 // Composing and running the FLASH writer.
-#include "build/buildtest.h"
+#include "core/toolchain/buildtest.h"
 #include "flashwriter.h"
 
 #include <QCoreApplication>

@@ -1,7 +1,7 @@
 #pragma once
 
 #include "panelgrid.h"
-#include "panels/paneltest.h"
+#include "core/panels/paneltest.h"
 #include "stringtable.h"
 #include "support/recordingmessenger.h"
 

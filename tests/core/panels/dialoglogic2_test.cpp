@@ -10,7 +10,7 @@
 #include "switchdialoglogic.h"
 #include "timedialoglogic.h"
 #include "webindialoglogic.h"
-#include "panels/paneltest.h"
+#include "core/panels/paneltest.h"
 #include "stringtable.h"
 
 #include <gtest/gtest.h>

@@ -1,6 +1,6 @@
 // The settings store: defaults, the profile round trip and the initialisation file.
 #include "settings.h"
-#include "panels/paneltest.h"
+#include "core/panels/paneltest.h"
 
 #include <QFile>
 #include <QSettings>

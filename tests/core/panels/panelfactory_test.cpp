@@ -1,5 +1,5 @@
 // Making panels from their keywords.
-#include "panels/paneltest.h"
+#include "core/panels/paneltest.h"
 
 #include "analogpanel.h"
 #include "buzzerpanel.h"

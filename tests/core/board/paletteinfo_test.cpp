@@ -1,6 +1,6 @@
 // Reading one panel definition file into a palette.
 #include "paletteinfo.h"
-#include "panels/paneltest.h"
+#include "core/panels/paneltest.h"
 #include "stringtable.h"
 #include "support/recordingmessenger.h"
 

@@ -4,7 +4,7 @@
 #include "support/boardfolder.h"
 #include "settings.h"
 #include "targetsettingslogic.h"
-#include "panels/paneltest.h"
+#include "core/panels/paneltest.h"
 #include "stringtable.h"
 #include "support/recordingmessenger.h"
 
