@@ -15,20 +15,29 @@
 namespace {
 
 // Two digits with a leading zero, as every record prefix writes its numbers.
-QByteArray TwoDigits(int n)
+void AppendTwoDigits(QByteArray& out, int n)
 {
-    return QByteArray::number(n).rightJustified(2, '0');
+    out += char('0' + n / 10 % 10);
+    out += char('0' + n % 10);
 }
 
-// Only a top cell has a panel: continuation cells and empty positions write nothing.
-void WriteRecord(QByteArray& out, const CPanelGrid& grid, int column, int row, const QByteArray& prefix)
+// Only a top cell has a panel: continuation cells and empty positions write nothing. A
+// save passes all 720 positions and most are empty, so they must not cost an allocation.
+void WriteRecord(QByteArray& out, const CPanelGrid& grid, int column, int row)
 {
     const CPanelCell* cell = grid.GetCell(column, row);
-    if (cell && cell->GetPanel()) {
-        out += prefix;
-        out += cell->GetPanel()->GetLine().toUtf8();
-        out += "\r\n";
-    }
+    if (!cell || !cell->GetPanel())
+        return;
+    if (column == CPanelGrid::GetInputColumn())
+        out += "I_";
+    else if (column == CPanelGrid::GetOutputColumn())
+        out += "O_";
+    else
+        AppendTwoDigits(out, column);
+    AppendTwoDigits(out, row);
+    out += ':';
+    out += cell->GetPanel()->GetLine().toUtf8();
+    out += "\r\n";
 }
 
 // A layout has at least one line a layout writes: its header, a heading or a record
@@ -61,14 +70,14 @@ QByteArray CLayoutFile::Write(const CPanelGrid& grid)
     out += "; Quillon\r\n; PANEL LOCATION\r\n;\r\nINPUT\r\n";
     const int rows = CPanelGrid::GetRowCount();
     for (int row = 1; row <= rows; ++row)
-        WriteRecord(out, grid, CPanelGrid::GetInputColumn(), row, "I_" + TwoDigits(row) + ":");
+        WriteRecord(out, grid, CPanelGrid::GetInputColumn(), row);
     out += ";\r\nPROCESS\r\n";
     for (int column = 1; column <= CPanelGrid::GetColumnCount(); ++column)
         for (int row = 1; row <= rows; ++row)
-            WriteRecord(out, grid, column, row, TwoDigits(column) + TwoDigits(row) + ":");
+            WriteRecord(out, grid, column, row);
     out += ";\r\nOUTPUT\r\n";
     for (int row = 1; row <= rows; ++row)
-        WriteRecord(out, grid, CPanelGrid::GetOutputColumn(), row, "O_" + TwoDigits(row) + ":");
+        WriteRecord(out, grid, CPanelGrid::GetOutputColumn(), row);
     return out;
 }
 
@@ -127,7 +136,8 @@ void CLayoutFile::Read(CPanelGrid& grid, const QString& text)
 {
     grid.ClearJournal();
     grid.SetLimitFlag(false);
-    for (const QString& raw : text.split(u'\n'))
+    // Lines are read through views: a line is copied only for the panel it makes.
+    for (const QStringView raw : QStringView(text).split(u'\n'))
         ReadRecord(grid, raw.trimmed());
     if (grid.GetWeightedTotal() > CPanelGrid::GetCapacity())
         m_messenger.Message(CStringTable::Get(Ids::MsgOverLimit));
@@ -136,7 +146,7 @@ void CLayoutFile::Read(CPanelGrid& grid, const QString& text)
     grid.RefreshDecoders();
 }
 
-void CLayoutFile::ReadRecord(CPanelGrid& grid, const QString& line)
+void CLayoutFile::ReadRecord(CPanelGrid& grid, QStringView line)
 {
     // Headings only guide a reader of the file: each record's prefix names its column.
     if (line.size() < 5 || line.startsWith(u';') || line == u"INPUT" || line == u"PROCESS" ||
@@ -145,13 +155,13 @@ void CLayoutFile::ReadRecord(CPanelGrid& grid, const QString& line)
     const QStringView prefix = QStringView(line).left(2);
     const int column = prefix == u"I_"   ? CPanelGrid::GetInputColumn()
                        : prefix == u"O_" ? CPanelGrid::GetOutputColumn()
-                                         : LeadingInt(prefix.toString());
+                                         : LeadingInt(prefix);
     const int row = LeadingInt(line.mid(2, 2));
-    const QString record = line.mid(5);
+    const QStringView record = line.mid(5);
     if (column == 0 || row == 0 || record.isEmpty())
         return;
 
-    std::unique_ptr<CPanel> panel = CPanelFactory::Create(record);
+    std::unique_ptr<CPanel> panel = CPanelFactory::Create(record.toString());
     if (!panel)
         return;
     if (const CPaletteEntry* entry = m_board ? m_board->FindEntry(panel->GetTokens().value(0), panel->GetBitmapId()) : nullptr;

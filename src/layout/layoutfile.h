@@ -34,7 +34,7 @@ public:
     const QString& ErrorString() const { return m_error; }
 
 private:
-    void ReadRecord(CPanelGrid& grid, const QString& line);
+    void ReadRecord(CPanelGrid& grid, QStringView line);
 
     const CBoardInfo* m_board;
     IMessenger& m_messenger;
