@@ -31,8 +31,10 @@ extern "C" int LLVMFuzzerTestOneInput(const uint8_t* data, size_t size)
 {
     CSilent messenger;
     const CBoardInfo& board = SampleBoard();
+    // A document takes its limits once from the board, not for every load.
+    static const QHash<int, int> limits = board.UseLimits();
     CPanelGrid grid(messenger);
-    grid.SetUseLimits(board.UseLimits());
+    grid.SetUseLimits(limits);
     CLayoutFile file(&board, messenger);
     file.Read(grid, CLayoutFile::Decode(QByteArray(reinterpret_cast<const char*>(data), qsizetype(size))));
     CLayoutCheck::Run(grid);
@@ -40,11 +42,11 @@ extern "C" int LLVMFuzzerTestOneInput(const uint8_t* data, size_t size)
     // What was loaded, written and loaded again, writes the same bytes.
     const QByteArray written = CLayoutFile::Write(grid);
     CPanelGrid again(messenger);
-    again.SetUseLimits(board.UseLimits());
+    again.SetUseLimits(limits);
     file.Read(again, CLayoutFile::Decode(written));
     const QByteArray rewritten = CLayoutFile::Write(again);
     CPanelGrid third(messenger);
-    third.SetUseLimits(board.UseLimits());
+    third.SetUseLimits(limits);
     file.Read(third, CLayoutFile::Decode(rewritten));
     if (CLayoutFile::Write(third) != rewritten)
         std::abort();

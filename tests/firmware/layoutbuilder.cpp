@@ -18,6 +18,25 @@ namespace fs = std::filesystem;
 
 namespace {
 
+// The folders of the layouts built so far. A test loads its HEX file after the build, and
+// a layout built once serves every test of the program, so the folders go when the program
+// ends.
+class CBuiltFolders
+{
+public:
+    ~CBuiltFolders()
+    {
+        std::error_code ignored;
+        for (const fs::path& folder : m_folders)
+            fs::remove_all(folder, ignored);
+    }
+
+    void Add(const fs::path& folder) { m_folders.push_back(folder); }
+
+private:
+    std::vector<fs::path> m_folders;
+};
+
 std::string ReadFile(const fs::path& path)
 {
     std::ifstream in(path, std::ios::binary);
@@ -42,6 +61,8 @@ CLayoutBuilder::CResult CLayoutBuilder::Build(const std::string& layoutPath)
         return result;
     }
     const fs::path folder(pattern);
+    static CBuiltFolders built;
+    built.Add(folder);
     const fs::path layout = folder / fs::path(layoutPath).filename();
     fs::copy_file(layoutPath, layout, error);
     if (error) {
@@ -78,9 +99,6 @@ CLayoutBuilder::CResult CLayoutBuilder::Build(const std::string& layoutPath)
     hex.replace_extension(".hex");
     result.HexPath = hex.string();
     result.Ok = WIFEXITED(status) && WEXITSTATUS(status) == 0 && fs::file_size(hex, error) > 0 && !error;
-    // A failed build is told by its log; a built HEX file stays for the test to load.
-    if (!result.Ok)
-        fs::remove_all(folder, error);
     return result;
 }
 

@@ -4,7 +4,7 @@
 
 // Builds a layout file into a HEX file with quillon-cli, for the firmware tests of the
 // panel families. The layout is copied into a fresh temporary folder first, because the
-// build writes the HEX file beside the layout; the folder is removed when the build fails.
+// build writes the HEX file beside the layout; the folder is removed when the program ends.
 class CLayoutBuilder
 {
 public:

@@ -96,8 +96,10 @@ const CPaletteEntry* CPaletteInfo::FindEntry(const QString& keyword, int bitmapI
     const CPaletteEntry* first = nullptr;
     for (const std::vector<CPaletteEntry>& page : m_pages)
         for (const CPaletteEntry& entry : page) {
+            // Every panel of a layout being read looks for its entry: the keyword is compared
+            // in place rather than copied out of the prototype's tokens.
             const CPanel* prototype = entry.GetPrototype();
-            if (!prototype || prototype->GetTokens().value(0) != keyword)
+            if (!prototype || prototype->GetTokens().isEmpty() || prototype->GetTokens().front() != keyword)
                 continue;
             if (prototype->GetBitmapId() == bitmapId)
                 return &entry;

@@ -16,20 +16,29 @@
 namespace {
 
 // Two digits with a leading zero, as every record prefix writes its numbers.
-QByteArray TwoDigits(int n)
+void AppendTwoDigits(QByteArray& out, int n)
 {
-    return QByteArray::number(n).rightJustified(2, '0');
+    out += char('0' + n / 10 % 10);
+    out += char('0' + n % 10);
 }
 
-// Only a top cell has a panel: continuation cells and empty positions write nothing.
-void WriteRecord(QByteArray& out, const CPanelGrid& grid, int column, int row, const QByteArray& prefix)
+// Only a top cell has a panel: continuation cells and empty positions write nothing. A
+// save passes all 720 positions and most are empty, so they must not cost an allocation.
+void WriteRecord(QByteArray& out, const CPanelGrid& grid, int column, int row)
 {
     const CPanelCell* cell = grid.GetCell(column, row);
-    if (cell && cell->GetPanel()) {
-        out += prefix;
-        out += cell->GetPanel()->GetLine().toUtf8();
-        out += "\r\n";
-    }
+    if (!cell || !cell->GetPanel())
+        return;
+    if (column == CPanelGrid::GetInputColumn())
+        out += "I_";
+    else if (column == CPanelGrid::GetOutputColumn())
+        out += "O_";
+    else
+        AppendTwoDigits(out, column);
+    AppendTwoDigits(out, row);
+    out += ':';
+    out += cell->GetPanel()->GetLine().toUtf8();
+    out += "\r\n";
 }
 
 // Files made by hand or on other systems end their lines with CR LF, LF or a bare CR.
@@ -77,14 +86,14 @@ QByteArray CLayoutFile::Write(const CPanelGrid& grid)
     out += "; Quillon\r\n; PANEL LOCATION\r\n;\r\nINPUT\r\n";
     const int rows = CPanelGrid::GetRowCount();
     for (int row = 1; row <= rows; ++row)
-        WriteRecord(out, grid, CPanelGrid::GetInputColumn(), row, "I_" + TwoDigits(row) + ":");
+        WriteRecord(out, grid, CPanelGrid::GetInputColumn(), row);
     out += ";\r\nPROCESS\r\n";
     for (int column = 1; column <= CPanelGrid::GetColumnCount(); ++column)
         for (int row = 1; row <= rows; ++row)
-            WriteRecord(out, grid, column, row, TwoDigits(column) + TwoDigits(row) + ":");
+            WriteRecord(out, grid, column, row);
     out += ";\r\nOUTPUT\r\n";
     for (int row = 1; row <= rows; ++row)
-        WriteRecord(out, grid, CPanelGrid::GetOutputColumn(), row, "O_" + TwoDigits(row) + ":");
+        WriteRecord(out, grid, CPanelGrid::GetOutputColumn(), row);
     return out;
 }
 

@@ -367,17 +367,20 @@ void CPanelGrid::ShiftHorizontally(int lostColumn, EOperation operation)
 
 CPanelCell* CPanelGrid::FindByType(int bitmapId) const
 {
-    const auto holds = [bitmapId](const CPanelCell* cell) {
+    // Every layout read looks for its display, so the cells are walked where they are kept
+    // rather than asked for by position; the order stays the input column, the output
+    // column, then the process area column by column.
+    const auto holds = [bitmapId](const std::unique_ptr<CPanelCell>& cell) {
         return cell && cell->GetPanel() && cell->GetPanel()->GetBitmapId() == bitmapId;
     };
-    for (int side : {GetInputColumn(), GetOutputColumn()})
-        for (int r = 1; r <= m_rowCount; ++r)
-            if (holds(GetCell(side, r)))
-                return GetCell(side, r);
-    for (int c = 1; c <= m_columnCount; ++c)
-        for (int r = 1; r <= m_rowCount; ++r)
-            if (holds(GetCell(c, r)))
-                return GetCell(c, r);
+    for (const auto* side : {&m_input, &m_output})
+        for (const std::unique_ptr<CPanelCell>& cell : *side)
+            if (holds(cell))
+                return cell.get();
+    for (int c = 0; c < m_columnCount; ++c)
+        for (int r = 0; r < m_rowCount; ++r)
+            if (const std::unique_ptr<CPanelCell>& cell = m_process[std::size_t(r) * m_columnCount + c]; holds(cell))
+                return cell.get();
     return nullptr;
 }
 

@@ -203,12 +203,22 @@ QString CPanel::JoinLine(const QStringList& tokens)
 {
     if (tokens.isEmpty())
         return QString();
-    QString line = tokens.front().leftJustified(4);
+    // Every save writes every panel's line, so the line is allocated once: the tokens, a
+    // separator behind each, the keyword's padding and the comment's second TAB.
+    qsizetype length = 4 + 1;
+    for (const QString& token : tokens)
+        length += token.size() + 1;
+    QString line;
+    line.reserve(length);
+    line += tokens.front();
+    while (line.size() < 4)
+        line += u' ';
     if (tokens.size() > 1)
         line += u'\t';
     for (qsizetype i = 1; i < tokens.size(); ++i) {
         if (IsComment(tokens[i])) {
-            line += "\t\t" + tokens[i];
+            line += u"\t\t";
+            line += tokens[i];
             break; // nothing is written after the comment
         }
         if (i > 1)

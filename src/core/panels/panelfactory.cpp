@@ -94,12 +94,31 @@ constexpr CKeyword kKeywords[] = {
     {u"SMOTO", Make<CStepMotorOutPanel>},
 };
 
+// Recognition looks at the first bytes of the line's UTF-8 only; the panel still gets the
+// whole line.
+constexpr qsizetype kRecognisedBytes = 254;
+
+// The keyword of a line that lies whole within the recognised bytes: a UTF-16 unit takes at
+// most three bytes of UTF-8, so a line of up to 84 units does. Every layout record is read
+// this way, without encoding the line first.
+constexpr qsizetype kShortLine = kRecognisedBytes / 3;
+
+QStringView ShortLineKeyword(QStringView line)
+{
+    qsizetype begin = 0;
+    while (begin < line.size() && (line[begin] == u' ' || line[begin] == u'\t'))
+        ++begin;
+    qsizetype end = begin;
+    while (end < line.size() && line[end] != u' ' && line[end] != u'\t' && line[end] != u'\0')
+        ++end;
+    return line.mid(begin, end - begin);
+}
+
 } // namespace
 
 QString CPanelFactory::Keyword(const QString& line)
 {
-    // Recognition looks at the first 254 bytes only; the panel still gets the whole line.
-    const QByteArray head = line.toUtf8().left(254);
+    const QByteArray head = line.toUtf8().left(kRecognisedBytes);
     qsizetype begin = 0;
     while (begin < head.size() && (head[begin] == ' ' || head[begin] == '\t'))
         ++begin;
@@ -111,7 +130,8 @@ QString CPanelFactory::Keyword(const QString& line)
 
 std::unique_ptr<CPanel> CPanelFactory::Create(const QString& line)
 {
-    const QString keyword = Keyword(line);
+    const QString longKeyword = line.size() > kShortLine ? Keyword(line) : QString();
+    const QStringView keyword = line.size() > kShortLine ? QStringView(longKeyword) : ShortLineKeyword(line);
     for (const CKeyword& k : kKeywords)
         if (keyword == k.Keyword)
             return k.Maker(line);

@@ -4,6 +4,11 @@
 
 int LeadingInt(const QString& text)
 {
+    return LeadingInt(QStringView(text));
+}
+
+int LeadingInt(QStringView text)
+{
     qsizetype i = 0;
     while (i < text.size() && text[i].isSpace())
         ++i;

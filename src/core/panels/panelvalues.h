@@ -8,6 +8,7 @@
 // A decimal number read leniently: optional leading blanks and sign, then the leading
 // digits; anything after them is ignored and a text without leading digits gives 0.
 int LeadingInt(const QString& text);
+int LeadingInt(QStringView text);
 
 // The values as distinct numbers in descending order, blanks removed; each value keeps
 // the text it came with.

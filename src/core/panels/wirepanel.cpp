@@ -77,5 +77,8 @@ bool CWirePanel::SetLine(const QString& line)
 QString CWirePanel::GetLine() const
 {
     const CWireKind* kind = KindOf(m_bitmapId);
-    return "LINE\t" + (kind ? QString::fromUtf16(kind->Form) : QString());
+    QString line = QStringLiteral("LINE\t");
+    if (kind)
+        line += QStringView(kind->Form);
+    return line;
 }

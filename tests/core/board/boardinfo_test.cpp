@@ -264,6 +264,49 @@ TEST(BoardInfo, DeeplyNestedFileIsRefusedAtOnceWithAMessage)
     }
 }
 
+// The depth scan looks at bytes, so what may hold a "<" without opening an element must
+// not count, and a file it cannot read as bytes goes to a parser.
+TEST(XmlDepth, CountsOnlyTheElementsThatNest)
+{
+    const auto nested = [](int levels, const QByteArray& open, const QByteArray& close) {
+        return open.repeated(levels) + close.repeated(levels);
+    };
+    const auto utf16 = [](const QByteArray& latin) {
+        const QString text = QString::fromLatin1(latin);
+        return "\xff\xfe" + QByteArray(reinterpret_cast<const char*>(text.utf16()), text.size() * 2);
+    };
+    const int limit = CXmlDepth::Limit;
+    const struct
+    {
+        const char* Behaviour;
+        QByteArray Bytes;
+        bool Exceeds;
+    } rows[] = {
+        {"at the limit", nested(limit, "<a>", "</a>"), false},
+        {"one level beyond", nested(limit + 1, "<a>", "</a>"), true},
+        {"empty elements side by side", "<r>" + QByteArray("<a/>").repeated(100) + "</r>", false},
+        {"a slash and a bracket in an attribute value", nested(limit + 1, "<a v='/>' w=\"x>\">", "</a>"), true},
+        {"markup in a comment, CDATA and an instruction",
+         "<r><!--" + nested(limit + 1, "<a>", "") + "--><![CDATA[" + nested(limit + 1, "<a>", "") + "]]><?pi " +
+             nested(limit + 1, "<a>", "") + "?></r>",
+         false},
+        {"a declaration with its internal subset",
+         "<!DOCTYPE r [<!ENTITY e '<a>'> <!-- ]> --> <!ENTITY f \"]>\">]>" + nested(limit, "<a>", "</a>"), false},
+        {"UTF-16 text beyond the limit", utf16(nested(limit + 1, "<a>", "</a>")), true},
+        {"UTF-16 text of many siblings", utf16("<r>" + QByteArray("<a></a>").repeated(40) + "</r>"), false},
+    };
+    const QTemporaryDir dir;
+    const QString path = QDir(dir.path()).filePath("file.xml");
+    for (const auto& row : rows) {
+        SCOPED_TRACE(row.Behaviour);
+        QFile file(path);
+        ASSERT_TRUE(file.open(QIODevice::WriteOnly | QIODevice::Truncate));
+        file.write(row.Bytes);
+        file.close();
+        EXPECT_EQ(CXmlDepth::Exceeds(path), row.Exceeds);
+    }
+}
+
 TEST(BoardInfo, PalettePortsTakeTheBoardsAliases)
 {
     CRecordingMessenger messenger;
