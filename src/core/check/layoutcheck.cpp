@@ -5,29 +5,42 @@
 
 #include <QList>
 
+#include <vector>
+
 namespace {
 
 constexpr int kInput = -1, kOutput = -2;
 
 // Reads the grid for the check. A continuation cell answers for the multi-row panel that
-// covers it, so a panel beside any row of a tall panel finds that panel's sides.
+// covers it, so a panel beside any row of a tall panel finds that panel's sides. The check
+// asks for every position several times and for the neighbours of every panel, so the cells
+// are looked up once, when the check starts.
 class CCheckGrid
 {
 public:
-    explicit CCheckGrid(const CPanelGrid& grid) : m_grid(grid) {}
+    explicit CCheckGrid(const CPanelGrid& grid)
+        : m_rows(CPanelGrid::GetRowCount()), m_columns(CPanelGrid::GetColumnCount()),
+          m_cells(std::size_t(m_columns + 2) * m_rows)
+    {
+        for (int column = kOutput; column <= m_columns; ++column)
+            for (int row = 1; column != 0 && row <= m_rows; ++row)
+                m_cells[Index(column, row)] = grid.GetCell(column, row);
+    }
 
     const CPanel* TopPanel(int column, int row) const
     {
-        const CPanelCell* cell = m_grid.GetCell(column, row);
+        const CPanelCell* cell = Cell(column, row);
         return cell ? cell->GetPanel() : nullptr;
     }
 
     QString SidesAt(int column, int row) const
     {
-        if (!m_grid.GetCell(column, row))
+        if (!Cell(column, row))
             return QString();
-        const CGridPos top = m_grid.TopOf(column, row);
-        const CPanel* panel = TopPanel(top.Column, top.Row);
+        // The top of a multi-row panel: up over its continuation cells.
+        while (Cell(column, row) && !Cell(column, row)->GetPanel() && Cell(column, row - 1))
+            --row;
+        const CPanel* panel = TopPanel(column, row);
         return panel ? panel->GetSides() : QString();
     }
 
@@ -47,7 +60,22 @@ public:
     }
 
 private:
-    const CPanelGrid& m_grid;
+    // The output column first, then the input column, then the process columns.
+    std::size_t Index(int column, int row) const
+    {
+        return std::size_t(column < 0 ? column + 2 : column + 1) * m_rows + (row - 1);
+    }
+
+    const CPanelCell* Cell(int column, int row) const
+    {
+        const bool inside = row >= 1 && row <= m_rows &&
+                            (column == kInput || column == kOutput || (column >= 1 && column <= m_columns));
+        return inside ? m_cells[Index(column, row)] : nullptr;
+    }
+
+    int m_rows;
+    int m_columns;
+    std::vector<const CPanelCell*> m_cells;
 };
 
 QString SideName(const CPanel& panel, int id)

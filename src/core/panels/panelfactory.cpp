@@ -36,9 +36,11 @@ std::unique_ptr<CPanel> Make(const QString& line)
     return std::make_unique<T>(line);
 }
 
+// The keywords are views, their lengths known when compiled: every panel made looks its
+// keyword up here, and most keywords differ from the one sought already in length.
 struct CKeyword
 {
-    const char16_t* Keyword;
+    QStringView Keyword;
     CMaker Maker;
 };
 
@@ -142,6 +144,6 @@ QStringList CPanelFactory::Keywords()
 {
     QStringList keywords;
     for (const CKeyword& k : kKeywords)
-        keywords.append(QString::fromUtf16(k.Keyword));
+        keywords.append(k.Keyword.toString());
     return keywords;
 }
