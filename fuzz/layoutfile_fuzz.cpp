@@ -39,16 +39,12 @@ extern "C" int LLVMFuzzerTestOneInput(const uint8_t* data, size_t size)
     file.Read(grid, CLayoutFile::Decode(QByteArray(reinterpret_cast<const char*>(data), qsizetype(size))));
     CLayoutCheck::Run(grid);
 
-    // What was loaded, written and loaded again, writes the same bytes.
+    // What was loaded and written, loaded again, writes the same bytes.
     const QByteArray written = CLayoutFile::Write(grid);
     CPanelGrid again(messenger);
     again.SetUseLimits(limits);
     file.Read(again, CLayoutFile::Decode(written));
-    const QByteArray rewritten = CLayoutFile::Write(again);
-    CPanelGrid third(messenger);
-    third.SetUseLimits(limits);
-    file.Read(third, CLayoutFile::Decode(rewritten));
-    if (CLayoutFile::Write(third) != rewritten)
+    if (CLayoutFile::Write(again) != written)
         std::abort();
     return 0;
 }

@@ -52,15 +52,22 @@ bool CJumpPanel::SetLine(const QString& line)
     const QString keyword = Token(0);
     const bool in = keyword == u"JPI";
     if (in || keyword == u"JPO") {
-        if (TokenCount() >= 3) {
-            const QString side = Token(2);
-            m_bitmapId = in ? (side == u"U" ? 10033 : 10034) : (side == u"D" ? 10036 : 10035);
-            m_reference = LeadingInt(Token(1));
-        } else {
-            SetToken(2, in ? QStringLiteral("L") : QStringLiteral("R"));
-            m_bitmapId = in ? 10034 : 10035;
-            m_reference = 0;
+        // The id and the side stand before any comment. Reading drops empty tokens, so a
+        // line without them gets an id of 0 (none yet) and the default side, put before the
+        // comment, and reads back as it is written.
+        qsizetype comment = 1;
+        while (comment < m_tokens.size() && !m_tokens[comment].startsWith(u';'))
+            ++comment;
+        if (comment < 3) {
+            const int id = comment > 1 ? LeadingInt(Token(1)) : 0;
+            QStringList tokens{keyword, QString::number(id), in ? QStringLiteral("L") : QStringLiteral("R")};
+            if (comment < m_tokens.size())
+                tokens.append(m_tokens[comment]);
+            m_tokens = tokens;
         }
+        const QString side = Token(2);
+        m_bitmapId = in ? (side == u"U" ? 10033 : 10034) : (side == u"D" ? 10036 : 10035);
+        m_reference = LeadingInt(Token(1));
     }
     UpdateSides();
     InvalidateCaption();

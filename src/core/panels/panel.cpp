@@ -233,7 +233,8 @@ QStringList CPanel::SplitLine(const QString& line)
     // The keyword also ends at a blank; arguments only at "," or TAB, so blanks inside an
     // argument survive.
     QStringList tokens;
-    const QStringView text(line);
+    // The line ends at a NUL, as its keyword does.
+    const QStringView text = QStringView(line).left(line.indexOf(QChar(0)));
     qsizetype start = 0;
     for (qsizetype i = 0; i <= text.size(); ++i) {
         const bool atEnd = i == text.size();

@@ -22,6 +22,8 @@ TEST(PanelLine, ReadFormSplitsTrimsAndDropsEmptyTokens)
     };
     for (const auto& row : rows)
         EXPECT_EQ(CPanel::SplitLine(QString::fromUtf8(row.Line)), row.Tokens) << row.Line;
+    // The line ends at a NUL, as its keyword does.
+    EXPECT_EQ(CPanel::SplitLine(QString::fromUtf16(u"JPO\0\t5,D", 8)), QStringList{"JPO"});
 }
 
 TEST(PanelLine, WrittenFormPadsTheKeywordAndPutsTheCommentLast)

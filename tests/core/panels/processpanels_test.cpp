@@ -121,7 +121,10 @@ TEST(Jump, SideAndIdFromTheLine)
         {"JPI\t5,Q", 10034, "L", 5, "JPI \t5,Q"},
         {"JPO\t7,X", 10035, "R", 7, "JPO \t7,X"},
         {"JPO\t7,D", 10036, "D", 7, "JPO \t7,D"},
-        {"JPI", 10034, "L", 0, "JPI \t,L"},
+        {"JPI", 10034, "L", 0, "JPI \t0,L"},
+        {"JPO\t,D", 10035, "R", 0, "JPO \t0,R"},
+        {"JPO\t7\t\t;top", 10035, "R", 7, "JPO \t7,R\t\t;top"},
+        {"JPO ;top\t7,D", 10035, "R", 0, "JPO \t0,R\t\t;top"},
     };
     for (const auto& row : rows) {
         auto jump = MakePanel(row.Line);
@@ -129,6 +132,9 @@ TEST(Jump, SideAndIdFromTheLine)
         EXPECT_EQ(jump->GetSides(), row.Sides) << row.Line;
         EXPECT_EQ(jump->GetReference(), row.Reference) << row.Line;
         EXPECT_EQ(jump->GetLine(), row.Written) << row.Line;
+        // A jump without an id is saved with one that reads back the same, its side too.
+        jump->GetAuxValue();
+        EXPECT_EQ(MakePanel(jump->GetLine())->GetLine(), jump->GetLine()) << row.Line;
         EXPECT_EQ(jump->GetFlag(), 1);
         EXPECT_EQ(jump->GetOption(), 0);
     }
