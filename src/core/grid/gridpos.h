@@ -7,5 +7,8 @@ struct CGridPos
     int Column = 0;
     int Row = 0;
 
+    // Column or row 0 is off the grid, as a hit test off the grid says.
+    bool IsOnGrid() const { return Column != 0 && Row != 0; }
+
     bool operator==(const CGridPos&) const = default;
 };

@@ -51,7 +51,6 @@ protected:
 
 private:
     void CreateActions();
-    void CreateMenus();
     void CreateStatusBar();
     QAction* AddAction(QMenu* menu, int text, const QList<QKeySequence>& keys,
                        std::function<void()> handler);
