@@ -60,6 +60,8 @@ struct CSettingKeys
         {"Folders/Project", "Project", &CSettings::m_project},
     };
 
+    static constexpr const char* kRecentKey = "Recent File List/Files";
+
     // The initialisation file's one section.
     static constexpr const char* kIniSection = "Quillon";
     static constexpr const char* kTargetKey = "Target%1";
@@ -187,4 +189,21 @@ bool CSettings::Save()
         m_profile->setValue(QString::fromLatin1(k.Key), this->*k.Field);
     m_profile->sync();
     return m_profile->status() == QSettings::NoError;
+}
+
+QStringList CSettings::GetRecentFiles() const
+{
+    return m_profile ? m_profile->value(QString::fromLatin1(CSettingKeys::kRecentKey)).toStringList()
+                     : QStringList();
+}
+
+void CSettings::AddRecentFile(const QString& path)
+{
+    if (!m_profile)
+        return;
+    QStringList files = GetRecentFiles();
+    files.removeAll(path);
+    files.prepend(path);
+    m_profile->setValue(QString::fromLatin1(CSettingKeys::kRecentKey), QStringList(files.mid(0, kRecentFiles)));
+    m_profile->sync();
 }

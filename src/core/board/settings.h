@@ -70,6 +70,12 @@ class CSettings
     const QString& GetProject() const { return m_project; }
     void SetProject(const QString& value) { m_project = value; }
 
+    // Profile, section "Recent File List": the layouts opened or saved last, newest first.
+    static constexpr int kRecentFiles = 4;
+    QStringList GetRecentFiles() const;
+    // Puts the path first and writes the list at once, so another window sees it.
+    void AddRecentFile(const QString& path);
+
   private:
     friend struct CSettingKeys;
 

@@ -28,22 +28,16 @@ const CWireKind* KindOf(int bitmapId)
 
 int BitmapFor(const QStringList& tokens)
 {
-    if (tokens.size() == 2) {
-        const QString& piece = tokens[1];
-        return piece == u"LD" ? 10004 : piece == u"LR" ? 10002 : piece == u"UD" ? 10001
-             : piece == u"UR" ? 10003 : CPanel::NoPanel;
-    }
-    if (tokens.size() == 3) {
-        // A two-piece line starting "LR" or "UD" is read loosely: its second piece is
-        // taken as the one of the table, and written back so.
-        const QString &first = tokens[1], &second = tokens[2];
-        if (first == u"LR")
-            return 10008;
-        if (first == u"UD")
-            return 10006;
-        if (first == u"UR")
-            return second == u"LD" ? 10005 : second == u"UD" ? 10007 : CPanel::NoPanel;
-    }
+    const QString form = tokens.mid(1).join(u',');
+    for (const CWireKind& kind : kKinds)
+        if (form == QStringView(kind.Form))
+            return kind.BitmapId;
+    // A two-piece line starting "LR" or "UD" is read loosely: its second piece is taken as
+    // the one of the table, and written back so.
+    if (tokens.size() == 3 && (tokens[1] == u"LR" || tokens[1] == u"UD"))
+        for (const CWireKind& kind : kKinds)
+            if (QStringView(kind.Form).startsWith(tokens[1] + u','))
+                return kind.BitmapId;
     return CPanel::NoPanel;
 }
 

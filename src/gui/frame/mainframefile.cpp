@@ -17,13 +17,10 @@
 #include <QPrintDialog>
 #include <QPrintPreviewDialog>
 #include <QPrinter>
-#include <QSettings>
 #include <QDir>
 #include <QFileInfo>
 
 namespace {
-
-constexpr int kRecentFiles = 4;
 
 QString Text(int id)
 {
@@ -157,19 +154,14 @@ void CMainFrame::FilePrintSetup()
 
 void CMainFrame::AddRecent(const QString& path)
 {
-    QSettings profile(QString::fromLatin1(CSettings::kCompany), QString::fromLatin1(CSettings::kApplication));
-    QStringList files = profile.value("Recent File List/Files").toStringList();
-    files.removeAll(path);
-    files.prepend(path);
-    profile.setValue("Recent File List/Files", QStringList(files.mid(0, kRecentFiles)));
+    m_settings.AddRecentFile(path);
     UpdateRecentMenu();
 }
 
 void CMainFrame::UpdateRecentMenu()
 {
     m_recentMenu->clear();
-    QSettings profile(QString::fromLatin1(CSettings::kCompany), QString::fromLatin1(CSettings::kApplication));
-    const QStringList files = profile.value("Recent File List/Files").toStringList();
+    const QStringList files = m_settings.GetRecentFiles();
     for (int i = 0; i < files.size(); ++i) {
         const QString path = files[i];
         QAction* action = m_recentMenu->addAction(QStringLiteral("&%1 %2").arg(i + 1).arg(QDir::toNativeSeparators(path)));
