@@ -4,129 +4,74 @@
 #include <gtest/gtest.h>
 
 #include <string>
+#include <variant>
+#include <vector>
 
 namespace {
 
-// A controller already switched to 4-bit mode the way a firmware does at power-on.
-struct AvrSimHd44780 : testing::Test
+// A controller switched to 4-bit mode as a firmware does at power-on, then fed whole
+// bytes: a number is an instruction, a text is data.
+using CStep = std::variant<int, const char*>;
+
+CHd44780 Fed(const std::vector<CStep>& steps)
 {
     CHd44780 lcd;
-
-    void SetUp() override
-    {
-        for (std::uint8_t nibble : {0x3, 0x3, 0x3, 0x2})
-            lcd.Strobe(false, nibble);
-        ASSERT_TRUE(lcd.FourBitMode());
-        Command(0x28);
-    }
-
-    void Byte(bool rs, std::uint8_t value)
-    {
+    for (std::uint8_t nibble : {0x3, 0x3, 0x3, 0x2})
+        lcd.Strobe(false, nibble);
+    const auto byte = [&](bool rs, std::uint8_t value) {
         lcd.Strobe(rs, value >> 4);
         lcd.Strobe(rs, value & 0x0f);
-    }
-    void Command(std::uint8_t code) { Byte(false, code); }
-    void Text(const std::string& text)
-    {
-        for (char c : text)
-            Byte(true, std::uint8_t(c));
-    }
-};
+    };
+    byte(false, 0x28);
+    for (const CStep& step : steps)
+        if (const int* code = std::get_if<int>(&step))
+            byte(false, std::uint8_t(*code));
+        else
+            for (const char* c = std::get<const char*>(step); *c; ++c)
+                byte(true, std::uint8_t(*c));
+    return lcd;
+}
 
 } // namespace
 
-TEST_F(AvrSimHd44780, StartsBlank)
+TEST(AvrSimHd44780, InstructionsMoveTheAddressAndDataWritesThere)
 {
-    EXPECT_EQ(lcd.Line(0), std::string(16, ' '));
-    EXPECT_EQ(lcd.Line(1), std::string(16, ' '));
-    EXPECT_EQ(lcd.Line(2), "");
+    const std::string blank(16, ' ');
+    const struct
+    {
+        const char* Behaviour;
+        std::vector<CStep> Steps;
+        std::string Line0, Line1;
+    } rows[] = {
+        {"starts blank", {}, blank, blank},
+        {"writes at the DDRAM address", {"Hello", 0x80 | 0x40, "World", 0x80 | 0x0b, "12345"}, "Hello      12345", "World           "},
+        {"clear blanks both lines and goes home", {"abc", 0x80 | 0x40, "def", 0x01, "X"}, "X               ", blank},
+        {"home keeps the text", {"abc", 0x02, "X"}, "Xbc             ", blank},
+        {"line 0 runs on into line 1 past column 40", {0x80 | 0x27, "ab"}, blank, "b               "},
+        {"decrement mode writes leftwards", {0x04, 0x80 | 0x05, "abc"}, "   cba          ", blank},
+        {"cursor shifts move the address", {"abc", 0x10, 0x10, "X", 0x14, "Y"}, "aXcY            ", blank},
+        {"character patterns are not text", {"ab", 0x40, "\x1f\x1f\x1f", 0x80 | 0x02, "c"}, "abc             ", blank},
+        {"display, cursor and entry instructions leave the text",
+         {"ab", 0x0c, 0x0f, 0x08, 0x18, 0x1c, 0x06, "c"}, "abc             ", blank},
+    };
+    for (const auto& row : rows) {
+        SCOPED_TRACE(row.Behaviour);
+        const CHd44780 lcd = Fed(row.Steps);
+        EXPECT_EQ(lcd.Line(0), row.Line0);
+        EXPECT_EQ(lcd.Line(1), row.Line1);
+    }
+    EXPECT_EQ(Fed({}).Line(2), "");
+    EXPECT_EQ(Fed({0x80 | 0x27, "ab"}).Address(), 0x41);
 }
 
-TEST_F(AvrSimHd44780, WritesAtTheDdramAddress)
-{
-    Text("Hello");
-    Command(0x80 | 0x40);
-    Text("World");
-    Command(0x80 | 0x0b);
-    Text("12345");
-    EXPECT_EQ(lcd.Line(0), "Hello      12345");
-    EXPECT_EQ(lcd.Line(1), "World           ");
-}
-
-TEST_F(AvrSimHd44780, ClearBlanksBothLinesAndGoesHome)
-{
-    Text("abc");
-    Command(0x80 | 0x40);
-    Text("def");
-    Command(0x01);
-    Text("X");
-    EXPECT_EQ(lcd.Line(0), "X               ");
-    EXPECT_EQ(lcd.Line(1), std::string(16, ' '));
-}
-
-TEST_F(AvrSimHd44780, HomeKeepsTheText)
-{
-    Text("abc");
-    Command(0x02);
-    Text("X");
-    EXPECT_EQ(lcd.Line(0).substr(0, 3), "Xbc");
-}
-
-TEST_F(AvrSimHd44780, LineZeroRunsOnIntoLineOne)
-{
-    // Past column 40 of line 0 the address jumps to 0x40.
-    Command(0x80 | 0x27);
-    Text("ab");
-    EXPECT_EQ(lcd.Line(1).substr(0, 1), "b");
-    EXPECT_EQ(lcd.Address(), 0x41);
-}
-
-TEST_F(AvrSimHd44780, DecrementModeWritesLeftwards)
-{
-    Command(0x04);
-    Command(0x80 | 0x05);
-    Text("abc");
-    EXPECT_EQ(lcd.Line(0).substr(3, 3), "cba");
-}
-
-TEST_F(AvrSimHd44780, CursorShiftMovesTheAddress)
-{
-    Text("abc");
-    Command(0x10); // left
-    Command(0x10);
-    Text("X");
-    Command(0x14); // right
-    Text("Y");
-    EXPECT_EQ(lcd.Line(0).substr(0, 4), "aXcY");
-}
-
-TEST_F(AvrSimHd44780, CharacterPatternsAreNotText)
-{
-    Text("ab");
-    Command(0x40);
-    Text("\x1f\x1f\x1f");
-    Command(0x80 | 0x02);
-    Text("c");
-    EXPECT_EQ(lcd.Line(0).substr(0, 4), "abc ");
-}
-
-TEST_F(AvrSimHd44780, OtherInstructionsLeaveTheText)
-{
-    Text("ab");
-    for (std::uint8_t code : {0x0c, 0x0f, 0x08, 0x18, 0x1c, 0x06})
-        Command(code);
-    Text("c");
-    EXPECT_EQ(lcd.Line(0).substr(0, 4), "abc ");
-}
-
-TEST(AvrSimHd44780PowerOn, NibblesBeforeFourBitModeAreWholeInstructions)
+TEST(AvrSimHd44780, NibblesBeforeFourBitModeAreWholeInstructions)
 {
     CHd44780 lcd;
     // Three 8-bit "function set" writes, then the switch: one nibble each.
-    lcd.Strobe(false, 0x3);
-    lcd.Strobe(false, 0x3);
-    lcd.Strobe(false, 0x3);
-    EXPECT_FALSE(lcd.FourBitMode());
+    for (std::uint8_t nibble : {0x3, 0x3, 0x3}) {
+        lcd.Strobe(false, nibble);
+        EXPECT_FALSE(lcd.FourBitMode());
+    }
     lcd.Strobe(false, 0x2);
     EXPECT_TRUE(lcd.FourBitMode());
     // Now a data byte takes two nibbles.
