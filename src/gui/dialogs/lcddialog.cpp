@@ -10,8 +10,8 @@
 #include <QPushButton>
 #include <QRadioButton>
 
-CLcdDialog::CLcdDialog(const CPanel& panel, QWidget* parent)
-    : CFormDialog(CPanelDialogs::TitleFor(panel), parent), m_logic(panel.GetTokens())
+CLcdDialog::CLcdDialog(CPanel& panel, QWidget* parent)
+    : CPropertyDialog(&panel, CPanelDialogs::TitleFor(panel), parent), m_logic(panel.GetTokens())
 {
     auto* modes = new QWidget(this);
     auto* row = new QHBoxLayout(modes);
@@ -60,8 +60,11 @@ void CLcdDialog::Refresh()
 bool CLcdDialog::Run(CPanel& panel, QWidget* parent)
 {
     CLcdDialog dialog(panel, parent);
-    if (dialog.exec() != QDialog::Accepted || !dialog.m_logic.IsOkEnabled())
-        return false;
-    panel.AcceptProperties(dialog.m_logic.Tokens(), panel.GetPortIndex());
+    return dialog.exec() == QDialog::Accepted;
+}
+
+bool CLcdDialog::Commit()
+{
+    m_panel->AcceptProperties(m_logic.Tokens(), m_panel->GetPortIndex());
     return true;
 }

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "formdialog.h"
+#include "propertydialog.h"
 #include "lcddialoglogic.h"
 
 class CPanel;
@@ -9,14 +9,15 @@ class QLineEdit;
 class QRadioButton;
 
 // The LCD panel's "LCD Setting".
-class CLcdDialog : public CFormDialog
+class CLcdDialog : public CPropertyDialog
 {
 public:
     // Answers true on OK, after handing the tokens to the panel.
     static bool Run(CPanel& panel, QWidget* parent);
 
 private:
-    CLcdDialog(const CPanel& panel, QWidget* parent);
+    CLcdDialog(CPanel& panel, QWidget* parent);
+    bool Commit() override;
     // Reads the controls into the logic and enables OK by it.
     void Refresh();
 

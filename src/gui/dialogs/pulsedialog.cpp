@@ -13,8 +13,8 @@
 #include <QRadioButton>
 #include <QVBoxLayout>
 
-CPulseDialog::CPulseDialog(const CPanel& panel, QWidget* parent)
-    : CFormDialog(CPanelDialogs::TitleFor(panel), parent),
+CPulseDialog::CPulseDialog(CPanel& panel, QWidget* parent)
+    : CPropertyDialog(&panel, CPanelDialogs::TitleFor(panel), parent),
       m_logic(panel.GetTokens(), panel.GetPortList())
 {
     m_name = new QLineEdit(m_logic.Name, this);
@@ -43,7 +43,7 @@ CPulseDialog::CPulseDialog(const CPanel& panel, QWidget* parent)
     m_three->setChecked(m_logic.Steps == CPulseDialogLogic::ThreeSteps);
     box->addWidget(m_five);
     box->addWidget(m_three);
-    AddRow(output);
+    AddWidget(output);
 
     connect(m_name, &QLineEdit::textEdited, this, &CPulseDialog::Refresh);
     connect(m_port, &QComboBox::currentIndexChanged, this, &CPulseDialog::Refresh);
@@ -68,8 +68,11 @@ void CPulseDialog::Refresh()
 bool CPulseDialog::Run(CPanel& panel, QWidget* parent)
 {
     CPulseDialog dialog(panel, parent);
-    if (dialog.exec() != QDialog::Accepted || !dialog.m_logic.IsOkEnabled())
-        return false;
-    panel.AcceptProperties(dialog.m_logic.Tokens(), dialog.m_logic.Port);
+    return dialog.exec() == QDialog::Accepted;
+}
+
+bool CPulseDialog::Commit()
+{
+    m_panel->AcceptProperties(m_logic.Tokens(), m_logic.Port);
     return true;
 }

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "formdialog.h"
+#include "propertydialog.h"
 #include "pulsedialoglogic.h"
 
 class CPanel;
@@ -10,14 +10,15 @@ class QLineEdit;
 class QRadioButton;
 
 // The PULS panel's "Pulse Setting".
-class CPulseDialog : public CFormDialog
+class CPulseDialog : public CPropertyDialog
 {
 public:
     // Answers true on OK, after handing the tokens to the panel.
     static bool Run(CPanel& panel, QWidget* parent);
 
 private:
-    CPulseDialog(const CPanel& panel, QWidget* parent);
+    CPulseDialog(CPanel& panel, QWidget* parent);
+    bool Commit() override;
     // Reads the controls into the logic and enables OK by it.
     void Refresh();
 

@@ -25,8 +25,8 @@ void CPwmDialog::SetFrequencyLimits(int lowFreq, int highFreq)
     g_highFreq = highFreq;
 }
 
-CPwmDialog::CPwmDialog(const CPanel& panel, QWidget* parent)
-    : CFormDialog(CPanelDialogs::TitleFor(panel), parent),
+CPwmDialog::CPwmDialog(CPanel& panel, QWidget* parent)
+    : CPropertyDialog(&panel, CPanelDialogs::TitleFor(panel), parent),
       m_logic(panel.GetTokens(), panel.GetPortList(), g_lowFreq, g_highFreq)
 {
     auto* name = new QLineEdit(CStringTable::Get(Ids::CantChange), this);
@@ -61,8 +61,8 @@ CPwmDialog::CPwmDialog(const CPanel& panel, QWidget* parent)
         m_duties.append(field);
         connect(field, &QLineEdit::textEdited, this, &CPwmDialog::Refresh);
     }
-    AddRow(duties);
-    AddRow(new QLabel(CStringTable::Get(Ids::NoteDutyRange), this));
+    AddWidget(duties);
+    AddNote(Ids::NoteDutyRange);
     connect(m_port, &QComboBox::currentIndexChanged, this, &CPwmDialog::Refresh);
     Refresh();
 }
@@ -87,8 +87,11 @@ void CPwmDialog::Refresh()
 bool CPwmDialog::Run(CPanel& panel, QWidget* parent)
 {
     CPwmDialog dialog(panel, parent);
-    if (dialog.exec() != QDialog::Accepted || !dialog.m_logic.IsOkEnabled())
-        return false;
-    panel.AcceptProperties(dialog.m_logic.Tokens(), dialog.m_logic.Port);
+    return dialog.exec() == QDialog::Accepted;
+}
+
+bool CPwmDialog::Commit()
+{
+    m_panel->AcceptProperties(m_logic.Tokens(), m_logic.Port);
     return true;
 }

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "formdialog.h"
+#include "propertydialog.h"
 #include "pwmdialoglogic.h"
 
 class CPanel;
@@ -8,7 +8,7 @@ class QComboBox;
 class QLineEdit;
 
 // The PWM panel's "PWM Setting"; the frequency limits are the board's.
-class CPwmDialog : public CFormDialog
+class CPwmDialog : public CPropertyDialog
 {
 public:
     // Answers true on OK, after handing the tokens to the panel.
@@ -17,7 +17,8 @@ public:
     static void SetFrequencyLimits(int lowFreq, int highFreq);
 
 private:
-    CPwmDialog(const CPanel& panel, QWidget* parent);
+    CPwmDialog(CPanel& panel, QWidget* parent);
+    bool Commit() override;
     // Reads the controls into the logic and enables OK by it.
     void Refresh();
 

@@ -12,8 +12,8 @@
 #include <QPushButton>
 #include <QRadioButton>
 
-CSerialInDialog::CSerialInDialog(const CPanel& panel, QWidget* parent)
-    : CFormDialog(CPanelDialogs::TitleFor(panel), parent),
+CSerialInDialog::CSerialInDialog(CPanel& panel, QWidget* parent)
+    : CPropertyDialog(&panel, CPanelDialogs::TitleFor(panel), parent),
       m_logic(panel.GetTokens(), panel.GetPortList())
 {
     m_name = new QLineEdit(m_logic.Name, this);
@@ -35,7 +35,7 @@ CSerialInDialog::CSerialInDialog(const CPanel& panel, QWidget* parent)
     modes->addButton(m_bit);
     m_compare->setChecked(m_logic.Mode == CSerialInDialogLogic::Compare);
     m_bit->setChecked(m_logic.Mode == CSerialInDialogLogic::Bit);
-    AddRow(m_compare);
+    AddWidget(m_compare);
 
     auto* values = new QWidget(this);
     auto* grid = new QGridLayout(values);
@@ -49,9 +49,9 @@ CSerialInDialog::CSerialInDialog(const CPanel& panel, QWidget* parent)
         m_values.append(field);
         connect(field, &QLineEdit::textEdited, this, &CSerialInDialog::Refresh);
     }
-    AddRow(values);
-    AddRow(new QLabel(CStringTable::Get(Ids::NoteByteRange), this));
-    AddRow(m_bit);
+    AddWidget(values);
+    AddNote(Ids::NoteByteRange);
+    AddWidget(m_bit);
     m_bits = new QComboBox(this);
     m_bits->setObjectName("bits");
     m_bits->addItems(CSerialInDialogLogic::BitCounts());
@@ -93,8 +93,11 @@ void CSerialInDialog::Refresh()
 bool CSerialInDialog::Run(CPanel& panel, QWidget* parent)
 {
     CSerialInDialog dialog(panel, parent);
-    if (dialog.exec() != QDialog::Accepted || !dialog.m_logic.IsOkEnabled())
-        return false;
-    panel.AcceptProperties(dialog.m_logic.Tokens(), panel.GetPortIndex());
+    return dialog.exec() == QDialog::Accepted;
+}
+
+bool CSerialInDialog::Commit()
+{
+    m_panel->AcceptProperties(m_logic.Tokens(), m_panel->GetPortIndex());
     return true;
 }

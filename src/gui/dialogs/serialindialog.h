@@ -1,6 +1,6 @@
 #pragma once
 
-#include "formdialog.h"
+#include "propertydialog.h"
 #include "serialindialoglogic.h"
 
 class CPanel;
@@ -10,14 +10,15 @@ class QLineEdit;
 class QRadioButton;
 
 // The receive panel's "UART Setting".
-class CSerialInDialog : public CFormDialog
+class CSerialInDialog : public CPropertyDialog
 {
 public:
     // Answers true on OK, after handing the tokens to the panel.
     static bool Run(CPanel& panel, QWidget* parent);
 
 private:
-    CSerialInDialog(const CPanel& panel, QWidget* parent);
+    CSerialInDialog(CPanel& panel, QWidget* parent);
+    bool Commit() override;
     // Reads the controls into the logic and enables OK by it.
     void Refresh();
 

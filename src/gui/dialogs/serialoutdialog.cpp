@@ -8,8 +8,8 @@
 #include <QLabel>
 #include <QLineEdit>
 
-CSerialOutDialog::CSerialOutDialog(const CPanel& panel, QWidget* parent)
-    : CFormDialog(CPanelDialogs::TitleFor(panel), parent), m_logic(panel.GetPortList())
+CSerialOutDialog::CSerialOutDialog(CPanel& panel, QWidget* parent)
+    : CPropertyDialog(&panel, CPanelDialogs::TitleFor(panel), parent), m_logic(panel.GetPortList())
 {
     auto* name = new QLineEdit(CStringTable::Get(Ids::CantChange), this);
     name->setObjectName("name");
@@ -24,9 +24,12 @@ CSerialOutDialog::CSerialOutDialog(const CPanel& panel, QWidget* parent)
 bool CSerialOutDialog::Run(CPanel& panel, QWidget* parent)
 {
     CSerialOutDialog dialog(panel, parent);
-    if (dialog.exec() != QDialog::Accepted)
-        return false;
+    return dialog.exec() == QDialog::Accepted;
+}
+
+bool CSerialOutDialog::Commit()
+{
     // Nothing here is the panel's to change.
-    panel.AcceptProperties(panel.GetTokens(), panel.GetPortIndex());
+    m_panel->AcceptProperties(m_panel->GetTokens(), m_panel->GetPortIndex());
     return true;
 }

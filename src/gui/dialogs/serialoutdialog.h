@@ -1,20 +1,21 @@
 #pragma once
 
-#include "formdialog.h"
+#include "propertydialog.h"
 #include "serialoutdialoglogic.h"
 
 class CPanel;
 class QComboBox;
 
 // The send panel's "UART Setting": shows the port and the fixed line settings.
-class CSerialOutDialog : public CFormDialog
+class CSerialOutDialog : public CPropertyDialog
 {
 public:
     // Answers true on OK, after handing the tokens to the panel.
     static bool Run(CPanel& panel, QWidget* parent);
 
 private:
-    CSerialOutDialog(const CPanel& panel, QWidget* parent);
+    CSerialOutDialog(CPanel& panel, QWidget* parent);
+    bool Commit() override;
 
     CSerialOutDialogLogic m_logic;
     QComboBox* m_port;

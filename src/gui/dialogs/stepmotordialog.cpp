@@ -6,8 +6,8 @@
 #include <QComboBox>
 #include <QPushButton>
 
-CStepMotorDialog::CStepMotorDialog(const CPanel& panel, QWidget* parent)
-    : CFormDialog(CPanelDialogs::TitleFor(panel), parent), m_logic(panel.GetTokens())
+CStepMotorDialog::CStepMotorDialog(CPanel& panel, QWidget* parent)
+    : CPropertyDialog(&panel, CPanelDialogs::TitleFor(panel), parent), m_logic(panel.GetTokens())
 {
     m_speed = new QComboBox(this);
     m_speed->setObjectName("speed");
@@ -34,8 +34,11 @@ void CStepMotorDialog::Refresh()
 bool CStepMotorDialog::Run(CPanel& panel, QWidget* parent)
 {
     CStepMotorDialog dialog(panel, parent);
-    if (dialog.exec() != QDialog::Accepted || !dialog.m_logic.IsOkEnabled())
-        return false;
-    panel.AcceptProperties(dialog.m_logic.Tokens(), panel.GetPortIndex());
+    return dialog.exec() == QDialog::Accepted;
+}
+
+bool CStepMotorDialog::Commit()
+{
+    m_panel->AcceptProperties(m_logic.Tokens(), m_panel->GetPortIndex());
     return true;
 }

@@ -1,20 +1,21 @@
 #pragma once
 
-#include "formdialog.h"
+#include "propertydialog.h"
 #include "stepmotordialoglogic.h"
 
 class CPanel;
 class QComboBox;
 
 // The SMOT panel's "Stepping Mortor Setting".
-class CStepMotorDialog : public CFormDialog
+class CStepMotorDialog : public CPropertyDialog
 {
 public:
     // Answers true on OK, after handing the tokens to the panel.
     static bool Run(CPanel& panel, QWidget* parent);
 
 private:
-    CStepMotorDialog(const CPanel& panel, QWidget* parent);
+    CStepMotorDialog(CPanel& panel, QWidget* parent);
+    bool Commit() override;
     // Reads the controls into the logic and enables OK by it.
     void Refresh();
 

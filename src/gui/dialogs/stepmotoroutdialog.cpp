@@ -9,8 +9,8 @@
 #include <QLineEdit>
 #include <QPushButton>
 
-CStepMotorOutDialog::CStepMotorOutDialog(const CPanel& panel, QWidget* parent)
-    : CFormDialog(CPanelDialogs::TitleFor(panel), parent),
+CStepMotorOutDialog::CStepMotorOutDialog(CPanel& panel, QWidget* parent)
+    : CPropertyDialog(&panel, CPanelDialogs::TitleFor(panel), parent),
       m_logic(panel.GetTokens(), panel.GetPortList())
 {
     m_port = new CPortCombo(panel.GetPortList(), m_logic.Port, this);
@@ -29,7 +29,7 @@ CStepMotorOutDialog::CStepMotorOutDialog(const CPanel& panel, QWidget* parent)
     AddRow(Ids::LblAssignedPort, m_port);
     AddRow(Ids::LblDriveModeUpper, m_mode);
     AddRow(Ids::LblSpeed, m_speed);
-    AddRow(new QLabel(CStringTable::Get(Ids::NoteMotorSpeed), this));
+    AddNote(Ids::NoteMotorSpeed);
     connect(m_port, &QComboBox::currentIndexChanged, this, &CStepMotorOutDialog::Refresh);
     connect(m_mode, &QComboBox::currentIndexChanged, this, &CStepMotorOutDialog::Refresh);
     connect(m_speed, &QComboBox::currentIndexChanged, this, &CStepMotorOutDialog::Refresh);
@@ -56,8 +56,11 @@ void CStepMotorOutDialog::Refresh()
 bool CStepMotorOutDialog::Run(CPanel& panel, QWidget* parent)
 {
     CStepMotorOutDialog dialog(panel, parent);
-    if (dialog.exec() != QDialog::Accepted || !dialog.m_logic.IsOkEnabled())
-        return false;
-    panel.AcceptProperties(dialog.m_logic.Tokens(), panel.GetPortIndex());
+    return dialog.exec() == QDialog::Accepted;
+}
+
+bool CStepMotorOutDialog::Commit()
+{
+    m_panel->AcceptProperties(m_logic.Tokens(), m_panel->GetPortIndex());
     return true;
 }

@@ -8,8 +8,8 @@
 #include <QLineEdit>
 #include <QPushButton>
 
-CWebInDialog::CWebInDialog(const CPanel& panel, QWidget* parent)
-    : CFormDialog(CPanelDialogs::TitleFor(panel), parent), m_logic(panel.GetTokens())
+CWebInDialog::CWebInDialog(CPanel& panel, QWidget* parent)
+    : CPropertyDialog(&panel, CPanelDialogs::TitleFor(panel), parent), m_logic(panel.GetTokens())
 {
     m_name = new QLineEdit(m_logic.Name, this);
     m_name->setObjectName("name");
@@ -36,8 +36,11 @@ void CWebInDialog::Refresh()
 bool CWebInDialog::Run(CPanel& panel, QWidget* parent)
 {
     CWebInDialog dialog(panel, parent);
-    if (dialog.exec() != QDialog::Accepted || !dialog.m_logic.IsOkEnabled())
-        return false;
-    panel.AcceptProperties(dialog.m_logic.Tokens(), panel.GetPortIndex());
+    return dialog.exec() == QDialog::Accepted;
+}
+
+bool CWebInDialog::Commit()
+{
+    m_panel->AcceptProperties(m_logic.Tokens(), m_panel->GetPortIndex());
     return true;
 }

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "formdialog.h"
+#include "propertydialog.h"
 #include "webindialoglogic.h"
 
 class CPanel;
@@ -9,14 +9,15 @@ class QLabel;
 class QLineEdit;
 
 // The WEB-in panel's "WEB-in Stting".
-class CWebInDialog : public CFormDialog
+class CWebInDialog : public CPropertyDialog
 {
 public:
     // Answers true on OK, after handing the tokens to the panel.
     static bool Run(CPanel& panel, QWidget* parent);
 
 private:
-    CWebInDialog(const CPanel& panel, QWidget* parent);
+    CWebInDialog(CPanel& panel, QWidget* parent);
+    bool Commit() override;
     // Reads the controls into the logic and enables OK by it.
     void Refresh();
 
