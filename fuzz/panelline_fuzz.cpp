@@ -24,7 +24,7 @@ extern "C" int LLVMFuzzerTestOneInput(const uint8_t* data, size_t size)
     panel->GetMode();
     panel->GetPortText();
     cell.MakeImage();
-    panel->GetAuxValue();
+    panel->Rotate();
     // A line written reads back as itself.
     const CPanelCell again(panel->GetLine());
     if (!again.GetPanel() || again.GetPanel()->GetLine() != panel->GetLine())

@@ -24,7 +24,7 @@ const CPanel& PanelAt(const CPanelGrid& grid, CGridPos pos)
 
 bool IsIncomplete(const CPanel& panel)
 {
-    return (panel.IsEnabled() && panel.IsIncomplete()) ||
+    return (panel.NeedsProperties() && panel.IsIncomplete()) ||
            CPanelPins::BehaviourOf(panel) == CPanelPins::None;
 }
 

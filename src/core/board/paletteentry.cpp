@@ -24,7 +24,7 @@ void CPaletteEntry::AddPort(const CPortEntry& port)
 void CPaletteEntry::SetWeight(int weight)
 {
     if (m_prototype)
-        m_prototype->SetOption(weight);
+        m_prototype->SetWeight(weight);
 }
 
 std::unique_ptr<CPanelCell> CPaletteEntry::MakeCell() const

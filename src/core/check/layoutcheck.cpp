@@ -123,7 +123,7 @@ private:
                 Add(CStringTable::Format(Ids::CheckUnknownKind, {panel.GetName(), column, row, panel.GetText()}));
                 return;
             }
-            if (!panel.IsEnabled() || !panel.IsIncomplete())
+            if (!panel.NeedsProperties() || !panel.IsIncomplete())
                 return;
             Add(column < 0 ? SideName(panel, Ids::CheckSideProperties)
                            : ProcessName(panel, Ids::CheckProcessProperties, column, row));

@@ -196,7 +196,7 @@ std::unique_ptr<CPanelCell> CLayoutFile::MakeCell(const QString& record) const
         const CPanel& prototype = *entry->GetPrototype();
         panel->PortList() = prototype.GetPortList();
         panel->ResolvePort();
-        panel->SetOption(prototype.GetOption());
+        panel->SetWeight(prototype.GetWeight());
         panel->SetName(prototype.GetName());
     }
     return std::make_unique<CPanelCell>(std::move(panel));

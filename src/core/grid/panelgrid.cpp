@@ -137,7 +137,7 @@ void CPanelGrid::Count(const CPanelCell& cell)
         return;
     ++m_useCounts[cell.GetTypeId()];
     if (cell.GetPanel())
-        m_weightedTotal += cell.GetPanel()->GetOption();
+        m_weightedTotal += cell.GetPanel()->GetWeight();
 }
 
 void CPanelGrid::Uncount(const CPanelCell& cell)
@@ -146,7 +146,7 @@ void CPanelGrid::Uncount(const CPanelCell& cell)
         return;
     --m_useCounts[cell.GetTypeId()];
     if (cell.GetPanel())
-        m_weightedTotal -= cell.GetPanel()->GetOption();
+        m_weightedTotal -= cell.GetPanel()->GetWeight();
 }
 
 void CPanelGrid::AnnounceOverCapacity()
@@ -416,9 +416,9 @@ bool CPanelGrid::Rotate(int column, int row)
 {
     ClearJournal();
     CPanelCell* cell = GetCell(column, row);
-    if (!cell || !cell->GetPanel() || cell->GetPanel()->GetFlag() == 0)
+    if (!cell || !cell->GetPanel() || !cell->GetPanel()->CanRotate())
         return false;
-    if (cell->GetPanel()->GetAuxValue() == 0)
+    if (!cell->GetPanel()->Rotate())
         return false;
     cell->MakeImage();
     return true;

@@ -5,8 +5,8 @@
 CJumpPanel::CJumpPanel(const QString& line)
     : CPanel({.Area = AreaProcess, .BitmapId = 10034, .MinTokens = 3, .ShowsComment = false})
 {
-    m_flag = 1;
-    m_option = 0;
+    m_canRotate = true;
+    m_weight = 0;
     Init(line);
 }
 
@@ -15,7 +15,7 @@ QString CJumpPanel::GetPortName(int) const
     return TokenCount() >= 2 && LeadingInt(Token(1)) > 0 ? Token(1) : QString();
 }
 
-int CJumpPanel::GetAuxValue()
+bool CJumpPanel::Rotate()
 {
     switch (m_bitmapId) {
     case 10033:
@@ -36,7 +36,7 @@ int CJumpPanel::GetAuxValue()
         break;
     }
     UpdateSides();
-    return 1;
+    return true;
 }
 
 bool CJumpPanel::IsIncomplete() const

@@ -11,7 +11,7 @@ public:
     explicit CJumpPanel(const QString& line = QString());
 
     QString GetPortName(int i) const override;
-    int GetAuxValue() override;
+    bool Rotate() override;
     bool IsIncomplete() const override;
     bool SetLine(const QString& line) override;
     bool EditProperties(IPropertyEditor& editor) override;

@@ -37,24 +37,24 @@ const CGateKind* KindOf(int bitmapId)
 CLogicPanel::CLogicPanel(const QString& line)
     : CPanel({.Area = AreaProcess, .MinTokens = 2, .ShowsPorts = false, .ShowsComment = false})
 {
-    m_enabled = false;
-    m_flag = 1;
+    m_needsProperties = false;
+    m_canRotate = true;
     m_tokens = QStringList{QString()};
     Init(line);
 }
 
-int CLogicPanel::GetAuxValue()
+bool CLogicPanel::Rotate()
 {
     if (const CGateKind* kind = KindOf(m_bitmapId)) {
         const CGateKind* turned = KindOf(kind->Turned);
         m_bitmapId = turned->BitmapId;
         SetToken(1, QStringView(turned->Key).right(1).toString()); // the gate word stays
     }
-    Notify();
-    return 1;
+    UpdateSides();
+    return true;
 }
 
-void CLogicPanel::Notify()
+void CLogicPanel::UpdateSides()
 {
     const CGateKind* kind = KindOf(m_bitmapId);
     m_sides = kind ? QString::fromUtf16(kind->Sides) : QString();
@@ -73,7 +73,7 @@ bool CLogicPanel::SetLine(const QString& line)
     if (it == std::end(kKinds))
         return false;
     m_bitmapId = it->BitmapId;
-    Notify();
+    UpdateSides();
     InvalidateCaption();
     return true;
 }

@@ -9,8 +9,10 @@ class CLogicPanel : public CPanel
 public:
     explicit CLogicPanel(const QString& line = QString());
 
-    int GetAuxValue() override;
-    void Notify() override;
+    bool Rotate() override;
     // Refuses (false) a line that names no gate and side; the panel keeps its kind.
     bool SetLine(const QString& line) override;
+
+private:
+    void UpdateSides();
 };

@@ -54,9 +54,9 @@ QString CPanel::GetComment(int) const
     return m_showsComment ? m_comment : QString();
 }
 
-int CPanel::GetAuxValue()
+bool CPanel::Rotate()
 {
-    return 0;
+    return false;
 }
 
 int CPanel::GetMode() const
@@ -69,21 +69,14 @@ QString CPanel::GetPortText() const
     return m_portList.GetSingle();
 }
 
-void CPanel::Notify() {}
-
 QString CPanel::GetSides() const
 {
     return m_sides;
 }
 
-int CPanel::GetAuxFlag() const
-{
-    return 0;
-}
-
 bool CPanel::IsIncomplete() const
 {
-    if (!m_enabled)
+    if (!m_needsProperties)
         return false;
     if (ArgumentCount() < m_minTokens)
         return true;
@@ -195,7 +188,7 @@ void CPanel::CopyFrom(const CPanel& other)
     ResolvePort();
     SetName(other.m_name);
     m_itemCount = other.m_itemCount;
-    m_option = other.m_option;
+    m_weight = other.m_weight;
     m_variant = other.m_variant;
 }
 

@@ -68,14 +68,12 @@ public:
     virtual QSize GetImageSize() const;
     virtual QString GetPortName(int i) const;
     virtual QString GetComment(int i) const;
-    // The turn operation of the Rotate command: a panel that can turn changes its
-    // orientation and answers 1; the base cannot turn and answers 0.
-    virtual int GetAuxValue();
+    // The Rotate command: a panel that can turn changes its orientation and answers true;
+    // the base cannot turn and answers false.
+    virtual bool Rotate();
     virtual int GetMode() const;
     virtual QString GetPortText() const;
-    virtual void Notify();
     virtual QString GetSides() const;
-    virtual int GetAuxFlag() const;
     virtual bool IsIncomplete() const;
     virtual bool MakeImage(CPanelImage& image);
     virtual void SetVariant(int variant);
@@ -90,12 +88,15 @@ public:
 
     QString GetName() const { return m_name; }
     void SetName(const QString& name);
-    // The option is the panel's weight against the layout's capacity.
-    int GetOption() const { return m_option; }
-    void SetOption(int option) { m_option = option; }
+    // The panel's weight against the layout's capacity.
+    int GetWeight() const { return m_weight; }
+    void SetWeight(int weight) { m_weight = weight; }
     int GetItemCount() const { return m_itemCount; }
-    bool IsEnabled() const { return m_enabled; }
-    int GetFlag() const { return m_flag; }
+    // Gates, wires and the web output have no properties to set, so the check never
+    // names them as incomplete.
+    bool NeedsProperties() const { return m_needsProperties; }
+    // Whether the Rotate command turns this panel.
+    bool CanRotate() const { return m_canRotate; }
     QString GetTrailingComment() const;
     void RecountItems();
     void ResolvePort();
@@ -106,8 +107,6 @@ public:
     int GetPortIndex() const { return m_portIndex; }
     int GetVariant() const { return m_variant; }
     int GetReference() const { return m_reference; }
-    int GetMinTokens() const { return m_minTokens; }
-    bool IsVisible() const { return m_visible; }
     const QString& GetText() const { return m_text; }
     // The comment of the line as last parsed, without its ";".
     const QString& GetLineComment() const { return m_comment; }
@@ -155,7 +154,6 @@ protected:
     QString PortProperty(const QString& port) const;
 
     int m_area;
-    int m_spare = 0;
     int m_bitmapId;
     CPortList m_portList;
     int m_portIndex = -1;
@@ -163,7 +161,7 @@ protected:
     int m_reference = -1;
     int m_minTokens;
     QString m_text;
-    int m_option = 10;
+    int m_weight = 10;
     QString m_caption;
     mutable bool m_captionStale = true;
     int m_imageWidth = 0;
@@ -173,11 +171,10 @@ protected:
     QString m_sides;
     bool m_showsPorts;
     bool m_showsComment;
-    int m_flag = 0;
+    bool m_canRotate = false;
     QStringList m_tokens;
     int m_itemCount = 1;
     int m_fixedTokens;
     int m_portToken;
-    bool m_enabled = true;
-    bool m_visible = true;
+    bool m_needsProperties = true;
 };

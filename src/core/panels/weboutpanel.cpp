@@ -9,7 +9,7 @@ CWebOutPanel::CWebOutPanel(const QString& line)
               .ShowsComment = false,
               .Keyword = "WEBOUT"})
 {
-    m_enabled = false;
+    m_needsProperties = false;
     Init(line);
 }
 

@@ -46,14 +46,14 @@ int BitmapFor(const QStringList& tokens)
 CWirePanel::CWirePanel(const QString& line)
     : CPanel({.Area = AreaProcess, .ShowsPorts = false, .ShowsComment = false})
 {
-    m_enabled = false;
-    m_option = 0;
+    m_needsProperties = false;
+    m_weight = 0;
     Init(line);
 }
 
 bool CWirePanel::IsIncomplete() const
 {
-    return m_visible;
+    return !m_kindNamed;
 }
 
 bool CWirePanel::SetLine(const QString& line)
@@ -64,7 +64,7 @@ bool CWirePanel::SetLine(const QString& line)
     const CWireKind* kind = KindOf(m_bitmapId);
     m_sides = kind ? QString::fromUtf16(kind->Sides) : QString();
     if (kind)
-        m_visible = false; // the mark of a line that named a valid kind
+        m_kindNamed = true;
     return true;
 }
 

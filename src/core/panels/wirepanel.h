@@ -13,4 +13,8 @@ public:
     bool IsIncomplete() const override;
     bool SetLine(const QString& line) override;
     QString GetLine() const override;
+
+private:
+    // Once a line named a kind, a later line that names none leaves the wire complete.
+    bool m_kindNamed = false;
 };

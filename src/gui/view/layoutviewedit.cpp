@@ -132,7 +132,7 @@ bool CLayoutView::CanRotate() const
     if (m_selection.IsEmpty())
         return false;
     const CPanelCell* cell = Grid().GetCell(m_selection.TopLeft());
-    return cell && cell->GetPanel() && cell->GetPanel()->GetFlag() != 0;
+    return cell && cell->GetPanel() && cell->GetPanel()->CanRotate();
 }
 
 void CLayoutView::Rotate()

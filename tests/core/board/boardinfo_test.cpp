@@ -477,7 +477,7 @@ TEST_P(SampleBoard, WeightsAndLimitsGiveTheUsePaneAMeaning)
         int Weight;
     } weights[] = {{"LINE", 0}, {"JPI", 0}, {"JPO", 0}, {"LAMP", 10}, {"KEY", 10}, {"CNT", 20}};
     for (const auto& row : weights)
-        EXPECT_EQ(Board.FindEntry(row.Keyword)->GetPrototype()->GetOption(), row.Weight)
+        EXPECT_EQ(Board.FindEntry(row.Keyword)->GetPrototype()->GetWeight(), row.Weight)
             << row.Keyword;
     const QHash<int, int> limits = Board.UseLimits();
     EXPECT_EQ(limits.value(10090), 1) << "one LCD";
@@ -529,7 +529,7 @@ TEST(SampleBoardLanguages, JapaneseFilesHaveTheEnglishStructureWithTheirOwnTexts
                 SCOPED_TRACE(e.GetType().toStdString());
                 EXPECT_EQ(e.GetType(), j.GetType());
                 EXPECT_EQ(e.GetUseLimit(), j.GetUseLimit());
-                EXPECT_EQ(e.GetPrototype()->GetOption(), j.GetPrototype()->GetOption());
+                EXPECT_EQ(e.GetPrototype()->GetWeight(), j.GetPrototype()->GetWeight());
                 EXPECT_EQ(e.GetPrototype()->GetPortList(), j.GetPrototype()->GetPortList());
             }
         }

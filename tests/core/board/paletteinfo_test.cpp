@@ -69,7 +69,7 @@ TEST(PaletteInfo, EntryMakesItsPrototypeWithNameWeightPortsAndLimit)
     EXPECT_EQ(prototype.GetTokens().value(0), "KEY");
     EXPECT_EQ(prototype.GetName(), "Key");
     EXPECT_EQ(prototype.GetCaption(), "Key : ") << "the name refreshes the caption";
-    EXPECT_EQ(prototype.GetOption(), 15);
+    EXPECT_EQ(prototype.GetWeight(), 15);
     EXPECT_EQ(key->GetUseLimit(), 2);
     ASSERT_EQ(prototype.GetPortList().GetCount(), 2);
     EXPECT_EQ(prototype.GetPortList().GetEntry(0), (CPortEntry{"1", "P1", "D1"}));
@@ -79,7 +79,7 @@ TEST(PaletteInfo, EntryMakesItsPrototypeWithNameWeightPortsAndLimit)
     const CPaletteEntry* lamp = palette.GetEntry(1, 0);
     ASSERT_TRUE(lamp && lamp->GetPrototype());
     EXPECT_EQ(lamp->GetUseLimit(), -1) << "no USELIMIT, no limit";
-    EXPECT_EQ(lamp->GetPrototype()->GetOption(), 12) << "WEIGHT 12abc read leniently";
+    EXPECT_EQ(lamp->GetPrototype()->GetWeight(), 12) << "WEIGHT 12abc read leniently";
     EXPECT_EQ(lamp->GetPrototype()->GetPortList().GetEntry(0), (CPortEntry{"9", "P9", ""}))
         << "a port the board does not list has no alias";
 }
@@ -91,7 +91,7 @@ TEST(PaletteInfo, WithoutWeightThePrototypeKeepsItsOwn)
     ASSERT_TRUE(palette.Read(Shared("parts_e.xml"), messenger, BoardPorts()));
     const CPaletteEntry* motor = palette.GetEntry(1, 0);
     ASSERT_TRUE(motor && motor->GetPrototype());
-    EXPECT_EQ(motor->GetPrototype()->GetOption(), 10);
+    EXPECT_EQ(motor->GetPrototype()->GetWeight(), 10);
 }
 
 TEST(PaletteInfo, UnknownTypeKeepsItsPlaceWithoutPrototype)

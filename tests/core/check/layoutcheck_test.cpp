@@ -138,7 +138,7 @@ TEST_F(CCheckFixture, CapacityAboveOneThousandOnlyWithTheLimitFlag)
             for (int row = 1; row <= 10; ++row)
                 Put(column, row, "DLY\t1.00S");
         auto extra = std::make_unique<CPanelCell>("AND\tR");
-        extra->GetPanel()->SetOption(c.Extra);
+        extra->GetPanel()->SetWeight(c.Extra);
         ASSERT_TRUE(grid.Place(16, 40, std::move(extra)));
         grid.SetLimitFlag(c.LimitFlag);
         EXPECT_EQ(Report().startsWith("The number of panels larger than limit.\r\n"), c.Fault);

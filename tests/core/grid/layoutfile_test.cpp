@@ -172,7 +172,7 @@ TEST_F(CLayoutFixture, CapacityIsAnnouncedOnceAfterTheWholeFileAboveOneThousandO
         grid.ClearAll();
         // A panel already there of weight 0 or 1, and 100 read of weight 10.
         auto first = std::make_unique<CPanelCell>("KEY\tH,P1");
-        first->GetPanel()->SetOption(before);
+        first->GetPanel()->SetWeight(before);
         ASSERT_TRUE(grid.Place(-1, 1, std::move(first)));
         file.Read(grid, text);
         EXPECT_EQ(grid.GetWeightedTotal(), 1000 + before);

@@ -164,7 +164,7 @@ TEST_F(GridTest, CapacityMessageOnlyAboveOneThousand)
         CPanelGrid fresh(messenger);
         fresh.SetLimitFlag(c.LimitFlag);
         auto heavy = Cell("AND \tR");
-        heavy->GetPanel()->SetOption(c.Weight);
+        heavy->GetPanel()->SetWeight(c.Weight);
         ASSERT_TRUE(fresh.Place(3, 3, std::move(heavy)));
         EXPECT_TRUE(messenger.Texts.isEmpty());
         // The panel stays placed even over the limit.
@@ -530,14 +530,14 @@ TEST_F(GridTest, FillCopiesTheSourceAndUndoTakesBackTheLastCopyOnly)
 {
     auto source = Cell("AND \tR");
     source->GetPanel()->SetName("Gate");
-    source->GetPanel()->SetOption(7);
+    source->GetPanel()->SetWeight(7);
     ASSERT_TRUE(grid.Place(1, 37, std::move(source)));
     ASSERT_TRUE(grid.Fill(1, 37, u'D'));
     for (int r = 38; r <= 40; ++r) {
         const CPanel* copy = grid.GetCell(1, r)->GetPanel();
         EXPECT_NE(copy, grid.GetCell(1, 37)->GetPanel());
         EXPECT_EQ(copy->GetName(), "Gate");
-        EXPECT_EQ(copy->GetOption(), 7);
+        EXPECT_EQ(copy->GetWeight(), 7);
     }
     EXPECT_EQ(grid.GetWeightedTotal(), 28);
     grid.Undo();
@@ -549,7 +549,7 @@ TEST_F(GridTest, FillCopiesTheSourceAndUndoTakesBackTheLastCopyOnly)
 TEST_F(GridTest, FillOverCapacityWarnsOnceAfterwards)
 {
     auto source = Cell("AND \tR");
-    source->GetPanel()->SetOption(400);
+    source->GetPanel()->SetWeight(400);
     ASSERT_TRUE(grid.Place(1, 37, std::move(source)));
     ASSERT_TRUE(grid.Fill(1, 37, u'D'));
     EXPECT_EQ(grid.GetWeightedTotal(), 1600);

@@ -48,7 +48,7 @@ TEST(PanelCell, CopyGoesThroughTheLineAndKeepsNameWeightAndPorts)
     source.GetPanel()->PortList().Add({"1", "P1", "D1"});
     source.GetPanel()->SetLine("KEY\tH,P1\t\t;go");
     source.GetPanel()->SetName("Start");
-    source.GetPanel()->SetOption(30);
+    source.GetPanel()->SetWeight(30);
     source.MakeImage();
 
     const CPanelCell copy(source);
@@ -56,7 +56,7 @@ TEST(PanelCell, CopyGoesThroughTheLineAndKeepsNameWeightAndPorts)
     EXPECT_NE(copy.GetPanel(), source.GetPanel());
     EXPECT_EQ(copy.GetPanel()->GetLine(), source.GetPanel()->GetLine());
     EXPECT_EQ(copy.GetName(), "Start : PORT=P1(D1)  ACTIVE=H  ");
-    EXPECT_EQ(copy.GetPanel()->GetOption(), 30);
+    EXPECT_EQ(copy.GetPanel()->GetWeight(), 30);
     EXPECT_EQ(copy.GetTypeId(), 10074);
     EXPECT_EQ(copy.GetImage().Items, source.GetImage().Items);
 }

@@ -88,12 +88,12 @@ TEST(PanelLine, CopyFromTakesWhatTheLineDoesNotCarry)
 {
     auto source = MakePanel("KEY" TAB "H,P1", {"P0", "P1"});
     source->SetName("Start");
-    source->SetOption(25);
+    source->SetWeight(25);
     auto copy = MakePanel(source->GetLine());
     copy->CopyFrom(*source);
     EXPECT_EQ(copy->GetName(), "Start");
     EXPECT_EQ(copy->GetCaption(), "Start : PORT=P1  ACTIVE=H  ");
-    EXPECT_EQ(copy->GetOption(), 25);
+    EXPECT_EQ(copy->GetWeight(), 25);
     EXPECT_EQ(copy->GetPortList(), source->GetPortList());
     EXPECT_EQ(copy->GetLine(), source->GetLine());
 }

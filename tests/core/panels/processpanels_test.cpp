@@ -133,10 +133,10 @@ TEST(Jump, SideAndIdFromTheLine)
         EXPECT_EQ(jump->GetReference(), row.Reference) << row.Line;
         EXPECT_EQ(jump->GetLine(), row.Written) << row.Line;
         // A jump without an id is saved with one that reads back the same, its side too.
-        jump->GetAuxValue();
+        jump->Rotate();
         EXPECT_EQ(MakePanel(jump->GetLine())->GetLine(), jump->GetLine()) << row.Line;
-        EXPECT_EQ(jump->GetFlag(), 1);
-        EXPECT_EQ(jump->GetOption(), 0);
+        EXPECT_TRUE(jump->CanRotate());
+        EXPECT_EQ(jump->GetWeight(), 0);
     }
 }
 
@@ -152,15 +152,15 @@ TEST(Jump, CompletenessNeedsAnIdOfOneOrMore)
 TEST(Jump, TurningSwitchesTheSideButNeverTheDirection)
 {
     auto in = MakePanel("JPI\t3,L");
-    EXPECT_EQ(in->GetAuxValue(), 1);
+    EXPECT_TRUE(in->Rotate());
     EXPECT_EQ(in->GetBitmapId(), 10033);
     EXPECT_EQ(in->GetLine(), "JPI \t3,U");
-    in->GetAuxValue();
+    in->Rotate();
     EXPECT_EQ(in->GetBitmapId(), 10034);
     EXPECT_EQ(in->GetSides(), "L");
 
     auto out = MakePanel("JPO\t3,R");
-    out->GetAuxValue();
+    out->Rotate();
     EXPECT_EQ(out->GetLine(), "JPO \t3,D");
     EXPECT_EQ(out->GetSides(), "D");
 }
@@ -193,7 +193,7 @@ TEST(Logic, EveryKindHasItsPictureAndSides)
         EXPECT_EQ(gate->GetBitmapId(), row.BitmapId) << row.Line;
         EXPECT_EQ(gate->GetSides(), row.Sides) << row.Line;
         EXPECT_FALSE(gate->IsIncomplete());
-        EXPECT_FALSE(gate->IsEnabled());
+        EXPECT_FALSE(gate->NeedsProperties());
     }
     EXPECT_EQ(MakePanel("AND\tD")->GetLine(), "AND \tD");
     EXPECT_EQ(MakePanel("OFF\tR")->GetLine(), "OFF \tR");
@@ -214,23 +214,23 @@ TEST(Logic, BadLinesAreRefusedAndKeepTheKind)
 TEST(Logic, TurningFlipsTheOrientationOnly)
 {
     auto on = MakePanel("ON\tR");
-    EXPECT_EQ(on->GetAuxValue(), 1);
+    EXPECT_TRUE(on->Rotate());
     EXPECT_EQ(on->GetBitmapId(), 10020);
     EXPECT_EQ(on->GetLine(), "ON  \tD");
-    on->GetAuxValue();
+    on->Rotate();
     EXPECT_EQ(on->GetBitmapId(), 10018); // back to ON, never OFF
 
     auto off = MakePanel("OFF\tD");
-    off->GetAuxValue();
+    off->Rotate();
     EXPECT_EQ(off->GetBitmapId(), 10019);
 
     auto gate = MakePanel("NOT\tR");
-    gate->GetAuxValue();
+    gate->Rotate();
     EXPECT_EQ(gate->GetSides(), "UD");
     EXPECT_EQ(gate->GetLine(), "NOT \tD");
 
     auto blank = CPanelFactory::Create("XOR");
-    EXPECT_EQ(blank->GetAuxValue(), 1);
+    EXPECT_TRUE(blank->Rotate());
     EXPECT_EQ(blank->GetSides(), "");
 }
 
@@ -283,7 +283,7 @@ TEST(Wire, KindsReadAndWrittenBack)
         EXPECT_EQ(wire->GetLine(), row.Written) << row.Line;
         EXPECT_EQ(wire->IsIncomplete(), row.BitmapId == 60000) << row.Line;
         EXPECT_EQ(wire->GetCaption(), "");
-        EXPECT_EQ(wire->GetOption(), 0);
+        EXPECT_EQ(wire->GetWeight(), 0);
     }
 }
 
