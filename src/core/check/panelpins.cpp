@@ -49,19 +49,8 @@ std::vector<CNetPin> CPanelPins::Of(const CPanel& panel, CGridPos top)
 
 QStringList CPanelPins::PiecesOf(const CPanel& panel)
 {
-    if (!dynamic_cast<const CWirePanel*>(&panel))
-        return {};
-    switch (panel.GetBitmapId()) {
-    case 10001: return {"UD"};
-    case 10002: return {"LR"};
-    case 10003: return {"UR"};
-    case 10004: return {"LD"};
-    case 10005: return {"UR", "LD"};
-    case 10006: return {"UD", "LR"};
-    case 10007: return {"UDR"};
-    case 10008: return {"LRD"};
-    default: return {};
-    }
+    const auto* wire = dynamic_cast<const CWirePanel*>(&panel);
+    return wire ? wire->GetPieces() : QStringList();
 }
 
 int CPanelPins::JumpIdOf(const CPanel& panel)

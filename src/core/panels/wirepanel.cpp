@@ -2,20 +2,23 @@
 
 namespace {
 
-// The written form of each kind, its picture and the sides it joins. The letter orders
-// "DL" and "DLR" are how the sides have always been stored.
+// The written form of each kind, its picture, the sides it joins and the separate pieces
+// of wire that join them ("," between pieces): a crossing and two corners are two pieces, a
+// branch is one. The letter orders "DL" and "DLR" are how the sides have always been stored.
 struct CWireKind
 {
     int BitmapId;
     const char16_t* Form;
     const char16_t* Sides;
+    const char16_t* Pieces;
 };
 
 // In the order GetLine looks a picture up.
 constexpr CWireKind kKinds[] = {
-    {10004, u"LD", u"DL"},      {10002, u"LR", u"LR"},      {10008, u"LR,LD", u"DLR"},
-    {10001, u"UD", u"UD"},      {10006, u"UD,LR", u"UDLR"}, {10003, u"UR", u"UR"},
-    {10005, u"UR,LD", u"UDLR"}, {10007, u"UR,UD", u"UDR"},
+    {10004, u"LD", u"DL", u"LD"},          {10002, u"LR", u"LR", u"LR"},
+    {10008, u"LR,LD", u"DLR", u"LRD"},     {10001, u"UD", u"UD", u"UD"},
+    {10006, u"UD,LR", u"UDLR", u"UD,LR"},  {10003, u"UR", u"UR", u"UR"},
+    {10005, u"UR,LD", u"UDLR", u"UR,LD"},  {10007, u"UR,UD", u"UDR", u"UDR"},
 };
 
 const CWireKind* KindOf(int bitmapId)
@@ -75,4 +78,10 @@ QString CWirePanel::GetLine() const
     if (kind)
         line += QStringView(kind->Form);
     return line;
+}
+
+QStringList CWirePanel::GetPieces() const
+{
+    const CWireKind* kind = KindOf(m_bitmapId);
+    return kind ? QString::fromUtf16(kind->Pieces).split(u',') : QStringList();
 }

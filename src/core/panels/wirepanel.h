@@ -13,6 +13,9 @@ public:
     bool IsIncomplete() const override;
     bool SetLine(const QString& line) override;
     QString GetLine() const override;
+    // The separate pieces of wire in the cell, each the sides it joins; none for a wire of
+    // no kind.
+    QStringList GetPieces() const;
 
 private:
     // Once a line named a kind, a later line that names none leaves the wire complete.
