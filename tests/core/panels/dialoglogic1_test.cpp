@@ -4,7 +4,7 @@
 #include "counterdialoglogic.h"
 #include "flipflopdialoglogic.h"
 #include "numberdialoglogic.h"
-#include "core/panels/paneltest.h"
+#include "core/panels/panelfacts.h"
 #include "sevensegdialoglogic.h"
 #include "switchdialoglogic.h"
 #include "timedialoglogic.h"
@@ -13,12 +13,8 @@
 
 TEST(TimeText, ReadsTokensAndKeepsTheTwentiethSecondGrid)
 {
-    const struct
-    {
-        const char* Name;
-        const char* Token;
-        const char* Text;
-    } read[] = {
+    // name, token, the time dialog's text
+    const std::tuple<CText, CText, CText> read[] = {
         {"MinuteAndAHalf", "90.45S", "000130.45"},    {"OneDigitFractionIsTenths", "2.5", "000002.50"},
         {"LeadingZeroFraction", "2.05S", "000002.05"}, {"ThirdDecimalIgnored", "1.479S", "000001.47"},
         {"NoDotIsWholeSeconds", "3", "000003.00"},    {"Longest", "32399.00S", "085959.00"},
@@ -29,20 +25,20 @@ TEST(TimeText, ReadsTokensAndKeepsTheTwentiethSecondGrid)
         {"NinetyNineBecomesNinetyFive", "1199.95S", "001959.99"},
         {"ThreeDigitFraction", "1.45S", "000001.470"}, {"NoFractionIsZero", "0.00S", "000130."},
     };
-    for (const auto& row : read)
-        EXPECT_EQ(CTimeText::FromToken(row.Token).Text(), row.Text) << row.Name;
-    for (const auto& row : written)
-        EXPECT_EQ(CTimeText::FromText(row.Text).Token(), row.Token) << row.Name;
+    for (const auto& [name, token, text] : read)
+        EXPECT_EQ(CTimeText::FromToken(token).Text(), text) << name;
+    for (const auto& [name, token, text] : written)
+        EXPECT_EQ(CTimeText::FromText(text).Token(), token) << name;
     EXPECT_EQ(CTimeText::FromToken("3723.05S").Shown(), "1h 2m 3.05s");
 }
 
 TEST(TimeDialogLogic, DelayOpensAsHoursMinutesSecondsHundredths)
 {
     const CTimeDialogLogic logic = CTimeDialogLogic::ForDelay(Split("DLY,90.45S"));
-    EXPECT_EQ(logic.GetField(CTimeDialogLogic::Hours), "0");
-    EXPECT_EQ(logic.GetField(CTimeDialogLogic::Minutes), "1");
-    EXPECT_EQ(logic.GetField(CTimeDialogLogic::Seconds), "30");
-    EXPECT_EQ(logic.GetField(CTimeDialogLogic::Hundredths), "45");
+    QStringList fields;
+    for (int f = 0; f < CTimeDialogLogic::FieldCount; ++f)
+        fields << logic.GetField(CTimeDialogLogic::EField(f));
+    EXPECT_EQ(fields, Split("0,1,30,45"));
     EXPECT_TRUE(logic.IsOkEnabled());
     EXPECT_EQ(logic.DelayTokens(Split("DLY,90.45S")), Split("DLY,90.45S"));
     // Without a time it opens at zero and cannot be confirmed.
@@ -54,14 +50,8 @@ TEST(TimeDialogLogic, DelayOpensAsHoursMinutesSecondsHundredths)
 
 TEST(TimeDialogLogic, DecidesOkAndHundredths)
 {
-    const struct
-    {
-        const char* Name;
-        const char* Fields; // hours,minutes,seconds,hundredths
-        bool Ok;
-        bool HundredthsEnabled;
-        const char* Token; // the delay's time after OK
-    } rows[] = {
+    // name, hours/minutes/seconds/hundredths, OK, hundredths enabled, the delay's time
+    const std::tuple<CText, CText, bool, bool, CText> rows[] = {
         {"FourHundredthsTooShort", "0,0,0,04", false, true, "0.00S"},
         {"FiveHundredthsShortest", "0,0,0,05", true, true, "0.05S"},
         {"EmptyFieldsCountAsZero", ",,,", false, true, "0.00S"},
@@ -75,30 +65,24 @@ TEST(TimeDialogLogic, DecidesOkAndHundredths)
         {"OddHundredthsCutDown", "0,0,1,47", true, true, "1.45S"},
         {"WholeSecondWithoutHundredths", "0,0,1,", true, true, "1.00S"},
     };
-    for (const auto& row : rows) {
-        SCOPED_TRACE(row.Name);
+    for (const auto& [name, fields, ok, hundredths, token] : rows) {
+        SCOPED_TRACE(name);
         CTimeDialogLogic logic{QString()};
-        const QStringList fields = Split(row.Fields);
         for (int f = 0; f < CTimeDialogLogic::FieldCount; ++f)
-            logic.SetField(CTimeDialogLogic::EField(f), fields[f]);
-        EXPECT_EQ(logic.IsOkEnabled(), row.Ok);
-        EXPECT_EQ(logic.IsHundredthsEnabled(), row.HundredthsEnabled);
-        if (!row.HundredthsEnabled) {
+            logic.SetField(CTimeDialogLogic::EField(f), Split(fields)[f]);
+        EXPECT_EQ(logic.IsOkEnabled(), ok);
+        EXPECT_EQ(logic.IsHundredthsEnabled(), hundredths);
+        if (!hundredths) {
             EXPECT_EQ(logic.GetField(CTimeDialogLogic::Hundredths), "00");
         }
-        EXPECT_EQ(logic.DelayTokens({"DLY"})[1], row.Token);
+        EXPECT_EQ(logic.DelayTokens({"DLY"})[1], token);
     }
 }
 
 TEST(TimerDialogLogic, OpensWithKindAndTime)
 {
-    const struct
-    {
-        const char* Name;
-        const char* Tokens;
-        int Kind;
-        const char* Shown;
-    } rows[] = {
+    // name, tokens, kind, time shown
+    const std::tuple<CText, CText, int, CText> rows[] = {
         {"Hold", "TIM,H,90.05S", 1, "0h 1m 30.05s"},
         {"Toggle", "TIM,T,1.50S", 2, "0h 0m 1.50s"},
         {"OneShot", "TIM1,N,3723.00S", 3, "1h 2m 3.00s"},
@@ -107,11 +91,11 @@ TEST(TimerDialogLogic, OpensWithKindAndTime)
         {"TimeWithoutClosingS", "TIM,H,3", 1, "0h 0m 3.00s"},
         {"NoTime", "TIM,H", 1, ""},
     };
-    for (const auto& row : rows) {
-        const CTimerDialogLogic logic(Split(row.Tokens));
-        EXPECT_EQ(logic.GetKind(), row.Kind) << row.Name;
-        EXPECT_EQ(logic.ShownTime(), row.Shown) << row.Name;
-        EXPECT_EQ(logic.IsOkEnabled(), row.Kind != 0 && *row.Shown != 0) << row.Name;
+    for (const auto& [name, tokens, kind, shown] : rows) {
+        const CTimerDialogLogic logic(Split(tokens));
+        EXPECT_EQ(logic.GetKind(), kind) << name;
+        EXPECT_EQ(logic.ShownTime(), shown) << name;
+        EXPECT_EQ(logic.IsOkEnabled(), kind != 0 && *shown != 0) << name;
     }
 }
 
@@ -133,16 +117,8 @@ TEST(TimerDialogLogic, EachKindWritesItsKeywordAndLetterAndTheTimeOnTheGrid)
 
 TEST(SwitchDialogLogic, OpensAndWritesFourTokens)
 {
-    const struct
-    {
-        const char* Name;
-        const char* Tokens;
-        const char* InitialName;
-        const char* ShownName;
-        int Port;
-        int Level;
-        const char* Written; // after OK without change
-    } rows[] = {
+    // name, tokens, initial name, name shown, port, level, written after OK
+    const std::tuple<CText, CText, CText, CText, int, int, CText> rows[] = {
         {"KeywordAloneOpensHighWithoutPort", "SW", "", "", -1, 0, "SW,H,,;"},
         {"FullLine", "KEY,L,PD3,;start", "", "start", 1, 1, "KEY,L,PD3,;start"},
         {"InitialNameWithoutCommentToken", "DGI,H,PD2", "old", "old", 0, 0, "DGI,H,PD2,;old"},
@@ -152,13 +128,13 @@ TEST(SwitchDialogLogic, OpensAndWritesFourTokens)
         {"UnknownLevelSelectsNothing", "DGO,X,PD2", "", "", 0, -1, "DGO,,PD2,;"},
     };
     const CPortList ports = Ports({"PD2", "PD3"});
-    for (const auto& row : rows) {
-        SCOPED_TRACE(row.Name);
-        const CSwitchDialogLogic logic(Split(row.Tokens), ports, row.InitialName);
-        EXPECT_EQ(logic.GetName(), row.ShownName);
-        EXPECT_EQ(logic.GetPortIndex(), row.Port);
-        EXPECT_EQ(logic.GetLevelIndex(), row.Level);
-        EXPECT_EQ(Saved(logic), row.Written);
+    for (const auto& [name, tokens, initial, shown, port, level, written] : rows) {
+        SCOPED_TRACE(name);
+        const CSwitchDialogLogic logic(Split(tokens), ports, initial);
+        EXPECT_EQ(logic.GetName(), shown);
+        EXPECT_EQ(logic.GetPortIndex(), port);
+        EXPECT_EQ(logic.GetLevelIndex(), level);
+        EXPECT_EQ(Saved(logic), written);
     }
     CSwitchDialogLogic logic(Split("LAMP,H,PD2,;a"), ports);
     logic.SetName("lamp 1");
@@ -169,47 +145,38 @@ TEST(SwitchDialogLogic, OpensAndWritesFourTokens)
 
 TEST(FlipFlopDialogLogic, OpensWithTheKeywordsTypeAndWritesTheChosenKeyword)
 {
-    const struct
-    {
-        const char* Keyword;
-        int Type;
-    } rows[] = {{"RSFF", 1}, {"T_FF", 2}, {"D_FF", 3}, {"FF", 0}};
-    for (const auto& row : rows) {
-        const CFlipFlopDialogLogic logic({row.Keyword});
-        EXPECT_EQ(logic.GetType(), row.Type) << row.Keyword;
-        EXPECT_EQ(Saved(logic), row.Type ? row.Keyword : "") << row.Keyword;
+    const std::pair<CText, int> rows[] = {{"RSFF", 1}, {"T_FF", 2}, {"D_FF", 3}, {"FF", 0}};
+    for (const auto& [keyword, type] : rows) {
+        const CFlipFlopDialogLogic logic({keyword});
+        EXPECT_EQ(logic.GetType(), type) << keyword;
+        EXPECT_EQ(Saved(logic), type ? keyword : "") << keyword;
     }
     CFlipFlopDialogLogic logic(Split("FF,;note"));
     logic.SetType(2);
     EXPECT_EQ(Saved(logic), "T_FF");
     logic.SetType(7);
-    EXPECT_EQ(Saved(logic), "");
     EXPECT_TRUE(logic.Tokens().isEmpty());
+    EXPECT_FALSE(logic.IsOkEnabled());
 }
 
 TEST(BuzzerDialogLogic, OpensWithPortAndFrequenciesAndWritesThemFromTheHighest)
 {
-    const struct
-    {
-        const char* Name;
-        const char* Tokens;
-        const char* Ports;
-        int Port;
-        bool Checked[3];
-        const char* Saved;
-    } rows[] = {
-        {"OnePortIsSelected", "BUZZ,PB1,1000", "PB1", 0, {false, true, false}, "BUZZ,PB1,1000"},
-        {"SeveralPortsSelectNothing", "BUZZ,PB1,2000,500", "PB1,PB2", -1, {true, false, true}, ""},
-        {"NoFrequencyKeepsOkOff", "BUZZ,PB1", "PB1", 0, {false, false, false}, ""},
+    // name, tokens, ports, port, 2000/1000/500 Hz checked, saved
+    const std::tuple<CText, CText, CText, int, CText, CText> rows[] = {
+        {"OnePortIsSelected", "BUZZ,PB1,1000", "PB1", 0, "010", "BUZZ,PB1,1000"},
+        {"SeveralPortsSelectNothing", "BUZZ,PB1,2000,500", "PB1,PB2", -1, "101", ""},
+        {"NoFrequencyKeepsOkOff", "BUZZ,PB1", "PB1", 0, "000", ""},
     };
-    for (const auto& row : rows) {
-        SCOPED_TRACE(row.Name);
-        const CPortList ports = Ports(Split(row.Ports));
-        const CBuzzerDialogLogic logic(Split(row.Tokens), ports);
-        EXPECT_EQ(logic.GetPortIndex(), row.Port);
+    for (const auto& [name, tokens, portNames, port, checked, saved] : rows) {
+        SCOPED_TRACE(name);
+        const CPortList ports = Ports(Split(portNames));
+        const CBuzzerDialogLogic logic(Split(tokens), ports);
+        EXPECT_EQ(logic.GetPortIndex(), port);
+        QString shown;
         for (int f = 0; f < CBuzzerDialogLogic::FrequencyCount; ++f)
-            EXPECT_EQ(logic.IsChecked(CBuzzerDialogLogic::EFrequency(f)), row.Checked[f]) << f;
-        EXPECT_EQ(Saved(logic), row.Saved);
+            shown += logic.IsChecked(CBuzzerDialogLogic::EFrequency(f)) ? u'1' : u'0';
+        EXPECT_EQ(shown, checked);
+        EXPECT_EQ(Saved(logic), saved);
     }
     const CPortList ports = Ports({"PB1", "PB2"});
     CBuzzerDialogLogic logic(Split("BUZZ,PB2,;old"), ports);
@@ -221,14 +188,8 @@ TEST(BuzzerDialogLogic, OpensWithPortAndFrequenciesAndWritesThemFromTheHighest)
 
 TEST(CounterDialogLogic, DecidesOkAndWritesValuesDownOnceEach)
 {
-    const struct
-    {
-        const char* Name;
-        int Type;
-        const char* Values; // fifteen fields at most
-        int Wrong;
-        const char* Saved;
-    } rows[] = {
+    // name, type, the fifteen fields at most, field named wrong, saved
+    const std::tuple<CText, int, CText, int, CText> rows[] = {
         {"SortedDownOnceEach", 1, "10,300,10,5", -1, "CNT,H,300,10,5"},
         {"Cyclic", 2, "7", -1, "CNT,C,7"},
         {"LeadingZerosVanish", 1, "007, 12", -1, "CNT,H,12,7"},
@@ -240,49 +201,40 @@ TEST(CounterDialogLogic, DecidesOkAndWritesValuesDownOnceEach)
         {"AllEmpty", 1, "", -1, ""},
         {"NoType", 0, "5", -1, ""},
     };
-    for (const auto& row : rows) {
-        SCOPED_TRACE(row.Name);
+    for (const auto& [name, type, values, wrong, saved] : rows) {
+        SCOPED_TRACE(name);
         CCounterDialogLogic logic({"CNT"});
-        logic.SetType(row.Type);
-        const QStringList values = Split(row.Values);
-        for (int i = 0; i < values.size(); ++i)
-            logic.SetValue(i, values[i]);
-        EXPECT_EQ(logic.WrongField(), row.Wrong);
-        EXPECT_EQ(Saved(logic), row.Saved);
+        logic.SetType(type);
+        for (int i = 0; i < Split(values).size(); ++i)
+            logic.SetValue(i, Split(values)[i]);
+        EXPECT_EQ(logic.WrongField(), wrong);
+        EXPECT_EQ(Saved(logic), saved);
     }
     const CCounterDialogLogic opened(Split("CNT,C,5,300,5,;name"));
     EXPECT_EQ(opened.GetType(), 2);
-    EXPECT_EQ(opened.GetValue(0), "300");
-    EXPECT_EQ(opened.GetValue(1), "5");
-    EXPECT_EQ(opened.GetValue(2), "");
+    EXPECT_EQ(opened.GetValue(0) + u',' + opened.GetValue(1) + u',' + opened.GetValue(2), "300,5,");
     EXPECT_EQ(CCounterDialogLogic(Split("CNT,X,5")).GetType(), 0);
 }
 
 TEST(SevenSegDialogLogic, OffersTheKeywordsTypesAndPort)
 {
-    const struct
-    {
-        const char* Name;
-        const char* Tokens;
-        int Mode;
-        const char* Modes; // the modes offered, in list order
-        int OpenMode;
-    } rows[] = {
+    // name, tokens, the display's mode, the modes offered in list order, mode selected
+    const std::tuple<CText, CText, int, CText, int> rows[] = {
         {"OneDigit", "7SEG,;7SEG_S", 3, "2,3,1", 3},
         {"FourDigits", "7SEG4,;7SEG4_D", 5, "5,6,4", 5},
         {"ModeOfTheOtherKeywordSelectsNothing", "7SEG,;7SEG4_D", 5, "2,3,1", 0},
         {"OtherKeywordHasNoTypes", "7SEGX", 1, "", 0},
     };
     const CPortList two = Ports({"PB0", "PB1"});
-    for (const auto& row : rows) {
-        SCOPED_TRACE(row.Name);
-        const CSevenSegDialogLogic logic(Split(row.Tokens), two, row.Mode);
+    for (const auto& [name, tokens, mode, offered, selected] : rows) {
+        SCOPED_TRACE(name);
+        const CSevenSegDialogLogic logic(Split(tokens), two, mode);
         QStringList modes;
         for (const auto& type : logic.Types())
             modes.append(QString::number(type.Mode));
-        EXPECT_EQ(modes, Split(row.Modes));
-        EXPECT_EQ(logic.GetMode(), row.OpenMode);
-        EXPECT_EQ(logic.IsOkEnabled(), row.OpenMode != 0);
+        EXPECT_EQ(modes, Split(offered));
+        EXPECT_EQ(logic.GetMode(), selected);
+        EXPECT_EQ(logic.IsOkEnabled(), selected != 0);
     }
     const CPortList one = Ports({"PB0"});
     CSevenSegDialogLogic logic({"7SEG4"}, one, 0);
@@ -296,16 +248,8 @@ TEST(SevenSegDialogLogic, OffersTheKeywordsTypesAndPort)
 TEST(NumberDialogLogic, BitPositionAndConnectionId)
 {
     using K = CNumberDialogLogic;
-    const struct
-    {
-        const char* Name;
-        K::EKind Kind;
-        const char* Tokens;
-        int Reference;
-        const char* Opened;
-        const char* Typed; // nullptr keeps the opened text
-        const char* Saved;
-    } rows[] = {
+    // name, kind, tokens, reference, text opened, text typed (nullptr: none), saved
+    const std::tuple<CText, K::EKind, CText, int, CText, CText, CText> rows[] = {
         {"BitKeptAsOpened", K::SerialBit, "UART,3,L", -1, "3", nullptr, "UART,3,L"},
         {"BitDashMustBeReplaced", K::SerialBit, "UART,-", -1, "-", nullptr, ""},
         {"BitTypedOverTheDash", K::SerialBit, "UART,-", -1, "-", "0", "UART,0,L"},
@@ -319,13 +263,13 @@ TEST(NumberDialogLogic, BitPositionAndConnectionId)
         {"JumpHundredRefused", K::Jump, "JPO,7,R", 7, "7", "100", ""},
         {"JumpNinetyNine", K::Jump, "JPO,7,D", 7, "7", "99", "JPO,99,D"},
     };
-    for (const auto& row : rows) {
-        SCOPED_TRACE(row.Name);
-        CNumberDialogLogic logic(row.Kind, Split(row.Tokens), row.Reference);
-        EXPECT_EQ(logic.GetText(), row.Opened);
-        if (row.Typed)
-            logic.SetText(row.Typed);
-        EXPECT_EQ(Saved(logic), row.Saved);
+    for (const auto& [name, kind, tokens, reference, opened, typed, saved] : rows) {
+        SCOPED_TRACE(name);
+        CNumberDialogLogic logic(kind, Split(tokens), reference);
+        EXPECT_EQ(logic.GetText(), opened);
+        if (typed)
+            logic.SetText(typed);
+        EXPECT_EQ(Saved(logic), saved);
     }
     EXPECT_EQ(K(K::SerialBit, {"UART"}, -1).GetMaxLength(), 1);
     EXPECT_EQ(K(K::Jump, {"JPI"}, -1).GetMaxLength(), 2);

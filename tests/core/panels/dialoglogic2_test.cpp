@@ -4,7 +4,7 @@
 #include "flipflopdialoglogic.h"
 #include "lcddialoglogic.h"
 #include "numberdialoglogic.h"
-#include "core/panels/paneltest.h"
+#include "core/panels/panelfacts.h"
 #include "pulsedialoglogic.h"
 #include "pwmdialoglogic.h"
 #include "serialindialoglogic.h"
@@ -27,26 +27,19 @@ const CPortList kOnePort = Ports({"PB1(RxD6)"});
 
 TEST(StepMotorDialogLogic, OpensOnTheListedSpeedsOnly)
 {
-    const struct
-    {
-        const char* Name;
-        const char* Tokens;
-        int Mode;
-        int Speed;
-        const char* Saved;
-    } rows[] = {
+    // name, tokens, mode, speed, saved
+    const std::tuple<CText, CText, int, int, CText> rows[] = {
         {"TwoPhaseTwenty", "SMOT,2,20", 1, 1, "SMOT,2,20"},
         {"SlowestSpeed", "SMOT,1,100", 0, 5, "SMOT,1,100"},
         {"SpeedOffTheListOpensWithNoSpeed", "SMOT,1,25", 0, -1, ""},
         {"UnknownModeOpensWithNoMode", "SMOT,3,20", -1, 1, ""},
         {"BareKeywordSelectsNothing", "SMOT", -1, -1, ""},
     };
-    for (const auto& row : rows) {
-        SCOPED_TRACE(row.Name);
-        const CStepMotorDialogLogic logic(Split(row.Tokens));
-        EXPECT_EQ(logic.Mode, row.Mode);
-        EXPECT_EQ(logic.Speed, row.Speed);
-        EXPECT_EQ(Saved(logic), row.Saved);
+    for (const auto& [name, tokens, mode, speed, saved] : rows) {
+        const CStepMotorDialogLogic logic(Split(tokens));
+        EXPECT_EQ(logic.Mode, mode) << name;
+        EXPECT_EQ(logic.Speed, speed) << name;
+        EXPECT_EQ(Saved(logic), saved) << name;
     }
     CStepMotorDialogLogic logic(Split("SMOT,1,25"));
     logic.Speed = 4;
@@ -55,14 +48,8 @@ TEST(StepMotorDialogLogic, OpensOnTheListedSpeedsOnly)
 
 TEST(StepMotorOutDialogLogic, TakesASuggestedOrTypedSpeed)
 {
-    const struct
-    {
-        const char* Name;
-        const char* Tokens;
-        const char* Typed; // nullptr keeps the opened speed
-        int Speed;         // suggestion selected on opening
-        const char* Saved;
-    } rows[] = {
+    // name, tokens, speed typed (nullptr: none), suggestion selected on opening, saved
+    const std::tuple<CText, CText, CText, int, CText> rows[] = {
         {"SuggestionIsSelected", "SMOTO,1,100", nullptr, 2, "SMOTO,1,100"},
         {"OtherSpeedIsAddedAndSelected", "SMOTO,2,250", nullptr, 8, "SMOTO,2,250"},
         {"BelowTwentySelectsNothing", "SMOTO,2,19", nullptr, -1, ""},
@@ -73,15 +60,14 @@ TEST(StepMotorOutDialogLogic, TakesASuggestedOrTypedSpeed)
         {"EmptyWithoutSuggestion", "SMOTO,1", "", -1, ""},
         {"UnknownMode", "SMOTO,3,100", nullptr, 2, ""},
     };
-    for (const auto& row : rows) {
-        SCOPED_TRACE(row.Name);
-        CStepMotorOutDialogLogic logic(Split(row.Tokens), Ports({"PB1"}));
-        EXPECT_EQ(logic.Speed, row.Speed);
-        if (row.Typed) {
-            logic.SpeedText = QString::fromUtf8(row.Typed);
+    for (const auto& [name, tokens, typed, speed, saved] : rows) {
+        CStepMotorOutDialogLogic logic(Split(tokens), Ports({"PB1"}));
+        EXPECT_EQ(logic.Speed, speed) << name;
+        if (typed) {
+            logic.SpeedText = QString::fromUtf8(typed);
             logic.Speed = -1;
         }
-        EXPECT_EQ(Saved(logic), row.Saved);
+        EXPECT_EQ(Saved(logic), saved) << name;
     }
     CStepMotorOutDialogLogic logic(Split("SMOTO,1,100"), Ports({"PB1", "PB2"}));
     EXPECT_EQ(Saved(logic), ""); // several ports need a choice
@@ -92,17 +78,8 @@ TEST(StepMotorOutDialogLogic, TakesASuggestedOrTypedSpeed)
 TEST(SerialInDialogLogic, WritesItsModeValuesAndKeyword)
 {
     using L = CSerialInDialogLogic;
-    const struct
-    {
-        const char* Name;
-        const char* Tokens;
-        const char* Port;
-        L::EMode Mode;
-        const char* Values; // typed into the first fields
-        int BitCount;
-        int Wrong;
-        const char* Saved;
-    } rows[] = {
+    // name, tokens, the one port, mode, values typed, bit count, field named wrong, saved
+    const std::tuple<CText, CText, CText, L::EMode, CText, int, int, CText> rows[] = {
         {"CompareDescendingWithoutRepeats", "UARI", "PD0(RxD6)", L::Compare, "5,200,5,17", -1, -1,
          "UARI,C,200,17,5"},
         {"ValueAboveByteKeepsOkOff", "UARI", "RxD6", L::Compare, "5,300", -1, 1, ""},
@@ -116,17 +93,16 @@ TEST(SerialInDialogLogic, WritesItsModeValuesAndKeyword)
         {"NameIsTheLastToken", "UARI,C,1,;Door", "RxD6", L::Compare, "9", -1, -1,
          "UARI,C,9,;Door"},
     };
-    for (const auto& row : rows) {
-        SCOPED_TRACE(row.Name);
-        L logic(Split(row.Tokens), Ports({QString::fromUtf8(row.Port)}));
+    for (const auto& [name, tokens, port, mode, values, bits, wrong, saved] : rows) {
+        SCOPED_TRACE(name);
+        L logic(Split(tokens), Ports({QString::fromUtf8(port)}));
         logic.Port = 0;
-        logic.Mode = row.Mode;
-        const QStringList typed = Split(row.Values);
+        logic.Mode = mode;
         for (int i = 0; i < L::kValueFields; ++i)
-            logic.Values[i] = typed.value(i);
-        logic.BitCount = row.BitCount;
-        EXPECT_EQ(logic.WrongField(), row.Wrong);
-        EXPECT_EQ(Saved(logic), row.Saved);
+            logic.Values[i] = Split(values).value(i);
+        logic.BitCount = bits;
+        EXPECT_EQ(logic.WrongField(), wrong);
+        EXPECT_EQ(Saved(logic), saved);
     }
 }
 
@@ -153,15 +129,8 @@ TEST(SerialInDialogLogic, OpensWithModeValuesPortAndName)
 TEST(PulseDialogLogic, OpensWithPortAndStepsAndWritesTheLevels)
 {
     using L = CPulseDialogLogic;
-    const struct
-    {
-        const char* Name;
-        const char* Tokens;
-        const char* Ports;
-        int Port;
-        L::ESteps Steps;
-        const char* Saved;
-    } rows[] = {
+    // name, tokens, ports, port, steps, saved
+    const std::tuple<CText, CText, CText, int, L::ESteps, CText> rows[] = {
         {"FiveSteps", "PULS,H,PB2,100,75,50,25,0", "PB1,PB2,PB3", 1, L::FiveSteps,
          "PULS,H,PB2,100,75,50,25,0"},
         {"ThreeStepsWithName", "PULS,H,PB3,100,50,0,;Fan", "PB1,PB2,PB3", 2, L::ThreeSteps,
@@ -171,12 +140,11 @@ TEST(PulseDialogLogic, OpensWithPortAndStepsAndWritesTheLevels)
          "PULS,H,PB1,100,50,0"},
         {"PortNotInTheList", "PULS,H,PX,100,50,0", "PB1,PB2,PB3", -1, L::ThreeSteps, ""},
     };
-    for (const auto& row : rows) {
-        SCOPED_TRACE(row.Name);
-        const L logic(Split(row.Tokens), Ports(Split(row.Ports)));
-        EXPECT_EQ(logic.Port, row.Port);
-        EXPECT_EQ(logic.Steps, row.Steps);
-        EXPECT_EQ(Saved(logic), row.Saved);
+    for (const auto& [name, tokens, ports, port, steps, saved] : rows) {
+        const L logic(Split(tokens), Ports(Split(ports)));
+        EXPECT_EQ(logic.Port, port) << name;
+        EXPECT_EQ(logic.Steps, steps) << name;
+        EXPECT_EQ(Saved(logic), saved) << name;
     }
     L logic(Split("PULS,H,PB2,100,75,50,25,0"), Ports({"PB1", "PB2"}));
     logic.Steps = L::ThreeSteps;
@@ -186,16 +154,8 @@ TEST(PulseDialogLogic, OpensWithPortAndStepsAndWritesTheLevels)
 
 TEST(PwmDialogLogic, TakesFrequencyInTheBoardsRangeAndDutiesDescending)
 {
-    const struct
-    {
-        const char* Name;
-        const char* Frequency;
-        const char* Duties;
-        int Low;
-        int High;
-        int Wrong;
-        const char* Saved;
-    } rows[] = {
+    // name, frequency, duties, the board's lowest and highest (0: the defaults), wrong, saved
+    const std::tuple<CText, CText, CText, int, int, int, CText> rows[] = {
         {"DutiesDescendingWithoutRepeats", "500", "50,100,50,0", 0, 0, -1, "PWM,500Hz,100,50,0"},
         {"DutyAboveHundred", "500", "50,101", 0, 0, 1, ""},
         {"FrequencyBelowDefaultLowest", "9", "50", 0, 0, -1, ""},
@@ -208,15 +168,13 @@ TEST(PwmDialogLogic, TakesFrequencyInTheBoardsRangeAndDutiesDescending)
         {"EmptyFrequency", "", "25", 0, 0, -1, ""},
         {"NoDuty", "100", "", 0, 0, -1, ""},
     };
-    for (const auto& row : rows) {
-        SCOPED_TRACE(row.Name);
-        CPwmDialogLogic logic({"PWM"}, Ports({"PB1"}), row.Low, row.High);
-        logic.Frequency = QString::fromUtf8(row.Frequency);
-        const QStringList typed = Split(row.Duties);
+    for (const auto& [name, frequency, duties, low, high, wrong, saved] : rows) {
+        CPwmDialogLogic logic({"PWM"}, Ports({"PB1"}), low, high);
+        logic.Frequency = QString::fromUtf8(frequency);
         for (int i = 0; i < CPwmDialogLogic::kDutyFields; ++i)
-            logic.Duties[i] = typed.value(i);
-        EXPECT_EQ(logic.WrongField(), row.Wrong);
-        EXPECT_EQ(Saved(logic), row.Saved);
+            logic.Duties[i] = Split(duties).value(i);
+        EXPECT_EQ(logic.WrongField(), wrong) << name;
+        EXPECT_EQ(Saved(logic), saved) << name;
     }
     const CPwmDialogLogic opened(Split("PWM,1000Hz,80,20,80"), Ports({"PB1", "PB2"}));
     EXPECT_EQ(opened.Frequency, "1000");
@@ -228,37 +186,24 @@ TEST(PwmDialogLogic, TakesFrequencyInTheBoardsRangeAndDutiesDescending)
 
 TEST(WebInAndLcdDialogLogic, OpenAndSave)
 {
-    const struct
-    {
-        const char* Name;
-        const char* Tokens;
-        int BitCount;
-        const char* TypedName; // nullptr keeps the name opened
-        const char* Saved;
-    } webRows[] = {
+    // name, tokens, bit count, name typed (nullptr: none), saved
+    const std::tuple<CText, CText, int, CText, CText> webRows[] = {
         {"EmptyNameStoresLoneSemicolon", "WEBIN,8", 7, nullptr, "WEBIN,8,;"},
         {"NameIsKept", "WEBIN,10,;Gate", 9, nullptr, "WEBIN,10,;Gate"},
         {"ClearedName", "WEBIN,2,;Gate", 1, "", "WEBIN,2,;"},
         {"NoCountSelectsNothing", "WEBIN", -1, nullptr, ""},
         {"CountAboveTenSelectsNothing", "WEBIN,11", -1, nullptr, ""},
     };
-    for (const auto& row : webRows) {
-        CWebInDialogLogic logic(Split(row.Tokens));
-        EXPECT_EQ(logic.BitCount, row.BitCount) << row.Name;
-        if (row.TypedName)
-            logic.Name = QString::fromUtf8(row.TypedName);
-        EXPECT_EQ(Saved(logic), row.Saved) << row.Name;
+    for (const auto& [name, tokens, bits, typed, saved] : webRows) {
+        CWebInDialogLogic logic(Split(tokens));
+        EXPECT_EQ(logic.BitCount, bits) << name;
+        if (typed)
+            logic.Name = QString::fromUtf8(typed);
+        EXPECT_EQ(Saved(logic), saved) << name;
     }
     using L = CLcdDialogLogic;
-    const struct
-    {
-        const char* Name;
-        const char* Tokens;
-        L::EMode Opened;
-        const char* OpenedText;
-        L::EMode Chosen;
-        const char* Saved;
-    } lcdRows[] = {
+    // name, tokens, mode and text opened, mode chosen, saved
+    const std::tuple<CText, CText, L::EMode, CText, L::EMode, CText> lcdRows[] = {
         {"ClearStoresTwoQuotes", "LCD,1,\"Hi\"", L::Above, "Hi", L::Clear, "LCD,0,\"\""},
         {"BelowWrapsTheText", "LCD,1,\"Hi\"", L::Above, "Hi", L::Below, "LCD,2,\"Hi\""},
         {"OwnQuotesStayInside", "LCD,2,\"\"a\"\"", L::Below, "\"a\"", L::Below,
@@ -266,14 +211,14 @@ TEST(WebInAndLcdDialogLogic, OpenAndSave)
         {"UnknownModeChecksNothing", "LCD,3,\"x\"", L::NoMode, "x", L::NoMode, ""},
         {"ClearLineOpensEmptyAndNeedsText", "LCD,0,\"\"", L::Clear, "", L::Above, ""},
     };
-    for (const auto& row : lcdRows) {
-        SCOPED_TRACE(row.Name);
-        L logic(Split(row.Tokens));
-        EXPECT_EQ(logic.Mode, row.Opened);
-        EXPECT_EQ(logic.Text, QString::fromUtf8(row.OpenedText));
-        logic.Mode = row.Chosen;
-        EXPECT_EQ(logic.IsTextEnabled(), row.Chosen != L::Clear);
-        EXPECT_EQ(Saved(logic), row.Saved);
+    for (const auto& [name, tokens, opened, text, chosen, saved] : lcdRows) {
+        SCOPED_TRACE(name);
+        L logic(Split(tokens));
+        EXPECT_EQ(logic.Mode, opened);
+        EXPECT_EQ(logic.Text, QString::fromUtf8(text));
+        logic.Mode = chosen;
+        EXPECT_EQ(logic.IsTextEnabled(), chosen != L::Clear);
+        EXPECT_EQ(Saved(logic), saved);
     }
 }
 
@@ -424,98 +369,57 @@ TEST(NumericFields, AreWrittenAsPlainNumbers)
     EXPECT_EQ(Saved(jump), "JPO,9,R");
 }
 
-// Every name and text a dialog takes: set through the dialog, written as a line, read back
-// through the factory and the dialog again.
-struct TextField
-{
-    const char* Name;
-    bool Quoted; // the LCD's text is written between quotes, so its blanks are kept
-    std::function<QStringList(const QString&)> Write; // the tokens, empty while OK is off
-    std::function<QString(const CPanel&)> Read;
-};
-
+// A name or text typed into a dialog, written as a line and read back through the factory
+// and the dialog again: what comes back, or "refused" while OK is off.
 template <class Logic>
-QStringList OkTokens(const Logic& logic)
+QString RoundTrip(const char* tokens, const QString& text)
 {
-    return logic.IsOkEnabled() ? logic.Tokens() : QStringList();
-}
-
-template <class Logic>
-TextField Named(const char* keyword, const char* tokens)
-{
-    return {keyword, false,
-            [tokens](const QString& text) {
-                Logic logic(Split(tokens), kOnePort);
-                logic.Name = text;
-                return OkTokens(logic);
-            },
-            [](const CPanel& panel) { return Logic(panel.GetTokens(), kOnePort).Name; }};
-}
-
-const QList<TextField>& TextFields()
-{
-    const auto digital = [](const char* keyword) {
-        return TextField{keyword, false,
-                         [keyword](const QString& text) {
-                             CSwitchDialogLogic logic(Split(keyword) + Split("H,PB1(RxD6)"),
-                                                      kOnePort);
-                             logic.SetName(text);
-                             return OkTokens(logic);
-                         },
-                         [](const CPanel& panel) {
-                             return CSwitchDialogLogic(panel.GetTokens(), kOnePort,
-                                                       panel.GetLineComment())
-                                 .GetName();
-                         }};
+    const auto open = [](const QStringList& line) {
+        if constexpr (std::is_constructible_v<Logic, QStringList, CPortList>)
+            return Logic(line, kOnePort);
+        else
+            return Logic(line);
     };
-    static const QList<TextField> fields = {
-        digital("KEY"),
-        digital("LAMP"),
-        Named<CSerialInDialogLogic>("UARI", "UARI,C,5"),
-        Named<CPulseDialogLogic>("PULS", "PULS,H,PB1(RxD6),100,50,0"),
-        {"WEBIN", false,
-         [](const QString& text) {
-             CWebInDialogLogic logic(Split("WEBIN,8"));
-             logic.Name = text;
-             return OkTokens(logic);
-         },
-         [](const CPanel& panel) { return CWebInDialogLogic(panel.GetTokens()).Name; }},
-        {"LCD", true,
-         [](const QString& text) {
-             CLcdDialogLogic logic(Split("LCD,1,\"x\""));
-             logic.Text = text;
-             return OkTokens(logic);
-         },
-         [](const CPanel& panel) { return CLcdDialogLogic(panel.GetTokens()).Text; }},
+    const auto field = [](auto& logic) -> QString& {
+        if constexpr (std::is_same_v<Logic, CLcdDialogLogic>)
+            return logic.Text;
+        else
+            return logic.Name;
     };
-    return fields;
+    Logic logic = open(Split(tokens));
+    if constexpr (std::is_same_v<Logic, CSwitchDialogLogic>)
+        logic.SetName(text);
+    else
+        field(logic) = text;
+    if (!logic.IsOkEnabled())
+        return QStringLiteral("refused");
+    Logic read = open(MakePanel(CPanel::JoinLine(logic.Tokens()), {"PB1(RxD6)"})->GetTokens());
+    if constexpr (std::is_same_v<Logic, CSwitchDialogLogic>)
+        return read.GetName();
+    else
+        return field(read);
 }
 
 TEST(TextFields, ComeBackExactlyOrAreRefused)
 {
-    const struct
-    {
-        const char* Text;
-        bool Name;   // accepted as a name
-        bool Quoted; // accepted as the LCD's text
-    } rows[] = {
+    // text, accepted as a name, accepted as the LCD's text (between quotes: blanks are kept)
+    const std::tuple<CText, bool, bool> rows[] = {
         {"Hi there", true, true}, {"Hi, there", false, false}, {"a,b", false, false},
         {"a\tb", false, false},   {"a\r\nb", false, false},    {"a\nb", false, false},
         {"a;b", true, true},      {";a", true, true},          {" lead", true, true},
         {"trail ", false, true},  {"\"q\"", true, true},       {"\u540d\u524d", true, true},
     };
-    for (const TextField& field : TextFields())
-        for (const auto& row : rows) {
-            const QString text = QString::fromUtf8(row.Text);
-            SCOPED_TRACE(std::string(field.Name) + " \"" + row.Text + "\"");
-            const QStringList tokens = field.Write(text);
-            EXPECT_EQ(!tokens.isEmpty(), field.Quoted ? row.Quoted : row.Name);
-            if (tokens.isEmpty())
-                continue;
-            const auto panel = MakePanel(CPanel::JoinLine(tokens), {"PB1(RxD6)"});
-            ASSERT_TRUE(panel);
-            EXPECT_EQ(field.Read(*panel), text);
-        }
+    for (const auto& [typed, name, quoted] : rows) {
+        const QString text = QString::fromUtf8(typed);
+        const QString named = name ? text : QStringLiteral("refused");
+        EXPECT_EQ(RoundTrip<CSwitchDialogLogic>("KEY,H,PB1(RxD6)", text), named) << typed;
+        EXPECT_EQ(RoundTrip<CSwitchDialogLogic>("LAMP,H,PB1(RxD6)", text), named) << typed;
+        EXPECT_EQ(RoundTrip<CSerialInDialogLogic>("UARI,C,5", text), named) << typed;
+        EXPECT_EQ(RoundTrip<CPulseDialogLogic>("PULS,H,PB1(RxD6),100,50,0", text), named) << typed;
+        EXPECT_EQ(RoundTrip<CWebInDialogLogic>("WEBIN,8", text), named) << typed;
+        EXPECT_EQ(RoundTrip<CLcdDialogLogic>("LCD,1,\"x\"", text), quoted ? text : "refused")
+            << typed;
+    }
 }
 
 } // namespace

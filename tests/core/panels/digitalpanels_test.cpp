@@ -1,5 +1,5 @@
 // Switch, lamp and analog input panels.
-#include "core/panels/paneltest.h"
+#include "core/panels/panelfacts.h"
 
 TEST(DigitalPanels, ShowTheirLine)
 {

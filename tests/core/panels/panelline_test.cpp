@@ -1,5 +1,5 @@
 // The definition line and the operations every panel inherits.
-#include "core/panels/paneltest.h"
+#include "core/panels/panelfacts.h"
 #include "panelvalues.h"
 
 TEST(PanelLine, ReadFormSplitsTrimsAndDropsEmptyTokens)

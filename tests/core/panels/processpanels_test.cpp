@@ -1,7 +1,7 @@
 // Panels of the process area: counter, delay, flip-flops, jumps, gates, timer, wires,
 // segment decoders, the serial bit and the stepping motor.
 #include "logicpanel.h"
-#include "core/panels/paneltest.h"
+#include "core/panels/panelfacts.h"
 
 TEST(ProcessPanels, ShowTheirLine)
 {

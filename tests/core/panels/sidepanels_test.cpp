@@ -1,6 +1,6 @@
 // Panels of the input and output columns: buzzer, seven-segment LED, serial receive and
 // send, pulse, PWM, network in and out, LCD and the motor driver.
-#include "core/panels/paneltest.h"
+#include "core/panels/panelfacts.h"
 
 TEST(SidePanels, ShowTheirLine)
 {
