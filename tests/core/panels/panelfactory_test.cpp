@@ -10,16 +10,13 @@
 #include "sevensegpanel.h"
 #include "switchpanel.h"
 
+#include <tuple>
 #include <typeinfo>
 
 TEST(PanelFactory, EveryKeywordMakesItsFamilyInTableOrder)
 {
-    const struct
-    {
-        const char* Keyword;
-        const char* Family; // the class name without its C and Panel
-        int Area;
-    } rows[] = {
+    // keyword, the class name without its C and Panel, area
+    const std::tuple<const char*, const char*, int> rows[] = {
         {"KEY", "Switch", 1}, {"SW", "Switch", 1}, {"ANI", "Analog", 1}, {"DGI", "Switch", 1},
         {"UARI", "SerialIn", 1}, {"UARI0", "SerialIn", 1}, {"DGO", "Lamp", 2},
         {"BUZZ", "Buzzer", 2}, {"LAMP", "Lamp", 2}, {"PWM", "Pwm", 2}, {"UARO", "SerialOut", 2},
@@ -37,14 +34,14 @@ TEST(PanelFactory, EveryKeywordMakesItsFamilyInTableOrder)
         {"SMOTO", "StepMotorOut", 2},
     };
     QStringList order;
-    for (const auto& row : rows) {
-        order << row.Keyword;
-        const auto panel = CPanelFactory::Create(QString::fromLatin1(row.Keyword) + "\tX");
-        ASSERT_TRUE(panel) << row.Keyword;
+    for (const auto& [keyword, family, area] : rows) {
+        order << keyword;
+        const auto panel = CPanelFactory::Create(QString::fromLatin1(keyword) + "\tX");
+        ASSERT_TRUE(panel) << keyword;
         // Both mangled and plain type names end in the class name.
-        EXPECT_TRUE(QByteArray(typeid(*panel).name()).endsWith("C" + QByteArray(row.Family) + "Panel"))
-            << row.Keyword << " made " << typeid(*panel).name();
-        EXPECT_EQ(panel->GetArea(), row.Area) << row.Keyword;
+        const QByteArray type = typeid(*panel).name();
+        EXPECT_TRUE(type.endsWith("C" + QByteArray(family) + "Panel")) << keyword << type.data();
+        EXPECT_EQ(panel->GetArea(), area) << keyword;
     }
     EXPECT_EQ(CPanelFactory::Keywords(), order);
 }

@@ -97,31 +97,28 @@ inline QString Fact(CPanel& panel, const QString& key, const QString& value)
     return items.join(u',');
 }
 
-// A panel made from Line with the board's Ports, then Facts ("key=value|key=value") checked
-// and carried out in their order.
-struct CPanelCase
+// Checks and carries out facts ("key=value|key=value") in their order.
+inline void ExpectFacts(CPanel& panel, const char* facts)
 {
-    const char* Name;
-    const char* Line;
-    const char* Ports;
-    const char* Facts;
-};
+    for (const QString& fact : QString::fromUtf8(facts).split(u'|', Qt::SkipEmptyParts)) {
+        const QString key = fact.section(u'=', 0, 0);
+        const QString value = fact.section(u'=', 1);
+        EXPECT_EQ(Fact(panel, key, value), value) << key.toStdString();
+    }
+}
 
-inline void CheckPanels(std::initializer_list<CPanelCase> rows)
+// Rows of name, line, the board's ports ("PD2:D2" for a port the board labels D2) and the
+// facts of the panel made from them.
+inline void CheckPanels(std::initializer_list<std::tuple<CText, CText, CText, CText>> rows)
 {
-    for (const CPanelCase& row : rows) {
-        SCOPED_TRACE(row.Name);
-        // A port "PD2:D2" is one the board labels D2.
-        const auto panel = CPanelFactory::Create(QString::fromUtf8(row.Line));
+    for (const auto& [name, line, ports, facts] : rows) {
+        SCOPED_TRACE(name);
+        const auto panel = CPanelFactory::Create(QString::fromUtf8(line));
         ASSERT_TRUE(panel);
-        for (const QString& port : Split(row.Ports))
+        for (const QString& port : Split(ports))
             panel->PortList().Add({port, port.section(u':', 0, 0), port.section(u':', 1)});
-        panel->SetLine(QString::fromUtf8(row.Line));
-        for (const QString& fact : QString::fromUtf8(row.Facts).split(u'|')) {
-            const QString key = fact.section(u'=', 0, 0);
-            const QString value = fact.section(u'=', 1);
-            EXPECT_EQ(Fact(*panel, key, value), value) << key.toStdString();
-        }
+        panel->SetLine(QString::fromUtf8(line));
+        ExpectFacts(*panel, facts);
     }
 }
 

@@ -4,11 +4,7 @@
 
 TEST(PanelLine, ReadFormSplitsTrimsAndDropsEmptyTokens)
 {
-    const struct
-    {
-        const char* Line;
-        QStringList Tokens;
-    } rows[] = {
+    const std::pair<CText, QStringList> rows[] = {
         {"LAMP" TAB "H, P10 ," TAB ";main", {"LAMP", "H", "P10", ";main"}},
         {"CNT" TAB "H,,5", {"CNT", "H", "5"}},
         // the keyword ends at a blank, later tokens do not
@@ -19,19 +15,15 @@ TEST(PanelLine, ReadFormSplitsTrimsAndDropsEmptyTokens)
         {"", {}},
         {" , " TAB, {}},
     };
-    for (const auto& row : rows)
-        EXPECT_EQ(CPanel::SplitLine(QString::fromUtf8(row.Line)), row.Tokens) << row.Line;
+    for (const auto& [line, tokens] : rows)
+        EXPECT_EQ(CPanel::SplitLine(QString::fromUtf8(line)), tokens) << line;
     // The line ends at a NUL, as its keyword does.
     EXPECT_EQ(CPanel::SplitLine(QString::fromUtf16(u"JPO\0\t5,D", 8)), QStringList{"JPO"});
 }
 
 TEST(PanelLine, WrittenFormPadsTheKeywordAndPutsTheCommentLast)
 {
-    const struct
-    {
-        const char* Tokens;
-        const char* Line;
-    } rows[] = {
+    const std::pair<CText, CText> rows[] = {
         {"LAMP,H,P10,;main", "LAMP" TAB "H,P10" TAB TAB ";main"},
         {"KEY,H,P00,;start", "KEY " TAB "H,P00" TAB TAB ";start"},
         {"SW", "SW  "},
@@ -41,8 +33,8 @@ TEST(PanelLine, WrittenFormPadsTheKeywordAndPutsTheCommentLast)
         {"SMOTO,1,500", "SMOTO" TAB "1,500"},
         {"", ""},
     };
-    for (const auto& row : rows)
-        EXPECT_EQ(CPanel::JoinLine(Split(row.Tokens)), QString::fromUtf8(row.Line));
+    for (const auto& [tokens, line] : rows)
+        EXPECT_EQ(CPanel::JoinLine(Split(tokens)), QString::fromUtf8(line)) << tokens;
 }
 
 TEST(PanelLine, EveryPanelKeepsTextCommentPortAndCompleteness)
@@ -86,21 +78,17 @@ TEST(PanelLine, CopyFromTakesWhatTheLineDoesNotCarry)
 
 TEST(PanelValues, ReadNumbersLenientlyAndSortDistinctValues)
 {
-    const struct
-    {
-        const char* Text;
-        int Value;
-    } ints[] = {{"8000MHz", 8000}, {"  -12x", -12}, {"+7", 7},
+    const std::pair<CText, int> ints[] = {{"8000MHz", 8000}, {"  -12x", -12}, {"+7", 7},
                 {"abc", 0},        {"", 0},         {"99999999999", INT_MAX}};
-    for (const auto& row : ints)
-        EXPECT_EQ(LeadingInt(row.Text), row.Value) << row.Text;
-    const struct
-    {
-        QStringList Values;
-        const char* Sorted;
-    } lists[] = {{{"10", "300", "10", "5"}, "300,10,5"}, {{"5", "5", "0"}, "5,0"},
-                 {{"", " ", "1"}, "1"},                  {{}, ""}};
-    for (const auto& row : lists)
-        EXPECT_EQ(DescendingDistinct(row.Values), Split(row.Sorted)) << row.Sorted;
+    for (const auto& [text, value] : ints)
+        EXPECT_EQ(LeadingInt(text), value) << text;
+    const std::pair<QStringList, CText> lists[] = {
+        {{"10", "300", "10", "5"}, "300,10,5"},
+        {{"5", "5", "0"}, "5,0"},
+        {{"", " ", "1"}, "1"},
+        {{}, ""},
+    };
+    for (const auto& [values, sorted] : lists)
+        EXPECT_EQ(DescendingDistinct(values), Split(sorted)) << sorted;
     EXPECT_EQ(SecondsText(90, 5), "90.05");
 }
