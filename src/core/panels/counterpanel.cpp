@@ -34,7 +34,6 @@ int CCounterPanel::GetMode() const
 
 bool CCounterPanel::MakeImage(CPanelImage& image)
 {
-    m_imageWidth = m_imageHeight = 32;
     image.Reset(32, 32);
     if (m_itemCount < 1)
         return false;

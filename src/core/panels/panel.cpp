@@ -38,11 +38,6 @@ QString CPanel::GetCaption() const
     return m_caption;
 }
 
-QSize CPanel::GetImageSize() const
-{
-    return QSize(m_imageWidth, m_imageHeight);
-}
-
 QString CPanel::GetPortName(int i) const
 {
     const QString token = Token(i + 2);
@@ -88,7 +83,6 @@ bool CPanel::IsIncomplete() const
 bool CPanel::MakeImage(CPanelImage& image)
 {
     if (m_area == AreaProcess) {
-        m_imageWidth = m_imageHeight = 32;
         image.Reset(32, 32);
         image.Add(m_bitmapId, QString(), GetPortName(0), GetComment(0));
         return true;
@@ -101,8 +95,6 @@ bool CPanel::MakeImage(CPanelImage& image)
     const int single = input ? 10070 : 10079, top = input ? 10071 : 10080,
               middle = input ? 10072 : 10081, bottom = input ? 10073 : 10082,
               fallback = input ? 218 : 219;
-    m_imageWidth = 64;
-    m_imageHeight = 32;
     image.Reset(64, 32);
     if (m_itemCount < 0) {
         m_itemCount = 1;

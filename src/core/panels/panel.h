@@ -3,7 +3,6 @@
 #include "panelimage.h"
 #include "portlist.h"
 
-#include <QSize>
 #include <QString>
 #include <QStringList>
 
@@ -65,7 +64,6 @@ public:
     enum EArea { AreaNone = 0, AreaInput = 1, AreaOutput = 2, AreaProcess = 3 };
 
     virtual QString GetCaption() const;
-    virtual QSize GetImageSize() const;
     virtual QString GetPortName(int i) const;
     virtual QString GetComment(int i) const;
     // The Rotate command: a panel that can turn changes its orientation and answers true;
@@ -164,8 +162,6 @@ protected:
     int m_weight = 10;
     QString m_caption;
     mutable bool m_captionStale = true;
-    int m_imageWidth = 0;
-    int m_imageHeight = 0;
     QString m_name;
     QString m_comment;
     QString m_sides;

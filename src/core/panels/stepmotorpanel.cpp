@@ -17,7 +17,6 @@ CStepMotorPanel::CStepMotorPanel(const QString& line)
 
 bool CStepMotorPanel::MakeImage(CPanelImage& image)
 {
-    m_imageWidth = m_imageHeight = 32;
     image.Reset(32, 32);
     for (int id = 245; id <= 248; ++id)
         image.Add(id, QString(), QString(), QString());

@@ -1,6 +1,9 @@
+// What the motor, serial, pulse, PWM, network and LCD dialogs open with, when they enable
+// OK and the tokens they give; and the rules every numeric and text field shares.
 #include "counterdialoglogic.h"
 #include "lcddialoglogic.h"
 #include "numberdialoglogic.h"
+#include "core/panels/panelfacts.h"
 #include "pulsedialoglogic.h"
 #include "pwmdialoglogic.h"
 #include "serialindialoglogic.h"
@@ -10,508 +13,268 @@
 #include "switchdialoglogic.h"
 #include "timedialoglogic.h"
 #include "webindialoglogic.h"
-#include "core/panels/paneltest.h"
-#include "stringtable.h"
-
-#include <gtest/gtest.h>
-
-#include <functional>
-#include <map>
 
 namespace {
 
-CPortList Ports(const QStringList& names)
+const CPortList kOnePort = Ports({"PB1(RxD6)"});
+
+TEST(StepMotorDialogLogic, OpensOnTheListedSpeedsOnly)
 {
-    CPortList list;
-    for (const QString& name : names)
-        list.Add({name, name, QString()});
-    return list;
-}
-
-QStringList Split(const char* csv)
-{
-    return QString::fromUtf8(csv).split(u',');
-}
-
-// --- Stepping Mortor Setting -------------------------------------------------------------
-
-struct StepMotorCase
-{
-    const char* Name;
-    const char* Tokens;
-    int Mode;
-    int Speed;
-    const char* Saved; // "" when OK stays disabled
-};
-
-class StepMotorDialog : public testing::TestWithParam<StepMotorCase>
-{
-};
-
-TEST_P(StepMotorDialog, OpensAndSaves)
-{
-    const StepMotorCase& c = GetParam();
-    const CStepMotorDialogLogic logic(Split(c.Tokens));
-    EXPECT_EQ(logic.Mode, c.Mode);
-    EXPECT_EQ(logic.Speed, c.Speed);
-    EXPECT_EQ(logic.IsOkEnabled(), *c.Saved != 0);
-    EXPECT_EQ(logic.Tokens().join(u','), QString::fromUtf8(c.Saved));
-}
-
-INSTANTIATE_TEST_SUITE_P(
-    Cases, StepMotorDialog,
-    testing::Values(StepMotorCase{"TwoPhaseTwenty", "SMOT,2,20", 1, 1, "SMOT,2,20"},
-                    StepMotorCase{"SlowestSpeed", "SMOT,1,100", 0, 5, "SMOT,1,100"},
-                    StepMotorCase{"SpeedOffTheListOpensWithNoSpeed", "SMOT,1,25", 0, -1, ""},
-                    StepMotorCase{"UnknownModeOpensWithNoMode", "SMOT,3,20", -1, 1, ""},
-                    StepMotorCase{"BareKeywordSelectsNothing", "SMOT", -1, -1, ""}),
-    [](const auto& info) { return std::string(info.param.Name); });
-
-TEST(StepMotorDialogChoice, ChoosingTheMissingSpeedEnablesOk)
-{
+    // name, tokens, mode, speed, saved
+    const std::tuple<CText, CText, int, int, CText> rows[] = {
+        {"TwoPhaseTwenty", "SMOT,2,20", 1, 1, "SMOT,2,20"},
+        {"SlowestSpeed", "SMOT,1,100", 0, 5, "SMOT,1,100"},
+        {"SpeedOffTheListOpensWithNoSpeed", "SMOT,1,25", 0, -1, ""},
+        {"UnknownModeOpensWithNoMode", "SMOT,3,20", -1, 1, ""},
+        {"BareKeywordSelectsNothing", "SMOT", -1, -1, ""},
+    };
+    for (const auto& [name, tokens, mode, speed, saved] : rows) {
+        const CStepMotorDialogLogic logic(Split(tokens));
+        EXPECT_EQ(logic.Mode, mode) << name;
+        EXPECT_EQ(logic.Speed, speed) << name;
+        EXPECT_EQ(Saved(logic), saved) << name;
+    }
     CStepMotorDialogLogic logic(Split("SMOT,1,25"));
     logic.Speed = 4;
-    EXPECT_EQ(logic.Tokens(), Split("SMOT,1,50"));
+    EXPECT_EQ(Saved(logic), "SMOT,1,50");
 }
 
-// --- Stepping Motor Setting ----------------------------------------------------------------
-
-struct StepMotorOutCase
+TEST(StepMotorOutDialogLogic, TakesASuggestedOrTypedSpeed)
 {
-    const char* Name;
-    const char* Tokens;
-    const char* Typed; // nullptr keeps the opened speed text
-    int Speed;         // selected suggestion after opening
-    const char* Saved;
-};
-
-class StepMotorOutDialog : public testing::TestWithParam<StepMotorOutCase>
-{
-};
-
-TEST_P(StepMotorOutDialog, SpeedTextRules)
-{
-    const StepMotorOutCase& c = GetParam();
-    CStepMotorOutDialogLogic logic(Split(c.Tokens), Ports({"PB1"}));
-    EXPECT_EQ(logic.Speed, c.Speed);
-    if (c.Typed) {
-        logic.SpeedText = QString::fromUtf8(c.Typed);
-        logic.Speed = -1;
+    // name, tokens, speed typed (nullptr: none), suggestion selected on opening, saved
+    const std::tuple<CText, CText, CText, int, CText> rows[] = {
+        {"SuggestionIsSelected", "SMOTO,1,100", nullptr, 2, "SMOTO,1,100"},
+        {"OtherSpeedIsAddedAndSelected", "SMOTO,2,250", nullptr, 8, "SMOTO,2,250"},
+        {"BelowTwentySelectsNothing", "SMOTO,2,19", nullptr, -1, ""},
+        {"TypedLowestSpeed", "SMOTO,2", "20", -1, "SMOTO,2,20"},
+        {"TypedBelowLowest", "SMOTO,2", "19", -1, ""},
+        {"TypedHighestKeepsItsBlanksOff", "SMOTO,1", " 30000 ", -1, "SMOTO,1,30000"},
+        {"EmptyWithoutSuggestion", "SMOTO,1", "", -1, ""},
+        {"UnknownMode", "SMOTO,3,100", nullptr, 2, ""},
+    };
+    for (const auto& [name, tokens, typed, speed, saved] : rows) {
+        CStepMotorOutDialogLogic logic(Split(tokens), Ports({"PB1"}));
+        EXPECT_EQ(logic.Speed, speed) << name;
+        if (typed) {
+            logic.SpeedText = QString::fromUtf8(typed);
+            logic.Speed = -1;
+        }
+        EXPECT_EQ(Saved(logic), saved) << name;
     }
-    EXPECT_EQ(logic.IsOkEnabled(), *c.Saved != 0);
-    EXPECT_EQ(logic.Tokens().join(u','), QString::fromUtf8(c.Saved));
-}
-
-INSTANTIATE_TEST_SUITE_P(
-    Cases, StepMotorOutDialog,
-    testing::Values(StepMotorOutCase{"SuggestionIsSelected", "SMOTO,1,100", nullptr, 2, "SMOTO,1,100"},
-                    StepMotorOutCase{"OtherSpeedIsAddedAndSelected", "SMOTO,2,250", nullptr, 8,
-                                     "SMOTO,2,250"},
-                    StepMotorOutCase{"BelowTwentySelectsNothing", "SMOTO,2,19", nullptr, -1, ""},
-                    StepMotorOutCase{"TypedLowestSpeed", "SMOTO,2", "20", -1, "SMOTO,2,20"},
-                    StepMotorOutCase{"TypedBelowLowest", "SMOTO,2", "19", -1, ""},
-                    StepMotorOutCase{"TypedHighestKeepsItsBlanksOff", "SMOTO,1", " 30000 ", -1,
-                                     "SMOTO,1,30000"},
-                    StepMotorOutCase{"TypedAboveHighest", "SMOTO,1", "30001", -1, ""},
-                    StepMotorOutCase{"EmptyWithoutSuggestion", "SMOTO,1", "", -1, ""},
-                    StepMotorOutCase{"UnknownMode", "SMOTO,3,100", nullptr, 2, ""}),
-    [](const auto& info) { return std::string(info.param.Name); });
-
-TEST(StepMotorOutDialogPorts, SeveralPortsNeedAChoice)
-{
     CStepMotorOutDialogLogic logic(Split("SMOTO,1,100"), Ports({"PB1", "PB2"}));
-    EXPECT_EQ(logic.Port, -1);
-    EXPECT_FALSE(logic.IsOkEnabled());
+    EXPECT_EQ(Saved(logic), ""); // several ports need a choice
     logic.Port = 1;
-    EXPECT_TRUE(logic.IsOkEnabled());
+    EXPECT_EQ(Saved(logic), "SMOTO,1,100");
 }
 
-TEST(StepMotorOutDialogModes, ModeOneReadsOneTwoPhase)
+TEST(SerialInDialogLogic, WritesItsModeValuesAndKeyword)
 {
-    CStringTable::SetLanguage(ELanguage::English);
-    EXPECT_EQ(CStepMotorOutDialogLogic::ModeTexts().value(0), "1-2 phase excitation");
-    EXPECT_EQ(CStepMotorDialogLogic::ModeTexts().value(0), "1 phase excitation");
-}
-
-// --- UART Setting (receive) -------------------------------------------------------------
-
-struct SerialInCase
-{
-    const char* Name;
-    const char* Tokens;
-    const char* Port;
-    CSerialInDialogLogic::EMode Mode;
-    const char* Values; // typed into the first fields
-    int BitCount;
-    int OutOfRange;
-    const char* Saved;
-};
-
-class SerialInDialog : public testing::TestWithParam<SerialInCase>
-{
-};
-
-TEST_P(SerialInDialog, Saves)
-{
-    const SerialInCase& c = GetParam();
-    CSerialInDialogLogic logic(Split(c.Tokens), Ports({QString::fromUtf8(c.Port)}));
-    logic.Port = 0;
-    logic.Mode = c.Mode;
-    if (*c.Values) {
-        const QStringList typed = Split(c.Values);
-        for (int i = 0; i < CSerialInDialogLogic::kValueFields; ++i)
-            logic.Values[i] = typed.value(i);
+    using L = CSerialInDialogLogic;
+    // name, tokens, the one port, mode, values typed, bit count, saved
+    const std::tuple<CText, CText, CText, L::EMode, CText, int, CText> rows[] = {
+        {"CompareDescendingWithoutRepeats", "UARI", "PD0(RxD6)", L::Compare, "5,200,5,17", -1,
+         "UARI,C,200,17,5"},
+        {"EmptyFieldBesideValueIsAllowed", "UARI", "RxD6", L::Compare, ",7", -1, "UARI,C,7"},
+        {"NoValueKeepsOkOff", "UARI", "RxD6", L::Compare, "", -1, ""},
+        {"RxD0PortSavesUari0", "UARI", "PD0(RxD0)", L::Compare, "1", -1, "UARI0,C,1"},
+        {"BothPinsSaveUari", "UARI0", "RxD0/RxD6", L::Compare, "1", -1, "UARI,C,1"},
+        {"BitModeSavesTheCount", "UARI", "RxD6", L::Bit, "", 2, "UARI,B,3"},
+        {"BitModeWithoutCount", "UARI", "RxD6", L::Bit, "", -1, ""},
+        {"NoModeKeepsOkOff", "UARI", "RxD6", L::NoMode, "1", -1, ""},
+        {"NameIsTheLastToken", "UARI,C,1,;Door", "RxD6", L::Compare, "9", -1,
+         "UARI,C,9,;Door"},
+    };
+    for (const auto& [name, tokens, port, mode, values, bits, saved] : rows) {
+        SCOPED_TRACE(name);
+        L logic(Split(tokens), Ports({QString::fromUtf8(port)}));
+        logic.Port = 0;
+        logic.Mode = mode;
+        for (int i = 0; i < L::kValueFields; ++i)
+            logic.Values[i] = Split(values).value(i);
+        logic.BitCount = bits;
+        EXPECT_EQ(Saved(logic), saved);
     }
-    logic.BitCount = c.BitCount;
-    EXPECT_EQ(logic.WrongField(), c.OutOfRange);
-    EXPECT_EQ(logic.IsOkEnabled(), *c.Saved != 0);
-    EXPECT_EQ(logic.Tokens().join(u','), QString::fromUtf8(c.Saved));
 }
 
-INSTANTIATE_TEST_SUITE_P(
-    Cases, SerialInDialog,
-    testing::Values(
-        SerialInCase{"CompareDescendingWithoutRepeats", "UARI", "PD0(RxD6)", CSerialInDialogLogic::Compare,
-                     "5,200,5,17", -1, -1, "UARI,C,200,17,5"},
-        SerialInCase{"ValueAboveByteKeepsOkOff", "UARI", "RxD6", CSerialInDialogLogic::Compare, "5,300", -1,
-                     1, ""},
-        SerialInCase{"EmptyFieldBesideValueIsAllowed", "UARI", "RxD6", CSerialInDialogLogic::Compare,
-                     ",7", -1, -1, "UARI,C,7"},
-        SerialInCase{"NoValueKeepsOkOff", "UARI", "RxD6", CSerialInDialogLogic::Compare, "", -1, -1, ""},
-        SerialInCase{"RxD0PortSavesUari0", "UARI", "PD0(RxD0)", CSerialInDialogLogic::Compare, "1", -1, -1,
-                     "UARI0,C,1"},
-        SerialInCase{"BothPinsSaveUari", "UARI0", "RxD0/RxD6", CSerialInDialogLogic::Compare, "1", -1, -1,
-                     "UARI,C,1"},
-        SerialInCase{"BitModeSavesTheCount", "UARI", "RxD6", CSerialInDialogLogic::Bit, "", 2, -1,
-                     "UARI,B,3"},
-        SerialInCase{"BitModeWithoutCount", "UARI", "RxD6", CSerialInDialogLogic::Bit, "", -1, -1, ""},
-        SerialInCase{"NoModeKeepsOkOff", "UARI", "RxD6", CSerialInDialogLogic::NoMode, "1", -1, -1, ""},
-        SerialInCase{"NameIsTheLastToken", "UARI,C,1,;Door", "RxD6", CSerialInDialogLogic::Compare, "9", -1,
-                     -1, "UARI,C,9,;Door"}),
-    [](const auto& info) { return std::string(info.param.Name); });
-
-TEST(SerialInDialogOpening, CompareLineFillsDescendingAndTakesTheName)
+TEST(SerialInDialogLogic, OpensWithModeValuesPortAndName)
 {
-    const CSerialInDialogLogic logic(Split("UARI,CW,3,9,3,;Key"), Ports({"PB0", "PD0(RxD6)"}));
-    EXPECT_EQ(logic.Mode, CSerialInDialogLogic::Compare);
-    EXPECT_EQ(logic.Port, 1);
-    EXPECT_EQ(logic.Name, "Key");
-    EXPECT_EQ(logic.Values.mid(0, 3), Split("9,3,"));
-    EXPECT_EQ(logic.Values.size(), CSerialInDialogLogic::kValueFields);
-}
-
-TEST(SerialInDialogOpening, Uari0LooksForRxD0)
-{
-    const CSerialInDialogLogic logic(Split("UARI0,B,4"), Ports({"PD0(RxD6)", "PD1(RxD0)"}));
-    EXPECT_EQ(logic.Port, 1);
-    EXPECT_EQ(logic.Mode, CSerialInDialogLogic::Bit);
-    EXPECT_EQ(logic.BitCount, 3);
-}
-
-TEST(SerialInDialogOpening, UnknownModeChecksNothing)
-{
-    const CSerialInDialogLogic logic(Split("UARI,X,4"), Ports({"RxD2"}));
-    EXPECT_EQ(logic.Mode, CSerialInDialogLogic::NoMode);
-    EXPECT_EQ(logic.Port, -1);
-}
-
-TEST(SerialOutDialogOpening, OnlyASinglePortIsSelected)
-{
+    using L = CSerialInDialogLogic;
+    const L compare(Split("UARI,CW,3,9,3,;Key"), Ports({"PB0", "PD0(RxD6)"}));
+    EXPECT_EQ(compare.Mode, L::Compare);
+    EXPECT_EQ(compare.Port, 1);
+    EXPECT_EQ(compare.Name, "Key");
+    EXPECT_EQ(compare.Values.mid(0, 3), Split("9,3,"));
+    EXPECT_EQ(compare.Values.size(), L::kValueFields);
+    const L bits(Split("UARI0,B,4"), Ports({"PD0(RxD6)", "PD1(RxD0)"}));
+    EXPECT_EQ(bits.Port, 1); // UARI0 looks for RxD0
+    EXPECT_EQ(bits.Mode, L::Bit);
+    EXPECT_EQ(bits.BitCount, 3);
+    const L unknown(Split("UARI,X,4"), Ports({"RxD2"}));
+    EXPECT_EQ(unknown.Mode, L::NoMode);
+    EXPECT_EQ(unknown.Port, -1);
     EXPECT_EQ(CSerialOutDialogLogic(Ports({"TxD"})).Port, 0);
     EXPECT_EQ(CSerialOutDialogLogic(Ports({"TxD", "TxD0"})).Port, -1);
 }
 
-// --- Pulse Setting ------------------------------------------------------------------------
-
-struct PulseCase
+TEST(PulseDialogLogic, OpensWithPortAndStepsAndWritesTheLevels)
 {
-    const char* Name;
-    const char* Tokens;
-    int PortCount;
-    int Port;
-    CPulseDialogLogic::ESteps Steps;
-    const char* Saved;
-};
-
-class PulseDialog : public testing::TestWithParam<PulseCase>
-{
-};
-
-TEST_P(PulseDialog, OpensAndSaves)
-{
-    const PulseCase& c = GetParam();
-    const QStringList all{"PB1", "PB2", "PB3"};
-    const CPulseDialogLogic logic(Split(c.Tokens), Ports(all.mid(0, c.PortCount)));
-    EXPECT_EQ(logic.Port, c.Port);
-    EXPECT_EQ(logic.Steps, c.Steps);
-    EXPECT_EQ(logic.Tokens().join(u','), QString::fromUtf8(c.Saved));
-}
-
-INSTANTIATE_TEST_SUITE_P(
-    Cases, PulseDialog,
-    testing::Values(
-        PulseCase{"FiveSteps", "PULS,H,PB2,100,75,50,25,0", 3, 1, CPulseDialogLogic::FiveSteps,
-                  "PULS,H,PB2,100,75,50,25,0"},
-        PulseCase{"ThreeStepsWithName", "PULS,H,PB3,100,50,0,;Fan", 3, 2, CPulseDialogLogic::ThreeSteps,
-                  "PULS,H,PB3,100,50,0,;Fan"},
-        PulseCase{"TwoLevelsCheckNeither", "PULS,H,PB2,100,0", 3, 1, CPulseDialogLogic::NoSteps, ""},
-        PulseCase{"SinglePortIsSelected", "PULS,H,PX,100,50,0", 1, 0, CPulseDialogLogic::ThreeSteps,
-                  "PULS,H,PB1,100,50,0"},
-        PulseCase{"PortNotInTheList", "PULS,H,PX,100,50,0", 3, -1, CPulseDialogLogic::ThreeSteps, ""}),
-    [](const auto& info) { return std::string(info.param.Name); });
-
-TEST(PulseDialogChoice, SwitchingToThreeStepsWritesThreeLevels)
-{
-    CPulseDialogLogic logic(Split("PULS,H,PB2,100,75,50,25,0"), Ports({"PB1", "PB2"}));
-    logic.Steps = CPulseDialogLogic::ThreeSteps;
+    using L = CPulseDialogLogic;
+    // name, tokens, ports, port, steps, saved
+    const std::tuple<CText, CText, CText, int, L::ESteps, CText> rows[] = {
+        {"FiveSteps", "PULS,H,PB2,100,75,50,25,0", "PB1,PB2,PB3", 1, L::FiveSteps,
+         "PULS,H,PB2,100,75,50,25,0"},
+        {"ThreeStepsWithName", "PULS,H,PB3,100,50,0,;Fan", "PB1,PB2,PB3", 2, L::ThreeSteps,
+         "PULS,H,PB3,100,50,0,;Fan"},
+        {"TwoLevelsCheckNeither", "PULS,H,PB2,100,0", "PB1,PB2,PB3", 1, L::NoSteps, ""},
+        {"SinglePortIsSelected", "PULS,H,PX,100,50,0", "PB1", 0, L::ThreeSteps,
+         "PULS,H,PB1,100,50,0"},
+        {"PortNotInTheList", "PULS,H,PX,100,50,0", "PB1,PB2,PB3", -1, L::ThreeSteps, ""},
+    };
+    for (const auto& [name, tokens, ports, port, steps, saved] : rows) {
+        const L logic(Split(tokens), Ports(Split(ports)));
+        EXPECT_EQ(logic.Port, port) << name;
+        EXPECT_EQ(logic.Steps, steps) << name;
+        EXPECT_EQ(Saved(logic), saved) << name;
+    }
+    L logic(Split("PULS,H,PB2,100,75,50,25,0"), Ports({"PB1", "PB2"}));
+    logic.Steps = L::ThreeSteps;
     logic.Name = "Lamp";
-    EXPECT_EQ(logic.Tokens(), Split("PULS,H,PB2,100,50,0,;Lamp"));
+    EXPECT_EQ(Saved(logic), "PULS,H,PB2,100,50,0,;Lamp");
 }
 
-// --- PWM Setting --------------------------------------------------------------------------
-
-struct PwmCase
+TEST(PwmDialogLogic, TakesFrequencyInTheBoardsRangeAndDutiesDescending)
 {
-    const char* Name;
-    const char* Frequency;
-    const char* Duties;
-    int Low;
-    int High;
-    int OutOfRange;
-    const char* Saved;
-};
-
-class PwmDialog : public testing::TestWithParam<PwmCase>
-{
-};
-
-TEST_P(PwmDialog, Saves)
-{
-    const PwmCase& c = GetParam();
-    CPwmDialogLogic logic({"PWM"}, Ports({"PB1"}), c.Low, c.High);
-    logic.Frequency = QString::fromUtf8(c.Frequency);
-    const QStringList typed = Split(c.Duties);
-    for (int i = 0; i < CPwmDialogLogic::kDutyFields; ++i)
-        logic.Duties[i] = typed.value(i);
-    EXPECT_EQ(logic.WrongField(), c.OutOfRange);
-    EXPECT_EQ(logic.IsOkEnabled(), *c.Saved != 0);
-    EXPECT_EQ(logic.Tokens().join(u','), QString::fromUtf8(c.Saved));
-}
-
-INSTANTIATE_TEST_SUITE_P(
-    Cases, PwmDialog,
-    testing::Values(PwmCase{"DutiesDescendingWithoutRepeats", "500", "50,100,50,0", 0, 0, -1,
-                            "PWM,500Hz,100,50,0"},
-                    PwmCase{"DutyAboveHundred", "500", "50,101", 0, 0, 1, ""},
-                    PwmCase{"FrequencyBelowDefaultLowest", "9", "50", 0, 0, -1, ""},
-                    PwmCase{"DefaultLowestFrequency", "10", "50", 0, 0, -1, "PWM,10Hz,50"},
-                    PwmCase{"DefaultHighestFrequency", "81920", "0", 0, 0, -1, "PWM,81920Hz,0"},
-                    PwmCase{"AboveDefaultHighest", "81921", "0", 0, 0, -1, ""},
-                    PwmCase{"BoardLowestFrequency", "31", "25", 31, 62500, -1, "PWM,31Hz,25"},
-                    PwmCase{"BelowBoardLowest", "30", "25", 31, 62500, -1, ""},
-                    PwmCase{"AboveBoardHighest", "62501", "25", 31, 62500, -1, ""},
-                    PwmCase{"EmptyFrequency", "", "25", 0, 0, -1, ""},
-                    PwmCase{"NoDuty", "100", "", 0, 0, -1, ""}),
-    [](const auto& info) { return std::string(info.param.Name); });
-
-TEST(PwmDialogOpening, SavedLineFillsFrequencyAndDuties)
-{
-    const CPwmDialogLogic logic(Split("PWM,1000Hz,80,20,80"), Ports({"PB1", "PB2"}));
-    EXPECT_EQ(logic.Frequency, "1000");
-    EXPECT_EQ(logic.Duties.mid(0, 3), Split("80,20,"));
-    EXPECT_EQ(logic.Port, -1); // token 2 is a duty, not a port
-    EXPECT_EQ(logic.LowFreq, CPwmDialogLogic::kDefaultLowFreq);
-    EXPECT_EQ(logic.HighFreq, CPwmDialogLogic::kDefaultHighFreq);
-}
-
-// --- WEB-in Stting ------------------------------------------------------------------------
-
-struct WebInCase
-{
-    const char* Name;
-    const char* Tokens;
-    int BitCount;
-    const char* TypedName;
-    const char* Saved;
-};
-
-class WebInDialog : public testing::TestWithParam<WebInCase>
-{
-};
-
-TEST_P(WebInDialog, OpensAndSaves)
-{
-    const WebInCase& c = GetParam();
-    CWebInDialogLogic logic(Split(c.Tokens));
-    EXPECT_EQ(logic.BitCount, c.BitCount);
-    if (c.TypedName)
-        logic.Name = QString::fromUtf8(c.TypedName);
-    EXPECT_EQ(logic.Tokens().join(u','), QString::fromUtf8(c.Saved));
-}
-
-INSTANTIATE_TEST_SUITE_P(
-    Cases, WebInDialog,
-    testing::Values(WebInCase{"EmptyNameStoresLoneSemicolon", "WEBIN,8", 7, nullptr, "WEBIN,8,;"},
-                    WebInCase{"NameIsKept", "WEBIN,10,;Gate", 9, nullptr, "WEBIN,10,;Gate"},
-                    WebInCase{"ClearedName", "WEBIN,2,;Gate", 1, "", "WEBIN,2,;"},
-                    WebInCase{"NoCountSelectsNothing", "WEBIN", -1, nullptr, ""},
-                    WebInCase{"CountAboveTenSelectsNothing", "WEBIN,11", -1, nullptr, ""}),
-    [](const auto& info) { return std::string(info.param.Name); });
-
-// --- LCD Setting --------------------------------------------------------------------------
-
-struct LcdCase
-{
-    const char* Name;
-    const char* Tokens;
-    CLcdDialogLogic::EMode Opened;
-    const char* OpenedText;
-    CLcdDialogLogic::EMode Chosen;
-    const char* Saved;
-};
-
-class LcdDialog : public testing::TestWithParam<LcdCase>
-{
-};
-
-TEST_P(LcdDialog, OpensAndSaves)
-{
-    const LcdCase& c = GetParam();
-    CLcdDialogLogic logic(Split(c.Tokens));
-    EXPECT_EQ(logic.Mode, c.Opened);
-    EXPECT_EQ(logic.Text, QString::fromUtf8(c.OpenedText));
-    logic.Mode = c.Chosen;
-    EXPECT_EQ(logic.IsTextEnabled(), c.Chosen != CLcdDialogLogic::Clear);
-    EXPECT_EQ(logic.Tokens().join(u','), QString::fromUtf8(c.Saved));
-}
-
-INSTANTIATE_TEST_SUITE_P(
-    Cases, LcdDialog,
-    testing::Values(LcdCase{"ClearStoresTwoQuotes", "LCD,1,\"Hi\"", CLcdDialogLogic::Above, "Hi",
-                            CLcdDialogLogic::Clear, "LCD,0,\"\""},
-                    LcdCase{"BelowWrapsTheText", "LCD,1,\"Hi\"", CLcdDialogLogic::Above, "Hi",
-                            CLcdDialogLogic::Below, "LCD,2,\"Hi\""},
-                    LcdCase{"OwnQuotesStayInside", "LCD,2,\"\"a\"\"", CLcdDialogLogic::Below, "\"a\"",
-                            CLcdDialogLogic::Below, "LCD,2,\"\"a\"\""},
-                    LcdCase{"UnknownModeChecksNothing", "LCD,3,\"x\"", CLcdDialogLogic::NoMode, "x",
-                            CLcdDialogLogic::NoMode, ""},
-                    LcdCase{"ClearLineOpensEmptyAndNeedsText", "LCD,0,\"\"", CLcdDialogLogic::Clear, "",
-                            CLcdDialogLogic::Above, ""}),
-    [](const auto& info) { return std::string(info.param.Name); });
-
-// --- Rules every dialog shares -----------------------------------------------------------
-
-// What a dialog does with one typed number: takes it, refuses it with OK disabled, or also
-// selects the field for the user to type over.
-enum EVerdict { Accepted, Refused, Selected };
-
-template <class Logic>
-EVerdict Verdict(const Logic& logic, bool selected)
-{
-    return logic.IsOkEnabled() ? Accepted : selected ? Selected : Refused;
-}
-
-using NumberField = std::function<EVerdict(const QString&)>;
-
-NumberField TimeField(CTimeDialogLogic::EField field)
-{
-    return [field](const QString& text) {
-        CTimeDialogLogic logic(QStringLiteral("000001.00"));
-        logic.SetField(field, text);
-        return Verdict(logic, logic.WrongField() == field);
+    // name, frequency, duties, the board's lowest and highest (0: the defaults), saved
+    const std::tuple<CText, CText, CText, int, int, CText> rows[] = {
+        {"DutiesDescendingWithoutRepeats", "500", "50,100,50,0", 0, 0, "PWM,500Hz,100,50,0"},
+        {"DefaultLowestFrequency", "10", "50", 0, 0, "PWM,10Hz,50"},
+        {"DefaultHighestFrequency", "81920", "0", 0, 0, "PWM,81920Hz,0"},
+        {"BoardLowestFrequency", "31", "25", 31, 62500, "PWM,31Hz,25"},
+        {"BelowBoardLowest", "30", "25", 31, 62500, ""},
+        {"AboveBoardHighest", "62501", "25", 31, 62500, ""},
+        {"NoDuty", "100", "", 0, 0, ""},
     };
+    for (const auto& [name, frequency, duties, low, high, saved] : rows) {
+        CPwmDialogLogic logic({"PWM"}, Ports({"PB1"}), low, high);
+        logic.Frequency = QString::fromUtf8(frequency);
+        for (int i = 0; i < CPwmDialogLogic::kDutyFields; ++i)
+            logic.Duties[i] = Split(duties).value(i);
+        EXPECT_EQ(Saved(logic), saved) << name;
+    }
+    const CPwmDialogLogic opened(Split("PWM,1000Hz,80,20,80"), Ports({"PB1", "PB2"}));
+    EXPECT_EQ(opened.Frequency, "1000");
+    EXPECT_EQ(opened.Duties.mid(0, 3), Split("80,20,"));
+    EXPECT_EQ(opened.Port, -1); // token 2 is a duty, not a port
+    EXPECT_EQ(opened.LowFreq, CPwmDialogLogic::kDefaultLowFreq);
+    EXPECT_EQ(opened.HighFreq, CPwmDialogLogic::kDefaultHighFreq);
 }
 
-// Each numeric field of every dialog, typed into a dialog whose other fields are valid.
-const std::map<std::string, NumberField>& NumberFields()
+TEST(WebInAndLcdDialogLogic, OpenAndSave)
 {
-    static const CPortList one = Ports({"PB1(RxD6)"});
-    static const std::map<std::string, NumberField> fields = {
-        {"CounterValue",
-         [](const QString& text) {
-             CCounterDialogLogic logic(Split("CNT,H,5"));
-             logic.SetValue(1, text);
-             return Verdict(logic, logic.WrongField() == 1);
-         }},
-        {"SerialValue",
-         [](const QString& text) {
-             CSerialInDialogLogic logic(Split("UARI,C,5"), one);
-             logic.Values[1] = text;
-             return Verdict(logic, logic.WrongField() == 1);
-         }},
-        {"PwmDuty",
-         [](const QString& text) {
-             CPwmDialogLogic logic(Split("PWM,100Hz,50"), one);
-             logic.Duties[1] = text;
-             return Verdict(logic, logic.WrongField() == 1);
-         }},
-        {"PwmFrequency",
-         [](const QString& text) {
-             CPwmDialogLogic logic(Split("PWM,100Hz,50"), one);
-             logic.Frequency = text;
-             return Verdict(logic, logic.IsFrequencyWrong());
-         }},
-        {"MotorSpeed",
-         [](const QString& text) {
-             CStepMotorOutDialogLogic logic(Split("SMOTO,1"), one);
-             logic.SpeedText = text;
-             return Verdict(logic, logic.IsSpeedWrong());
-         }},
-        {"SerialBit",
-         [](const QString& text) {
-             CNumberDialogLogic logic(CNumberDialogLogic::SerialBit, Split("UART,3,L"), -1);
-             logic.SetText(text);
-             return Verdict(logic, logic.IsTextWrong());
-         }},
-        {"JumpId",
-         [](const QString& text) {
-             CNumberDialogLogic logic(CNumberDialogLogic::Jump, Split("JPI,7,L"), 7);
-             logic.SetText(text);
-             return Verdict(logic, logic.IsTextWrong());
-         }},
-        {"Hours", TimeField(CTimeDialogLogic::Hours)},
-        {"Minutes", TimeField(CTimeDialogLogic::Minutes)},
-        {"Seconds", TimeField(CTimeDialogLogic::Seconds)},
-        {"Hundredths", TimeField(CTimeDialogLogic::Hundredths)},
+    // name, tokens, bit count, name typed (nullptr: none), saved
+    const std::tuple<CText, CText, int, CText, CText> webRows[] = {
+        {"EmptyNameStoresLoneSemicolon", "WEBIN,8", 7, nullptr, "WEBIN,8,;"},
+        {"NameIsKept", "WEBIN,10,;Gate", 9, nullptr, "WEBIN,10,;Gate"},
+        {"ClearedName", "WEBIN,2,;Gate", 1, "", "WEBIN,2,;"},
+        {"NoCountSelectsNothing", "WEBIN", -1, nullptr, ""},
+        {"CountAboveTenSelectsNothing", "WEBIN,11", -1, nullptr, ""},
     };
-    return fields;
+    for (const auto& [name, tokens, bits, typed, saved] : webRows) {
+        CWebInDialogLogic logic(Split(tokens));
+        EXPECT_EQ(logic.BitCount, bits) << name;
+        if (typed)
+            logic.Name = QString::fromUtf8(typed);
+        EXPECT_EQ(Saved(logic), saved) << name;
+    }
+    using L = CLcdDialogLogic;
+    // name, tokens, mode and text opened, mode chosen, saved
+    const std::tuple<CText, CText, L::EMode, CText, L::EMode, CText> lcdRows[] = {
+        {"ClearStoresTwoQuotes", "LCD,1,\"Hi\"", L::Above, "Hi", L::Clear, "LCD,0,\"\""},
+        {"BelowWrapsTheText", "LCD,1,\"Hi\"", L::Above, "Hi", L::Below, "LCD,2,\"Hi\""},
+        {"OwnQuotesStayInside", "LCD,2,\"\"a\"\"", L::Below, "\"a\"", L::Below,
+         "LCD,2,\"\"a\"\""},
+        {"UnknownModeChecksNothing", "LCD,3,\"x\"", L::NoMode, "x", L::NoMode, ""},
+        {"ClearLineOpensEmptyAndNeedsText", "LCD,0,\"\"", L::Clear, "", L::Above, ""},
+    };
+    for (const auto& [name, tokens, opened, text, chosen, saved] : lcdRows) {
+        SCOPED_TRACE(name);
+        L logic(Split(tokens));
+        EXPECT_EQ(logic.Mode, opened);
+        EXPECT_EQ(logic.Text, QString::fromUtf8(text));
+        logic.Mode = chosen;
+        EXPECT_EQ(logic.IsTextEnabled(), chosen != L::Clear);
+        EXPECT_EQ(Saved(logic), saved);
+    }
+}
+
+// What each numeric field of every dialog does with a number typed into it while the
+// dialog's other fields are valid: takes it, refuses it with OK disabled, or also selects
+// the field for the user to type over.
+std::map<QString, QString> Verdicts(const QString& text)
+{
+    const auto verdict = [](const auto& logic, bool selected) {
+        return QString(logic.IsOkEnabled() ? "taken" : selected ? "selected" : "refused");
+    };
+    CCounterDialogLogic counter(Split("CNT,H,5"));
+    counter.SetValue(1, text);
+    CSerialInDialogLogic serial(Split("UARI,C,5"), kOnePort);
+    serial.Values[1] = text;
+    CPwmDialogLogic duty(Split("PWM,100Hz,50"), kOnePort), frequency = duty;
+    duty.Duties[1] = text;
+    frequency.Frequency = text;
+    CStepMotorOutDialogLogic motor(Split("SMOTO,1"), kOnePort);
+    motor.SpeedText = text;
+    CNumberDialogLogic bit(CNumberDialogLogic::SerialBit, Split("UART,3,L"), -1);
+    bit.SetText(text);
+    CNumberDialogLogic jump(CNumberDialogLogic::Jump, Split("JPI,7,L"), 7);
+    jump.SetText(text);
+    std::map<QString, QString> verdicts = {
+        {"CounterValue", verdict(counter, counter.WrongField() == 1)},
+        {"SerialValue", verdict(serial, serial.WrongField() == 1)},
+        {"PwmDuty", verdict(duty, duty.WrongField() == 1)},
+        {"PwmFrequency", verdict(frequency, frequency.IsFrequencyWrong())},
+        {"MotorSpeed", verdict(motor, motor.IsSpeedWrong())},
+        {"SerialBit", verdict(bit, bit.IsTextWrong())},
+        {"JumpId", verdict(jump, jump.IsTextWrong())},
+    };
+    const char* times[] = {"Hours", "Minutes", "Seconds", "Hundredths"};
+    for (int f = 0; f < CTimeDialogLogic::FieldCount; ++f) {
+        CTimeDialogLogic time(QStringLiteral("000001.00"));
+        time.SetField(CTimeDialogLogic::EField(f), text);
+        verdicts[times[f]] = verdict(time, time.WrongField() == f);
+    }
+    return verdicts;
 }
 
 TEST(NumericFields, TakeOnlyNumbersInTheirRange)
 {
-    const struct
-    {
-        const char* Field;
-        const char* Text;
-        EVerdict Expected;
-    } rows[] = {
-        {"CounterValue", "32767", Accepted},  {"CounterValue", " 12 ", Accepted},
-        {"CounterValue", "", Accepted},       {"CounterValue", "x", Selected},
-        {"CounterValue", "-", Selected},      {"CounterValue", "1 2", Selected},
-        {"CounterValue", "32768", Selected},  {"SerialValue", "255", Accepted},
-        {"SerialValue", "x", Selected},       {"SerialValue", "-", Selected},
-        {"SerialValue", "256", Selected},     {"PwmDuty", "100", Accepted},
-        {"PwmDuty", "x", Selected},           {"PwmDuty", "-", Selected},
-        {"PwmDuty", "101", Selected},         {"PwmFrequency", " 500 ", Accepted},
-        {"PwmFrequency", "100x", Selected},   {"PwmFrequency", "81921", Selected},
-        {"PwmFrequency", "9", Refused},       {"PwmFrequency", "", Refused},
-        {"MotorSpeed", "25", Accepted},       {"MotorSpeed", "25x", Selected},
-        {"MotorSpeed", "30001", Selected},    {"MotorSpeed", "2", Refused},
-        {"SerialBit", "7", Accepted},         {"SerialBit", "x", Selected},
-        {"SerialBit", "-", Selected},         {"SerialBit", "8", Selected},
-        {"SerialBit", "", Refused},           {"JumpId", "99", Accepted},
-        {"JumpId", "9x", Selected},           {"JumpId", "+9", Selected},
-        {"JumpId", "100", Selected},          {"JumpId", "0", Refused},
-        {"Hours", "8", Accepted},             {"Hours", "", Accepted},
-        {"Hours", "x", Selected},             {"Hours", "12", Selected},
-        {"Minutes", "59", Accepted},          {"Minutes", "5m", Selected},
-        {"Minutes", "60", Selected},          {"Seconds", "-", Selected},
-        {"Hundredths", "99", Accepted},       {"Hundredths", "x", Selected},
+    const std::tuple<CText, CText, CText> rows[] = {
+        {"CounterValue", "32767", "taken"},   {"CounterValue", " 12 ", "taken"},
+        {"CounterValue", "", "taken"},        {"CounterValue", "x", "selected"},
+        {"CounterValue", "-", "selected"},    {"CounterValue", "1 2", "selected"},
+        {"CounterValue", "32768", "selected"}, {"SerialValue", "255", "taken"},
+        {"SerialValue", "x", "selected"},     {"SerialValue", "-", "selected"},
+        {"SerialValue", "256", "selected"},   {"PwmDuty", "100", "taken"},
+        {"PwmDuty", "x", "selected"},         {"PwmDuty", "-", "selected"},
+        {"PwmDuty", "101", "selected"},       {"PwmFrequency", " 500 ", "taken"},
+        {"PwmFrequency", "100x", "selected"}, {"PwmFrequency", "81921", "selected"},
+        {"PwmFrequency", "9", "refused"},     {"PwmFrequency", "", "refused"},
+        {"MotorSpeed", "25", "taken"},        {"MotorSpeed", "25x", "selected"},
+        {"MotorSpeed", "30001", "selected"},  {"MotorSpeed", "2", "refused"},
+        {"SerialBit", "7", "taken"},          {"SerialBit", "x", "selected"},
+        {"SerialBit", "-", "selected"},       {"SerialBit", "8", "selected"},
+        {"SerialBit", "", "refused"},         {"JumpId", "99", "taken"},
+        {"JumpId", "9x", "selected"},         {"JumpId", "+9", "selected"},
+        {"JumpId", "100", "selected"},        {"JumpId", "0", "refused"},
+        {"Hours", "8", "taken"},              {"Hours", "", "taken"},
+        {"Hours", "x", "selected"},           {"Hours", "12", "selected"},
+        {"Minutes", "59", "taken"},           {"Minutes", "5m", "selected"},
+        {"Minutes", "60", "selected"},        {"Seconds", "-", "selected"},
+        {"Hundredths", "99", "taken"},        {"Hundredths", "x", "selected"},
     };
-    for (const auto& row : rows) {
-        SCOPED_TRACE(std::string(row.Field) + " \"" + row.Text + "\"");
-        EXPECT_EQ(NumberFields().at(row.Field)(QString::fromUtf8(row.Text)), row.Expected);
-    }
+    for (const auto& [field, text, verdict] : rows)
+        EXPECT_EQ(Verdicts(QString::fromUtf8(text)).at(field), verdict)
+            << field << " \"" << text << '"';
 }
 
 TEST(NumericFields, AreWrittenAsPlainNumbers)
@@ -519,106 +282,66 @@ TEST(NumericFields, AreWrittenAsPlainNumbers)
     CPwmDialogLogic pwm(Split("PWM,100Hz,50"), Ports({"PB1"}));
     pwm.Frequency = " 0500 ";
     pwm.Duties[0] = " 050";
-    EXPECT_EQ(pwm.Tokens(), Split("PWM,500Hz,50"));
+    EXPECT_EQ(Saved(pwm), "PWM,500Hz,50");
     CStepMotorOutDialogLogic motor(Split("SMOTO,1"), Ports({"PB1"}));
     motor.SpeedText = "0025";
-    EXPECT_EQ(motor.Tokens(), Split("SMOTO,1,25"));
+    EXPECT_EQ(Saved(motor), "SMOTO,1,25");
     CNumberDialogLogic jump(CNumberDialogLogic::Jump, Split("JPO,7,R"), 7);
     jump.SetText(" 09");
-    EXPECT_EQ(jump.Tokens(), Split("JPO,9,R"));
+    EXPECT_EQ(Saved(jump), "JPO,9,R");
 }
 
-// Every name and text a dialog takes: set through the dialog, written as a line, read back
-// through the factory and the dialog again.
-struct TextField
-{
-    const char* Name;
-    bool Quoted; // the LCD's text is written between quotes, so its blanks are kept
-    std::function<QStringList(const QString&)> Write; // the tokens, empty while OK is off
-    std::function<QString(const CPanel&)> Read;
-};
-
+// A name or text typed into a dialog, written as a line and read back through the factory
+// and the dialog again: what comes back, or "refused" while OK is off.
 template <class Logic>
-QStringList OkTokens(const Logic& logic)
+QString RoundTrip(const char* tokens, const QString& text)
 {
-    return logic.IsOkEnabled() ? logic.Tokens() : QStringList();
-}
-
-const QList<TextField>& TextFields()
-{
-    static const CPortList ports = Ports({"PB1(RxD6)"});
-    const auto digital = [](const char* keyword) {
-        return TextField{keyword, false,
-                         [keyword](const QString& text) {
-                             CSwitchDialogLogic logic(Split(keyword) + Split("H,PB1(RxD6)"), ports);
-                             logic.SetName(text);
-                             return OkTokens(logic);
-                         },
-                         [](const CPanel& panel) {
-                             const QString comment = panel.GetLineComment();
-                             return CSwitchDialogLogic(panel.GetTokens(), ports, comment).GetName();
-                         }};
+    const auto open = [](const QStringList& line) {
+        if constexpr (std::is_constructible_v<Logic, QStringList, CPortList>)
+            return Logic(line, kOnePort);
+        else
+            return Logic(line);
     };
-    static const QList<TextField> fields = {
-        digital("KEY"),
-        digital("LAMP"),
-        {"UARI", false,
-         [](const QString& text) {
-             CSerialInDialogLogic logic(Split("UARI,C,5"), ports);
-             logic.Name = text;
-             return OkTokens(logic);
-         },
-         [](const CPanel& panel) { return CSerialInDialogLogic(panel.GetTokens(), ports).Name; }},
-        {"PULS", false,
-         [](const QString& text) {
-             CPulseDialogLogic logic(Split("PULS,H,PB1(RxD6),100,50,0"), ports);
-             logic.Name = text;
-             return OkTokens(logic);
-         },
-         [](const CPanel& panel) { return CPulseDialogLogic(panel.GetTokens(), ports).Name; }},
-        {"WEBIN", false,
-         [](const QString& text) {
-             CWebInDialogLogic logic(Split("WEBIN,8"));
-             logic.Name = text;
-             return OkTokens(logic);
-         },
-         [](const CPanel& panel) { return CWebInDialogLogic(panel.GetTokens()).Name; }},
-        {"LCD", true,
-         [](const QString& text) {
-             CLcdDialogLogic logic(Split("LCD,1,\"x\""));
-             logic.Text = text;
-             return OkTokens(logic);
-         },
-         [](const CPanel& panel) { return CLcdDialogLogic(panel.GetTokens()).Text; }},
+    const auto field = [](auto& logic) -> QString& {
+        if constexpr (std::is_same_v<Logic, CLcdDialogLogic>)
+            return logic.Text;
+        else
+            return logic.Name;
     };
-    return fields;
+    Logic logic = open(Split(tokens));
+    if constexpr (std::is_same_v<Logic, CSwitchDialogLogic>)
+        logic.SetName(text);
+    else
+        field(logic) = text;
+    if (!logic.IsOkEnabled())
+        return QStringLiteral("refused");
+    Logic read = open(MakePanel(CPanel::JoinLine(logic.Tokens()), {"PB1(RxD6)"})->GetTokens());
+    if constexpr (std::is_same_v<Logic, CSwitchDialogLogic>)
+        return read.GetName();
+    else
+        return field(read);
 }
 
 TEST(TextFields, ComeBackExactlyOrAreRefused)
 {
-    const struct
-    {
-        const char* Text;
-        bool Name;   // accepted as a name
-        bool Quoted; // accepted as the LCD's text
-    } rows[] = {
+    // text, accepted as a name, accepted as the LCD's text (between quotes: blanks are kept)
+    const std::tuple<CText, bool, bool> rows[] = {
         {"Hi there", true, true}, {"Hi, there", false, false}, {"a,b", false, false},
         {"a\tb", false, false},   {"a\r\nb", false, false},    {"a\nb", false, false},
         {"a;b", true, true},      {";a", true, true},          {" lead", true, true},
         {"trail ", false, true},  {"\"q\"", true, true},       {"\u540d\u524d", true, true},
     };
-    for (const TextField& field : TextFields())
-        for (const auto& row : rows) {
-            const QString text = QString::fromUtf8(row.Text);
-            SCOPED_TRACE(std::string(field.Name) + " \"" + row.Text + "\"");
-            const QStringList tokens = field.Write(text);
-            EXPECT_EQ(!tokens.isEmpty(), field.Quoted ? row.Quoted : row.Name);
-            if (tokens.isEmpty())
-                continue;
-            const auto panel = MakePanel(CPanel::JoinLine(tokens), {"PB1(RxD6)"});
-            ASSERT_TRUE(panel);
-            EXPECT_EQ(field.Read(*panel), text);
-        }
+    for (const auto& [typed, name, quoted] : rows) {
+        const QString text = QString::fromUtf8(typed);
+        const QString named = name ? text : QStringLiteral("refused");
+        EXPECT_EQ(RoundTrip<CSwitchDialogLogic>("KEY,H,PB1(RxD6)", text), named) << typed;
+        EXPECT_EQ(RoundTrip<CSwitchDialogLogic>("LAMP,H,PB1(RxD6)", text), named) << typed;
+        EXPECT_EQ(RoundTrip<CSerialInDialogLogic>("UARI,C,5", text), named) << typed;
+        EXPECT_EQ(RoundTrip<CPulseDialogLogic>("PULS,H,PB1(RxD6),100,50,0", text), named) << typed;
+        EXPECT_EQ(RoundTrip<CWebInDialogLogic>("WEBIN,8", text), named) << typed;
+        EXPECT_EQ(RoundTrip<CLcdDialogLogic>("LCD,1,\"x\"", text), quoted ? text : "refused")
+            << typed;
+    }
 }
 
 } // namespace

@@ -1,23 +1,19 @@
 #include "panelcell.h"
 #include "core/panels/paneltest.h"
 
-TEST(PanelCell, EmptyCellIsAContinuationWithBitmap60000)
+TEST(PanelCell, EmptyOrUnknownLineIsAContinuationCell)
 {
-    const CPanelCell cell(QString{});
-    EXPECT_EQ(cell.GetPanel(), nullptr);
-    EXPECT_EQ(cell.GetBitmapId(), 60000);
-    EXPECT_EQ(cell.GetTypeId(), 60000);
-    EXPECT_EQ(cell.GetImageIndex(), -1);
-    EXPECT_EQ(cell.GetHeight(), 1);
-    EXPECT_FALSE(cell.IsInput() || cell.IsOutput() || cell.IsProcess());
-    EXPECT_EQ(cell.GetName(), "");
-}
-
-TEST(PanelCell, UnknownKeywordGivesAnEmptyCell)
-{
-    const CPanelCell cell("BOGUS\t1,2");
-    EXPECT_EQ(cell.GetPanel(), nullptr);
-    EXPECT_EQ(cell.GetBitmapId(), 60000);
+    for (const char* line : {"", "BOGUS\t1,2"}) {
+        const CPanelCell cell(line);
+        EXPECT_EQ(cell.GetPanel(), nullptr) << line;
+        EXPECT_EQ(cell.GetBitmapId(), 60000) << line;
+        EXPECT_EQ(cell.GetTypeId(), 60000) << line;
+        EXPECT_EQ(cell.GetImageIndex(), -1) << line;
+        EXPECT_EQ(cell.GetHeight(), 1) << line;
+        EXPECT_FALSE(cell.IsInput() || cell.IsOutput() || cell.IsProcess()) << line;
+        EXPECT_EQ(cell.GetName(), "") << line;
+        EXPECT_EQ(CPanelCell(cell).GetPanel(), nullptr) << line;
+    }
 }
 
 TEST(PanelCell, BlankLineLeavesThePanelAsItWas)
@@ -59,12 +55,4 @@ TEST(PanelCell, CopyGoesThroughTheLineAndKeepsNameWeightAndPorts)
     EXPECT_EQ(copy.GetPanel()->GetWeight(), 30);
     EXPECT_EQ(copy.GetTypeId(), 10074);
     EXPECT_EQ(copy.GetImage().Items, source.GetImage().Items);
-}
-
-TEST(PanelCell, CopyOfAContinuationCellIsEmpty)
-{
-    const CPanelCell empty(QString{});
-    const CPanelCell copy(empty);
-    EXPECT_EQ(copy.GetPanel(), nullptr);
-    EXPECT_EQ(copy.GetBitmapId(), 60000);
 }

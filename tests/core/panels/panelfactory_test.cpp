@@ -2,93 +2,55 @@
 #include "core/panels/paneltest.h"
 
 #include "analogpanel.h"
-#include "buzzerpanel.h"
-#include "counterpanel.h"
-#include "delaypanel.h"
 #include "flipfloppanel.h"
 #include "jumppanel.h"
 #include "lamppanel.h"
-#include "lcdpanel.h"
-#include "logicpanel.h"
-#include "pulsepanel.h"
-#include "pwmpanel.h"
 #include "segmentdecoderpanel.h"
-#include "serialbitpanel.h"
-#include "serialinpanel.h"
 #include "serialoutpanel.h"
 #include "sevensegpanel.h"
-#include "stepmotoroutpanel.h"
-#include "stepmotorpanel.h"
 #include "switchpanel.h"
-#include "timerpanel.h"
-#include "webinpanel.h"
-#include "weboutpanel.h"
-#include "wirepanel.h"
 
-#include <functional>
+#include <tuple>
+#include <typeinfo>
 
-namespace {
-
-template <class T>
-bool Is(const CPanel* p)
+TEST(PanelFactory, EveryKeywordMakesItsFamilyInTableOrder)
 {
-    return dynamic_cast<const T*>(p) != nullptr;
-}
-
-struct CKeywordRow
-{
-    const char* Keyword;
-    std::function<bool(const CPanel*)> IsClass;
-    int Area;
-};
-
-} // namespace
-
-TEST(PanelFactory, EveryKeywordMakesItsClassInTableOrder)
-{
-    const CKeywordRow rows[] = {
-        {"KEY", Is<CSwitchPanel>, 1},         {"SW", Is<CSwitchPanel>, 1},
-        {"ANI", Is<CAnalogPanel>, 1},         {"DGI", Is<CSwitchPanel>, 1},
-        {"UARI", Is<CSerialInPanel>, 1},      {"UARI0", Is<CSerialInPanel>, 1},
-        {"DGO", Is<CLampPanel>, 2},           {"BUZZ", Is<CBuzzerPanel>, 2},
-        {"LAMP", Is<CLampPanel>, 2},          {"PWM", Is<CPwmPanel>, 2},
-        {"UARO", Is<CSerialOutPanel>, 2},     {"UARO0", Is<CSerialOutPanel>, 2},
-        {"7SEG", Is<CSevenSegPanel>, 2},      {"7SEG4", Is<CSevenSegPanel>, 2},
-        {"LINE", Is<CWirePanel>, 3},          {"JPI", Is<CJumpPanel>, 3},
-        {"UART", Is<CSerialBitPanel>, 3},     {"UART0", Is<CSerialBitPanel>, 3},
-        {"7S_", Is<CSegmentDecoderPanel>, 3}, {"7S4_", Is<CSegmentDecoderPanel>, 3},
-        {"7S_B", Is<CSegmentDecoderPanel>, 3}, {"7S_D", Is<CSegmentDecoderPanel>, 3},
-        {"7S_S", Is<CSegmentDecoderPanel>, 3}, {"7S4_B", Is<CSegmentDecoderPanel>, 3},
-        {"7S4_D", Is<CSegmentDecoderPanel>, 3}, {"7S4_S", Is<CSegmentDecoderPanel>, 3},
-        {"JPO", Is<CJumpPanel>, 3},           {"NOT", Is<CLogicPanel>, 3},
-        {"AND", Is<CLogicPanel>, 3},          {"OR", Is<CLogicPanel>, 3},
-        {"XOR", Is<CLogicPanel>, 3},          {"ON", Is<CLogicPanel>, 3},
-        {"OFF", Is<CLogicPanel>, 3},          {"CNT", Is<CCounterPanel>, 3},
-        {"DLY", Is<CDelayPanel>, 3},          {"TIM", Is<CTimerPanel>, 3},
-        {"TIM1", Is<CTimerPanel>, 3},         {"RSFF", Is<CFlipFlopPanel>, 3},
-        {"T_FF", Is<CFlipFlopPanel>, 3},      {"D_FF", Is<CFlipFlopPanel>, 3},
-        {"FF", Is<CFlipFlopPanel>, 3},        {"SMOT", Is<CStepMotorPanel>, 3},
-        {"PULS", Is<CPulsePanel>, 2},         {"LCD", Is<CLcdPanel>, 2},
-        {"WEBIN", Is<CWebInPanel>, 1},        {"WEBOUT", Is<CWebOutPanel>, 2},
-        {"SMOTO", Is<CStepMotorOutPanel>, 2},
+    // keyword, the class name without its C and Panel, area
+    const std::tuple<const char*, const char*, int> rows[] = {
+        {"KEY", "Switch", 1}, {"SW", "Switch", 1}, {"ANI", "Analog", 1}, {"DGI", "Switch", 1},
+        {"UARI", "SerialIn", 1}, {"UARI0", "SerialIn", 1}, {"DGO", "Lamp", 2},
+        {"BUZZ", "Buzzer", 2}, {"LAMP", "Lamp", 2}, {"PWM", "Pwm", 2}, {"UARO", "SerialOut", 2},
+        {"UARO0", "SerialOut", 2}, {"7SEG", "SevenSeg", 2}, {"7SEG4", "SevenSeg", 2},
+        {"LINE", "Wire", 3}, {"JPI", "Jump", 3}, {"UART", "SerialBit", 3},
+        {"UART0", "SerialBit", 3}, {"7S_", "SegmentDecoder", 3}, {"7S4_", "SegmentDecoder", 3},
+        {"7S_B", "SegmentDecoder", 3}, {"7S_D", "SegmentDecoder", 3}, {"7S_S", "SegmentDecoder", 3},
+        {"7S4_B", "SegmentDecoder", 3}, {"7S4_D", "SegmentDecoder", 3},
+        {"7S4_S", "SegmentDecoder", 3}, {"JPO", "Jump", 3}, {"NOT", "Logic", 3},
+        {"AND", "Logic", 3}, {"OR", "Logic", 3}, {"XOR", "Logic", 3}, {"ON", "Logic", 3},
+        {"OFF", "Logic", 3}, {"CNT", "Counter", 3}, {"DLY", "Delay", 3}, {"TIM", "Timer", 3},
+        {"TIM1", "Timer", 3}, {"RSFF", "FlipFlop", 3}, {"T_FF", "FlipFlop", 3},
+        {"D_FF", "FlipFlop", 3}, {"FF", "FlipFlop", 3}, {"SMOT", "StepMotor", 3},
+        {"PULS", "Pulse", 2}, {"LCD", "Lcd", 2}, {"WEBIN", "WebIn", 1}, {"WEBOUT", "WebOut", 2},
+        {"SMOTO", "StepMotorOut", 2},
     };
     QStringList order;
-    for (const CKeywordRow& row : rows) {
-        order << row.Keyword;
-        const auto panel = CPanelFactory::Create(QString::fromLatin1(row.Keyword) + "\tX");
-        ASSERT_TRUE(panel) << row.Keyword;
-        EXPECT_TRUE(row.IsClass(panel.get())) << row.Keyword;
-        EXPECT_EQ(panel->GetArea(), row.Area) << row.Keyword;
+    for (const auto& [keyword, family, area] : rows) {
+        order << keyword;
+        const auto panel = CPanelFactory::Create(QString::fromLatin1(keyword) + "\tX");
+        ASSERT_TRUE(panel) << keyword;
+        // Both mangled and plain type names end in the class name.
+        const QByteArray type = typeid(*panel).name();
+        EXPECT_TRUE(type.endsWith("C" + QByteArray(family) + "Panel")) << keyword << type.data();
+        EXPECT_EQ(panel->GetArea(), area) << keyword;
     }
     EXPECT_EQ(CPanelFactory::Keywords(), order);
 }
 
 TEST(PanelFactory, KeywordsAreWholeCaseSensitiveAndEndAtBlankOrTab)
 {
-    EXPECT_TRUE(Is<CSevenSegPanel>(CPanelFactory::Create("7SEG4\t;7SEG4_B").get()));
     EXPECT_EQ(MakePanel("7SEG4\t;7SEG4_B")->GetMode(), 4);
     EXPECT_FALSE(CPanelFactory::Create("key\tH,P1"));
-    EXPECT_FALSE(CPanelFactory::Create("SW,P0"));   // a comma does not end the keyword here
+    EXPECT_FALSE(CPanelFactory::Create("SW,P0")); // a comma does not end the keyword here
     EXPECT_FALSE(CPanelFactory::Create("LAMPS\tH")); // no prefix match
     EXPECT_TRUE(CPanelFactory::Create("  \tSW H,P0"));
     EXPECT_EQ(CPanelFactory::Keyword(" \t "), "");
@@ -98,9 +60,8 @@ TEST(PanelFactory, KeywordsAreWholeCaseSensitiveAndEndAtBlankOrTab)
 TEST(PanelFactory, LongLinesAreCutForRecognitionOnly)
 {
     const QString line = "ANI\t" + QString(296, u'x');
-    ASSERT_EQ(line.size(), 300);
     const auto panel = CPanelFactory::Create(line);
-    ASSERT_TRUE(Is<CAnalogPanel>(panel.get()));
+    ASSERT_TRUE(panel);
     EXPECT_EQ(panel->GetText(), line);
     // A keyword pushed past byte 254 by blanks is not seen.
     EXPECT_FALSE(CPanelFactory::Create(QString(254, u' ') + "SW"));

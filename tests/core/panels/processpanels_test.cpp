@@ -1,205 +1,121 @@
 // Panels of the process area: counter, delay, flip-flops, jumps, gates, timer, wires,
 // segment decoders, the serial bit and the stepping motor.
 #include "logicpanel.h"
-#include "core/panels/paneltest.h"
+#include "core/panels/panelfacts.h"
 
-namespace {
-
-QList<int> PictureIds(CPanel& panel)
+TEST(ProcessPanels, ShowTheirLine)
 {
-    CPanelImage image;
-    panel.MakeImage(image);
-    QList<int> ids;
-    for (const CPanelImageItem& item : image.Items)
-        ids << item.BitmapId;
-    return ids;
+    CheckPanels({
+        {"CounterCyclic", "CNT\tC,5", "",
+         "mode=2|caption= : TYPE=Cyclic  |items=1|pictures=10026|labels=5"},
+        {"CounterHold", "CNT\tH,5", "", "mode=1|name3=Hold"},
+        {"CounterOfNoType", "CNT\tX,5", "", "mode=0|caption= : "},
+        {"CounterValuesAreStackedPictures", "CNT\tC,300,10,5", "",
+         "items=3|pictures=10029,10030,10031|labels=300,10,5"},
+        {"CounterOfTwoValues", "CNT\tC,9,8", "", "pictures=10029,10031"},
+        {"CounterWithoutValuesIsUnlabelled", "CNT\tC", "",
+         "pictures=10026|labels=|incomplete=true"},
+        {"CounterOkRecountsItems", "CNT\tC,1", "",
+         "dialog=Counter|>ok=CNT,H,300,10,5|items=3|caption= : TYPE=Hold  "},
+        {"DelayShowsItsTime", "DLY\t90.45S", "",
+         "caption= : TIME=90.45S  |name0=|incomplete=false"},
+        {"DelayWithoutTime", "DLY", "", "incomplete=true|caption= : "},
+        {"FlipFlopUntyped", "FF", "", "incomplete=true|bitmap=10022"},
+        {"FlipFlopD", "D_FF", "", "bitmap=10024"},
+        {"FlipFlopUntypedLineKeepsThePicture", "RSFF", "",
+         "bitmap=10023|>line=FF|bitmap=10023|incomplete=true"},
+        {"FlipFlopOkSetsTypeAndPicture", "FF\t\t;old", "",
+         "dialog=FlipFlop|>ok=T_FF|line=T_FF|bitmap=10025|incomplete=false"},
+        {"JumpInUp", "JPI\t5,U", "", "bitmap=10033|sides=U|ref=5|line=JPI \t5,U|rotates=true|weight=0"},
+        {"JumpInLeft", "JPI\t5,L", "", "bitmap=10034|sides=L|line=JPI \t5,L"},
+        {"JumpInOddSideIsLeft", "JPI\t5,Q", "", "bitmap=10034|sides=L|line=JPI \t5,Q"},
+        {"JumpOutOddSideIsRight", "JPO\t7,X", "", "bitmap=10035|sides=R|ref=7|line=JPO \t7,X"},
+        {"JumpOutDown", "JPO\t7,D", "", "bitmap=10036|sides=D"},
+        {"JumpWithoutIdOrSide", "JPI", "",
+         "bitmap=10034|sides=L|ref=0|line=JPI \t0,L|incomplete=true|turn=true|rereads=true"},
+        {"JumpWithEmptyId", "JPO\t,D", "",
+         "bitmap=10035|sides=R|ref=0|line=JPO \t0,R|turn=true|rereads=true"},
+        {"JumpWithoutSide", "JPO\t7\t\t;top", "",
+         "sides=R|ref=7|line=JPO \t7,R\t\t;top|turn=true|rereads=true"},
+        {"JumpWithCommentFirst", "JPO ;top\t7,D", "",
+         "sides=R|ref=0|line=JPO \t0,R\t\t;top|turn=true|rereads=true"},
+        {"JumpIdZeroIsIncomplete", "JPI\t0,L", "", "incomplete=true|pictures=10034|labels="},
+        {"JumpIdShown", "JPO\t99,R", "", "incomplete=false|labels=99"},
+        {"JumpInTurnsUpAndBack", "JPI\t3,L", "",
+         "turn=true|bitmap=10033|line=JPI \t3,U|turn=true|bitmap=10034|sides=L"},
+        {"JumpOutTurnsDown", "JPO\t3,R", "", "turn=true|line=JPO \t3,D|sides=D"},
+        {"JumpOkSetsTheReference", "JPO\t1,R", "", "dialog=Jump|>ok=JPO,42,R|ref=42"},
+        {"NotRight", "NOT\tR", "", "bitmap=10010|sides=LR|incomplete=false|needsproperties=false"},
+        {"NotDown", "NOT\tD", "", "bitmap=10011|sides=UD"},
+        {"AndRight", "AND\tR", "", "bitmap=10012|sides=ULR"},
+        {"AndDown", "AND\tD", "", "bitmap=10013|sides=UDL|line=AND \tD"},
+        {"OrRight", "OR\tR", "", "bitmap=10014|sides=ULR"},
+        {"OrDown", "OR\tD", "", "bitmap=10015|sides=UDL"},
+        {"XorRight", "XOR\tR", "", "bitmap=10016|sides=ULR"},
+        {"XorDown", "XOR\tD", "", "bitmap=10017|sides=UDL|incomplete=false|needsproperties=false"},
+        {"OnRight", "ON\tR", "", "bitmap=10018|sides=R"},
+        {"OffRight", "OFF\tR", "", "bitmap=10019|sides=R|line=OFF \tR"},
+        {"OnDown", "ON\tD", "", "bitmap=10020|sides=D"},
+        {"OffDown", "OFF\tD", "", "bitmap=10021|sides=D"},
+        {"OnTurnsDownAndBackNeverOff", "ON\tR", "",
+         "turn=true|bitmap=10020|line=ON  \tD|turn=true|bitmap=10018"},
+        {"OffTurnsRight", "OFF\tD", "", "turn=true|bitmap=10019"},
+        {"GateTurns", "NOT\tR", "", "turn=true|sides=UD|line=NOT \tD"},
+        {"GateWithoutOrientationTurnsToNothing", "XOR", "", "turn=true|sides="},
+        {"TimerOneShot", "TIM1\tN,1.50S", "",
+         ">name=T1|caption=T1 : TYPE=OneShot  TIME=1.50S  |note0=N|pictures=10028|notes=N|"
+         "labels=|titles="},
+        {"TimerToggle", "TIM\tT,2.00S", "", "caption= : TYPE=Toggle  TIME=2.00S  "},
+        {"TimerRetriggerable", "TIM1\tR,2.00S", "",
+         "caption= : TYPE=OneShot Retriggerble  TIME=2.00S  "},
+        {"TimerCaptionReadsTheLetterAlone", "TIM1\tH", "",
+         "caption= : TYPE=Hold  |incomplete=true"},
+        {"TimerOfNoKind", "TIM\tZ,1.00S", "", "caption= : TIME=1.00S  "},
+        {"SegmentDecoderOfOneDigit", "7S_\t0", "", "bitmap=10038"},
+        {"SegmentDecoderOfFourDigits", "7S4_\t0", "", "bitmap=10039"},
+        {"SegmentDecoderBit", "7S_B\t0", "", "bitmap=10041"},
+        {"SegmentDecoderDigit", "7S_D\t0", "", "bitmap=10042"},
+        {"SegmentDecoderSegment", "7S_S\t0", "", "bitmap=262"},
+        {"SegmentDecoderFourBit", "7S4_B\t0", "", "bitmap=263"},
+        {"SegmentDecoderFourDigit", "7S4_D\t0", "", "bitmap=264"},
+        {"SegmentDecoderFourSegment", "7S4_S\t0", "", "bitmap=265"},
+        {"SegmentDecoderVariantComesFromTheDisplay", "7S_B\t3", "",
+         "mode=0|>variant=4|mode=4|variant=4|labels=3|sides=L"},
+        {"SegmentDecoderWithoutValue", "7S_B", "", "incomplete=true"},
+        {"SerialBitOfChannelZero", "UART0", "", "bitmap=275|incomplete=true"},
+        {"SerialBitWithPosition", "UART0\t3,L", "", "bitmap=10037"},
+        {"SerialBitNamesEveryRowByItsPosition", "UART\t3,L", "", "name0=bit3|name5=bit3|sides=L"},
+        {"SerialBitWithoutPosition", "UART\t-,L", "", "name0="},
+        {"StepMotorHasFourRows", "SMOT\t2,20", "",
+         ">name=M1|caption=M1 : 2 phase excitation,20ms/step|items=4|"
+         "pictures=245,246,247,248"},
+        {"StepMotorOnePhase", "SMOT\t1,10", "", "caption= : 1 phase excitation,10ms/step"},
+        {"StepMotorOfNoMode", "SMOT\t3,20", "", "caption= : 20ms/step"},
+        {"StepMotorWithoutArguments", "SMOT", "", "items=4|caption= : "},
+    });
 }
 
-QStringList PortTexts(CPanel& panel)
+TEST(ProcessPanels, WiresReadLooselyAndWriteTheTablesForm)
 {
-    CPanelImage image;
-    panel.MakeImage(image);
-    QStringList texts;
-    for (const CPanelImageItem& item : image.Items)
-        texts << item.PortText;
-    return texts;
+    CheckPanels({
+        {"UpDown", "LINE\tUD", "", "bitmap=10001|sides=UD|line=LINE\tUD|caption=|weight=0"},
+        {"LeftRight", "LINE\tLR", "", "bitmap=10002|sides=LR|line=LINE\tLR"},
+        {"UpRight", "LINE\tUR", "", "bitmap=10003|sides=UR|line=LINE\tUR"},
+        {"LeftDown", "LINE\tLD", "", "bitmap=10004|sides=DL|line=LINE\tLD|incomplete=false"},
+        {"Cross", "LINE\tUR,LD", "", "bitmap=10005|sides=UDLR|line=LINE\tUR,LD"},
+        {"Over", "LINE\tUD,LR", "", "bitmap=10006|sides=UDLR|line=LINE\tUD,LR"},
+        {"TeeRight", "LINE\tUR,UD", "", "bitmap=10007|sides=UDR|line=LINE\tUR,UD"},
+        {"TeeDown", "LINE\tLR,LD", "", "bitmap=10008|sides=DLR|line=LINE\tLR,LD"},
+        {"SwappedPairs", "LINE\tLR,UD", "", "bitmap=10008|sides=DLR|line=LINE\tLR,LD"},
+        {"UnknownSecondPair", "LINE\tUD,XX", "", "bitmap=10006|sides=UDLR|line=LINE\tUD,LR"},
+        {"NoSuchPair", "LINE\tUR,LR", "", "bitmap=60000|sides=|line=LINE\t|incomplete=true"},
+        {"ReversedName", "LINE\tDL", "", "bitmap=60000|line=LINE\t"},
+        {"ThreePairs", "LINE\tUR,LD,UD", "", "bitmap=60000|line=LINE\t"},
+        {"Bare", "LINE", "", "bitmap=60000|line=LINE\t|incomplete=true|caption="},
+    });
 }
 
-} // namespace
-
-TEST(Counter, TypeModeAndCaption)
-{
-    auto cyclic = MakePanel("CNT\tC,5");
-    EXPECT_EQ(cyclic->GetMode(), 2);
-    EXPECT_EQ(cyclic->GetCaption(), " : TYPE=Cyclic  ");
-    EXPECT_EQ(cyclic->GetItemCount(), 1);
-    EXPECT_EQ(PictureIds(*cyclic), QList<int>{10026});
-    EXPECT_EQ(PortTexts(*cyclic), QStringList{"5"});
-
-    auto hold = MakePanel("CNT\tH,5");
-    EXPECT_EQ(hold->GetMode(), 1);
-    EXPECT_EQ(hold->GetPortName(3), "Hold");
-
-    auto odd = MakePanel("CNT\tX,5");
-    EXPECT_EQ(odd->GetMode(), 0);
-    EXPECT_EQ(odd->GetCaption(), " : ");
-    EXPECT_EQ(MakePanel("CNT")->GetMode(), 0);
-}
-
-TEST(Counter, EveryValueIsAStackedPicture)
-{
-    auto counter = MakePanel("CNT\tC,300,10,5");
-    EXPECT_EQ(counter->GetItemCount(), 3);
-    EXPECT_EQ(PictureIds(*counter), (QList<int>{10029, 10030, 10031}));
-    EXPECT_EQ(PortTexts(*counter), (QStringList{"300", "10", "5"}));
-    EXPECT_EQ(PictureIds(*MakePanel("CNT\tC,9,8")), (QList<int>{10029, 10031}));
-    // A counter without values still shows its picture, unlabelled.
-    EXPECT_EQ(PortTexts(*MakePanel("CNT\tC")), QStringList{""});
-    EXPECT_TRUE(MakePanel("CNT\tC")->IsIncomplete());
-}
-
-TEST(Counter, DialogOkRecountsItems)
-{
-    CFakeEditor editor;
-    editor.Tokens = {"CNT", "H", "300", "10", "5"};
-    auto counter = MakePanel("CNT\tC,1");
-    ASSERT_TRUE(counter->EditProperties(editor));
-    EXPECT_EQ(editor.Asked, EPanelDialog::Counter);
-    EXPECT_EQ(counter->GetItemCount(), 3);
-    EXPECT_EQ(counter->GetCaption(), " : TYPE=Hold  ");
-}
-
-TEST(Delay, CaptionShowsTheTime)
-{
-    auto delay = MakePanel("DLY\t90.45S");
-    EXPECT_EQ(delay->GetCaption(), " : TIME=90.45S  ");
-    EXPECT_EQ(delay->GetPortName(0), "");
-    EXPECT_FALSE(delay->IsIncomplete());
-    EXPECT_TRUE(MakePanel("DLY")->IsIncomplete());
-    EXPECT_EQ(MakePanel("DLY")->GetCaption(), " : ");
-}
-
-TEST(FlipFlop, TypeComesFromTheKeyword)
-{
-    auto ff = MakePanel("FF");
-    EXPECT_TRUE(ff->IsIncomplete());
-    EXPECT_EQ(ff->GetBitmapId(), 10022);
-    EXPECT_EQ(MakePanel("RSFF")->GetBitmapId(), 10023);
-    EXPECT_EQ(MakePanel("D_FF")->GetBitmapId(), 10024);
-    EXPECT_EQ(MakePanel("T_FF")->GetBitmapId(), 10025);
-    EXPECT_FALSE(MakePanel("T_FF")->IsIncomplete());
-
-    auto rs = MakePanel("RSFF");
-    rs->SetLine("FF");
-    EXPECT_EQ(rs->GetBitmapId(), 10023); // an untyped line keeps the picture
-    EXPECT_TRUE(rs->IsIncomplete());
-}
-
-TEST(FlipFlop, DialogOkSetsTypeAndPicture)
-{
-    CFakeEditor editor;
-    editor.Tokens = {"T_FF"};
-    auto ff = MakePanel("FF\t\t;old");
-    ASSERT_TRUE(ff->EditProperties(editor));
-    EXPECT_EQ(ff->GetLine(), "T_FF");
-    EXPECT_EQ(ff->GetBitmapId(), 10025);
-    EXPECT_FALSE(ff->IsIncomplete());
-}
-
-TEST(Jump, SideAndIdFromTheLine)
-{
-    const struct
-    {
-        const char* Line;
-        int BitmapId;
-        const char* Sides;
-        int Reference;
-        const char* Written;
-    } rows[] = {
-        {"JPI\t5,U", 10033, "U", 5, "JPI \t5,U"},
-        {"JPI\t5,L", 10034, "L", 5, "JPI \t5,L"},
-        {"JPI\t5,Q", 10034, "L", 5, "JPI \t5,Q"},
-        {"JPO\t7,X", 10035, "R", 7, "JPO \t7,X"},
-        {"JPO\t7,D", 10036, "D", 7, "JPO \t7,D"},
-        {"JPI", 10034, "L", 0, "JPI \t0,L"},
-        {"JPO\t,D", 10035, "R", 0, "JPO \t0,R"},
-        {"JPO\t7\t\t;top", 10035, "R", 7, "JPO \t7,R\t\t;top"},
-        {"JPO ;top\t7,D", 10035, "R", 0, "JPO \t0,R\t\t;top"},
-    };
-    for (const auto& row : rows) {
-        auto jump = MakePanel(row.Line);
-        EXPECT_EQ(jump->GetBitmapId(), row.BitmapId) << row.Line;
-        EXPECT_EQ(jump->GetSides(), row.Sides) << row.Line;
-        EXPECT_EQ(jump->GetReference(), row.Reference) << row.Line;
-        EXPECT_EQ(jump->GetLine(), row.Written) << row.Line;
-        // A jump without an id is saved with one that reads back the same, its side too.
-        jump->Rotate();
-        EXPECT_EQ(MakePanel(jump->GetLine())->GetLine(), jump->GetLine()) << row.Line;
-        EXPECT_TRUE(jump->CanRotate());
-        EXPECT_EQ(jump->GetWeight(), 0);
-    }
-}
-
-TEST(Jump, CompletenessNeedsAnIdOfOneOrMore)
-{
-    EXPECT_TRUE(MakePanel("JPI")->IsIncomplete());
-    EXPECT_TRUE(MakePanel("JPI\t0,L")->IsIncomplete());
-    EXPECT_FALSE(MakePanel("JPI\t99,L")->IsIncomplete());
-    EXPECT_EQ(PortTexts(*MakePanel("JPI\t0,L")), QStringList{""});
-    EXPECT_EQ(PortTexts(*MakePanel("JPO\t12,R")), QStringList{"12"});
-}
-
-TEST(Jump, TurningSwitchesTheSideButNeverTheDirection)
-{
-    auto in = MakePanel("JPI\t3,L");
-    EXPECT_TRUE(in->Rotate());
-    EXPECT_EQ(in->GetBitmapId(), 10033);
-    EXPECT_EQ(in->GetLine(), "JPI \t3,U");
-    in->Rotate();
-    EXPECT_EQ(in->GetBitmapId(), 10034);
-    EXPECT_EQ(in->GetSides(), "L");
-
-    auto out = MakePanel("JPO\t3,R");
-    out->Rotate();
-    EXPECT_EQ(out->GetLine(), "JPO \t3,D");
-    EXPECT_EQ(out->GetSides(), "D");
-}
-
-TEST(Jump, DialogOkSetsTheReference)
-{
-    CFakeEditor editor;
-    editor.Tokens = {"JPO", "42", "R"};
-    auto jump = MakePanel("JPO\t1,R");
-    ASSERT_TRUE(jump->EditProperties(editor));
-    EXPECT_EQ(editor.Asked, EPanelDialog::Jump);
-    EXPECT_EQ(jump->GetReference(), 42);
-}
-
-TEST(Logic, EveryKindHasItsPictureAndSides)
-{
-    const struct
-    {
-        const char* Line;
-        int BitmapId;
-        const char* Sides;
-    } rows[] = {
-        {"NOT\tR", 10010, "LR"},  {"NOT\tD", 10011, "UD"},  {"AND\tR", 10012, "ULR"},
-        {"AND\tD", 10013, "UDL"}, {"OR\tR", 10014, "ULR"},  {"OR\tD", 10015, "UDL"},
-        {"XOR\tR", 10016, "ULR"}, {"XOR\tD", 10017, "UDL"}, {"ON\tR", 10018, "R"},
-        {"OFF\tR", 10019, "R"},   {"ON\tD", 10020, "D"},    {"OFF\tD", 10021, "D"},
-    };
-    for (const auto& row : rows) {
-        auto gate = MakePanel(row.Line);
-        EXPECT_EQ(gate->GetBitmapId(), row.BitmapId) << row.Line;
-        EXPECT_EQ(gate->GetSides(), row.Sides) << row.Line;
-        EXPECT_FALSE(gate->IsIncomplete());
-        EXPECT_FALSE(gate->NeedsProperties());
-    }
-    EXPECT_EQ(MakePanel("AND\tD")->GetLine(), "AND \tD");
-    EXPECT_EQ(MakePanel("OFF\tR")->GetLine(), "OFF \tR");
-}
-
-TEST(Logic, BadLinesAreRefusedAndKeepTheKind)
+TEST(ProcessPanels, GateRefusesBadLinesAndKeepsItsKind)
 {
     auto gate = CPanelFactory::Create("AND\tR");
     EXPECT_FALSE(gate->SetLine("ORD"));
@@ -208,128 +124,5 @@ TEST(Logic, BadLinesAreRefusedAndKeepTheKind)
     EXPECT_TRUE(gate->SetLine("OR\tD"));
     EXPECT_EQ(gate->GetBitmapId(), 10015);
     EXPECT_EQ(CLogicPanel("ORD").GetBitmapId(), 60000);
-    EXPECT_FALSE(CPanelFactory::Create("ORD")); // not a keyword either
-}
-
-TEST(Logic, TurningFlipsTheOrientationOnly)
-{
-    auto on = MakePanel("ON\tR");
-    EXPECT_TRUE(on->Rotate());
-    EXPECT_EQ(on->GetBitmapId(), 10020);
-    EXPECT_EQ(on->GetLine(), "ON  \tD");
-    on->Rotate();
-    EXPECT_EQ(on->GetBitmapId(), 10018); // back to ON, never OFF
-
-    auto off = MakePanel("OFF\tD");
-    off->Rotate();
-    EXPECT_EQ(off->GetBitmapId(), 10019);
-
-    auto gate = MakePanel("NOT\tR");
-    gate->Rotate();
-    EXPECT_EQ(gate->GetSides(), "UD");
-    EXPECT_EQ(gate->GetLine(), "NOT \tD");
-
-    auto blank = CPanelFactory::Create("XOR");
-    EXPECT_TRUE(blank->Rotate());
-    EXPECT_EQ(blank->GetSides(), "");
-}
-
-TEST(Timer, CaptionAndPictureLetter)
-{
-    auto timer = MakePanel("TIM1\tN,1.50S");
-    timer->SetName("T1");
-    EXPECT_EQ(timer->GetCaption(), "T1 : TYPE=OneShot  TIME=1.50S  ");
-    EXPECT_EQ(timer->GetComment(0), "N");
-    CPanelImage image;
-    timer->MakeImage(image);
-    EXPECT_EQ(image.Items[0], (CPanelImageItem{10028, "", "", "N"}));
-
-    EXPECT_EQ(MakePanel("TIM\tT,2.00S")->GetCaption(), " : TYPE=Toggle  TIME=2.00S  ");
-    EXPECT_EQ(MakePanel("TIM1\tR,2.00S")->GetCaption(), " : TYPE=OneShot Retriggerble  TIME=2.00S  ");
-    // the caption reads the letter alone, whatever the keyword
-    EXPECT_EQ(MakePanel("TIM1\tH")->GetCaption(), " : TYPE=Hold  ");
-    EXPECT_TRUE(MakePanel("TIM1\tH")->IsIncomplete());
-    EXPECT_EQ(MakePanel("TIM\tZ,1.00S")->GetCaption(), " : TIME=1.00S  ");
-}
-
-TEST(Wire, KindsReadAndWrittenBack)
-{
-    const struct
-    {
-        const char* Line;
-        int BitmapId;
-        const char* Sides;
-        const char* Written;
-    } rows[] = {
-        {"LINE\tUD", 10001, "UD", "LINE\tUD"},
-        {"LINE\tLR", 10002, "LR", "LINE\tLR"},
-        {"LINE\tUR", 10003, "UR", "LINE\tUR"},
-        {"LINE\tLD", 10004, "DL", "LINE\tLD"},
-        {"LINE\tUR,LD", 10005, "UDLR", "LINE\tUR,LD"},
-        {"LINE\tUD,LR", 10006, "UDLR", "LINE\tUD,LR"},
-        {"LINE\tUR,UD", 10007, "UDR", "LINE\tUR,UD"},
-        {"LINE\tLR,LD", 10008, "DLR", "LINE\tLR,LD"},
-        {"LINE\tLR,UD", 10008, "DLR", "LINE\tLR,LD"}, // read loosely, written in the table's form
-        {"LINE\tUD,XX", 10006, "UDLR", "LINE\tUD,LR"},
-        {"LINE\tUR,LR", 60000, "", "LINE\t"},
-        {"LINE\tDL", 60000, "", "LINE\t"},
-        {"LINE\tUR,LD,UD", 60000, "", "LINE\t"},
-        {"LINE", 60000, "", "LINE\t"},
-    };
-    for (const auto& row : rows) {
-        auto wire = MakePanel(row.Line);
-        EXPECT_EQ(wire->GetBitmapId(), row.BitmapId) << row.Line;
-        EXPECT_EQ(wire->GetSides(), row.Sides) << row.Line;
-        EXPECT_EQ(wire->GetLine(), row.Written) << row.Line;
-        EXPECT_EQ(wire->IsIncomplete(), row.BitmapId == 60000) << row.Line;
-        EXPECT_EQ(wire->GetCaption(), "");
-        EXPECT_EQ(wire->GetWeight(), 0);
-    }
-}
-
-TEST(SegmentDecoder, KeywordPicksThePictureAndVariantComesFromTheDisplay)
-{
-    EXPECT_EQ(MakePanel("7S_\t0")->GetBitmapId(), 10038);
-    EXPECT_EQ(MakePanel("7S4_\t0")->GetBitmapId(), 10039);
-    EXPECT_EQ(MakePanel("7S_B\t0")->GetBitmapId(), 10041);
-    EXPECT_EQ(MakePanel("7S_D\t0")->GetBitmapId(), 10042);
-    EXPECT_EQ(MakePanel("7S_S\t0")->GetBitmapId(), 262);
-    EXPECT_EQ(MakePanel("7S4_B\t0")->GetBitmapId(), 263);
-    EXPECT_EQ(MakePanel("7S4_D\t0")->GetBitmapId(), 264);
-    EXPECT_EQ(MakePanel("7S4_S\t0")->GetBitmapId(), 265);
-
-    auto decoder = MakePanel("7S_B\t3");
-    EXPECT_EQ(decoder->GetMode(), 0);
-    decoder->SetVariant(4);
-    EXPECT_EQ(decoder->GetMode(), 4);
-    EXPECT_EQ(decoder->GetVariant(), 4);
-    EXPECT_EQ(PortTexts(*decoder), QStringList{"3"});
-    EXPECT_EQ(decoder->GetSides(), "L");
-    EXPECT_TRUE(MakePanel("7S_B")->IsIncomplete());
-}
-
-TEST(SerialBit, PictureAndPortName)
-{
-    EXPECT_EQ(CPanelFactory::Create("UART0")->GetBitmapId(), 275);
-    EXPECT_EQ(CPanelFactory::Create("UART0\t3,L")->GetBitmapId(), 10037);
-    EXPECT_EQ(CPanelFactory::Create("UART")->GetBitmapId(), 10037);
-    auto bit = MakePanel("UART\t3,L");
-    EXPECT_EQ(bit->GetPortName(0), "bit3");
-    EXPECT_EQ(bit->GetPortName(5), "bit3");
-    EXPECT_EQ(MakePanel("UART\t-,L")->GetPortName(0), "");
-    EXPECT_TRUE(MakePanel("UART")->IsIncomplete());
-    EXPECT_EQ(bit->GetSides(), "L");
-}
-
-TEST(StepMotor, AlwaysFourRowsWithItsOwnPictures)
-{
-    auto motor = MakePanel("SMOT\t2,20");
-    motor->SetName("M1");
-    EXPECT_EQ(motor->GetCaption(), "M1 : 2 phase excitation,20ms/step");
-    EXPECT_EQ(motor->GetItemCount(), 4);
-    EXPECT_EQ(PictureIds(*motor), (QList<int>{245, 246, 247, 248}));
-    EXPECT_EQ(MakePanel("SMOT\t1,10")->GetCaption(), " : 1 phase excitation,10ms/step");
-    EXPECT_EQ(MakePanel("SMOT\t3,20")->GetCaption(), " : 20ms/step");
-    EXPECT_EQ(MakePanel("SMOT")->GetItemCount(), 4);
-    EXPECT_EQ(MakePanel("SMOT")->GetCaption(), " : ");
+    EXPECT_FALSE(CPanelFactory::Create("ORD"));
 }

@@ -1,257 +1,70 @@
 // Panels of the input and output columns: buzzer, seven-segment LED, serial receive and
 // send, pulse, PWM, network in and out, LCD and the motor driver.
-#include "core/panels/paneltest.h"
+#include "core/panels/panelfacts.h"
 
-namespace {
-
-struct CStrip
+TEST(SidePanels, ShowTheirLine)
 {
-    int BitmapId;
-    QString Port;
-    QString Comment;
-    bool operator==(const CStrip&) const = default;
-};
-
-void PrintTo(const CStrip& s, std::ostream* os)
-{
-    *os << s.BitmapId << " '" << s.Port.toStdString() << "' '" << s.Comment.toStdString() << "'";
-}
-
-QList<CStrip> Strips(CPanel& panel)
-{
-    CPanelImage image;
-    EXPECT_TRUE(panel.MakeImage(image));
-    QList<CStrip> strips;
-    for (const CPanelImageItem& item : image.Items)
-        strips.append({item.BitmapId, item.PortText, item.Comment});
-    return strips;
-}
-
-} // namespace
-
-TEST(Buzzer, OneRowAFrequency)
-{
-    auto buzzer = MakePanel("BUZZ\tPB1,2000,500", {"PB1"});
-    EXPECT_EQ(buzzer->GetItemCount(), 2);
-    EXPECT_EQ(buzzer->GetCaption(), " : PORT=PB1  FREQ=2000Hz/500Hz  ");
-    EXPECT_EQ(Strips(*buzzer), (QList<CStrip>{{10080, "", "2000Hz"}, {10082, "", "500Hz"}}));
-    EXPECT_FALSE(buzzer->IsIncomplete());
-    // The port is not checked against the list.
-    EXPECT_FALSE(MakePanel("BUZZ\tPX,500", {"PB1"})->IsIncomplete());
-}
-
-TEST(Buzzer, PortAloneIsOneUnlabelledIncompleteRow)
-{
-    auto buzzer = MakePanel("BUZZ\tPB1");
-    EXPECT_EQ(buzzer->GetItemCount(), 1);
-    EXPECT_TRUE(buzzer->IsIncomplete());
-    EXPECT_EQ(Strips(*buzzer), (QList<CStrip>{{10079, "", ""}}));
-    EXPECT_EQ(buzzer->GetCaption(), " : PORT=PB1  ");
-    EXPECT_EQ(MakePanel("BUZZ\tPB1,1000\t\t;b")->GetItemCount(), 1);
-    EXPECT_EQ(MakePanel("BUZZ\tPB1,1000\t\t;b")->GetComment(1), "");
-}
-
-TEST(Buzzer, DialogOkCountsTheFrequencies)
-{
-    CFakeEditor editor;
-    editor.Tokens = {"BUZZ", "PB1", "2000", "1000", "500"};
-    auto buzzer = MakePanel("BUZZ\tPB1,500");
-    ASSERT_TRUE(buzzer->EditProperties(editor));
-    EXPECT_EQ(editor.Asked, EPanelDialog::Buzzer);
-    EXPECT_EQ(buzzer->GetItemCount(), 3);
-    EXPECT_EQ(buzzer->GetCaption(), " : PORT=PB1  FREQ=2000Hz/1000Hz/500Hz  ");
-}
-
-TEST(SevenSeg, ModeFromTheTypeTokenOnly)
-{
-    const struct
-    {
-        const char* Line;
-        int Mode;
-        const char* Label;
-    } rows[] = {
-        {"7SEG\t;7SEG_B", 1, "Bit"},     {"7SEG\t;7SEG_D", 2, "Digit"},
-        {"7SEG\t;7SEG_S", 3, "Segment"}, {"7SEG4\t;7SEG4_B", 4, "Bit"},
-        {"7SEG4\t;7SEG4_D", 5, "Digit"}, {"7SEG4\t;7SEG4_S", 6, "Segment"},
-        {"7SEG\t;7SEG4_D", 5, "Digit"},  {"7SEG\t;7seg_b", 0, ""},
-        {"7SEG", 0, ""},
-    };
-    for (const auto& row : rows) {
-        auto display = MakePanel(row.Line);
-        EXPECT_EQ(display->GetMode(), row.Mode) << row.Line;
-        EXPECT_EQ(display->GetPortName(2), row.Label) << row.Line;
-        EXPECT_EQ(display->IsIncomplete(), row.Mode == 0) << row.Line;
-    }
-    EXPECT_EQ(MakePanel("7SEG")->GetCaption(), " : ");
-    EXPECT_EQ(MakePanel("7SEG4\t;7SEG4_B")->GetCaption(), " : TYPE=Bit  ");
-    EXPECT_EQ(MakePanel("7SEG4\t;7SEG4_B")->GetLine(), "7SEG4\t\t\t;7SEG4_B");
-}
-
-TEST(SerialIn, CompareModeHasARowAValue)
-{
-    auto rx = MakePanel("UARI\tC,200,17,5\t\t;rx", {"PD0(RxD6)"});
-    EXPECT_EQ(rx->GetMode(), 1);
-    EXPECT_EQ(rx->GetItemCount(), 3);
-    EXPECT_EQ(rx->GetCaption(), " : PORT=PD0(RxD6)  TYPE=Compare  ");
-    EXPECT_EQ(Strips(*rx),
-              (QList<CStrip>{{10071, "200", "rx"}, {10072, "17", ""}, {10073, "5", ""}}));
-    EXPECT_EQ(rx->GetPortName(3), "");
-}
-
-TEST(SerialIn, BitModeRowsReadFromBit7Down)
-{
-    auto rx = MakePanel("UARI0\tB,3");
-    EXPECT_EQ(rx->GetMode(), 3);
-    EXPECT_EQ(rx->GetItemCount(), 3);
-    EXPECT_EQ(rx->GetPortName(0), "bit7");
-    EXPECT_EQ(rx->GetPortName(2), "bit5");
-    EXPECT_EQ(rx->GetPortName(3), "");
-    EXPECT_EQ(rx->GetCaption(), " : TYPE=Bit  ");
-}
-
-TEST(SerialIn, UnknownModeOrShortLine)
-{
-    auto cw = MakePanel("UARI\tCW,5,6");
-    EXPECT_EQ(cw->GetMode(), 0);
-    EXPECT_EQ(cw->GetItemCount(), 1);
-    EXPECT_EQ(cw->GetPortName(0), "");
-    EXPECT_EQ(MakePanel("UARI\tC")->GetPortName(0), "");
-    EXPECT_TRUE(MakePanel("UARI\tC")->IsIncomplete());
-}
-
-TEST(SerialIn, DialogOkSetsTheRowCountWithoutMinimum)
-{
-    CFakeEditor editor;
-    editor.Tokens = {"UARI", "B", "8", ";rx"};
-    auto rx = MakePanel("UARI\tC,1");
-    ASSERT_TRUE(rx->EditProperties(editor));
-    EXPECT_EQ(editor.Asked, EPanelDialog::SerialIn);
-    EXPECT_EQ(rx->GetItemCount(), 8);
-    editor.Tokens = {"UARI", "C", "200", "17", "5"};
-    rx->EditProperties(editor);
-    EXPECT_EQ(rx->GetItemCount(), 3);
-}
-
-TEST(SerialOut, ShowsItsPortOnly)
-{
-    auto tx = MakePanel("UARO", {"PD1(TxD)", "PD5"});
-    EXPECT_EQ(tx->GetPortText(), "PD1(TxD)");
-    EXPECT_EQ(tx->GetCaption(), " : PORT=PD1(TxD)  ");
-    EXPECT_EQ(tx->GetPortName(0), "");
-    EXPECT_FALSE(tx->IsIncomplete());
-    EXPECT_EQ(MakePanel("UARO")->GetCaption(), " : ");
-}
-
-TEST(Pulse, LevelsAreRowsOfPercent)
-{
-    auto pulse = MakePanel("PULS\tH,PB2,100,75,50,25,0\t\t;motor", {"PB2"});
-    EXPECT_EQ(pulse->GetItemCount(), 5);
-    EXPECT_EQ(pulse->GetCaption(), " : PORT=PB2  ");
-    EXPECT_EQ(pulse->GetComment(0), "100%");
-    EXPECT_EQ(pulse->GetComment(4), "0%");
-    EXPECT_EQ(pulse->GetComment(5), "");
-    EXPECT_EQ(pulse->GetPortName(0), "motor");
-    EXPECT_FALSE(pulse->IsIncomplete());
-    EXPECT_EQ(MakePanel("PULS\tH,PB2")->GetItemCount(), 1);
-    EXPECT_TRUE(MakePanel("PULS\tH,PB2")->IsIncomplete());
-}
-
-TEST(Pulse, DialogOkTakesTokensAndPort)
-{
-    CFakeEditor editor;
-    editor.Tokens = {"PULS", "H", "PB2", "100", "50", "0"};
-    editor.PortIndex = 1;
-    auto pulse = MakePanel("PULS\tH,PB2,100,75,50,25,0", {"PB1", "PB2"});
-    ASSERT_TRUE(pulse->EditProperties(editor));
-    EXPECT_EQ(pulse->GetItemCount(), 3);
-    EXPECT_EQ(pulse->GetPortIndex(), 1);
-}
-
-TEST(Pwm, FrequencyAndDutyRows)
-{
-    auto pwm = MakePanel("PWM\t1000Hz,100,50,0", {"PB1", "PB2"});
-    EXPECT_EQ(pwm->GetItemCount(), 3);
-    EXPECT_EQ(pwm->GetPortName(0), "1000Hz");
-    EXPECT_EQ(pwm->GetPortName(1), "");
-    EXPECT_EQ(pwm->GetComment(1), "50%");
-    EXPECT_EQ(pwm->GetPortText(), "PB1");
-    EXPECT_EQ(pwm->GetCaption(), " : ");
-    EXPECT_FALSE(pwm->IsIncomplete());
-}
-
-TEST(Pwm, NoDutyValuesLeavesNoRowsAfterTheDialog)
-{
-    CFakeEditor editor;
-    editor.Tokens = {"PWM", "500Hz"};
-    editor.PortIndex = 0;
-    auto pwm = MakePanel("PWM\t1000Hz,100");
-    ASSERT_TRUE(pwm->EditProperties(editor));
-    EXPECT_EQ(editor.Asked, EPanelDialog::Pwm);
-    EXPECT_EQ(pwm->GetItemCount(), 0);
-    EXPECT_EQ(pwm->GetPortIndex(), 0);
-    EXPECT_TRUE(pwm->IsIncomplete());
-}
-
-TEST(WebIn, RowsNamedFromTheTopBit)
-{
-    auto web = MakePanel("WEBIN\t10\t\t;net");
-    web->SetName("WEB1");
-    EXPECT_EQ(web->GetItemCount(), 10);
-    EXPECT_EQ(web->GetPortName(0), "WEB.9");
-    EXPECT_EQ(web->GetPortName(9), "WEB.0");
-    EXPECT_EQ(web->GetPortName(10), "");
-    EXPECT_EQ(web->GetComment(0), "net");
-    EXPECT_EQ(web->GetCaption(), "WEB1 : 10bit");
-    EXPECT_EQ(MakePanel("WEBIN")->GetItemCount(), 1);
-    EXPECT_TRUE(MakePanel("WEBIN")->IsIncomplete());
-
-    CFakeEditor editor;
-    editor.Tokens = {"WEBIN", "2", ";"};
-    ASSERT_TRUE(web->EditProperties(editor));
-    EXPECT_EQ(web->GetItemCount(), 2);
-    EXPECT_EQ(web->GetComment(0), "");
-}
-
-TEST(WebOut, NeverIncomplete)
-{
-    auto web = MakePanel("WEBOUT");
-    EXPECT_FALSE(web->IsIncomplete());
-    EXPECT_EQ(web->GetBitmapId(), 10092);
-    web->SetName("W");
-    EXPECT_EQ(web->GetCaption(), "W : ");
-    CFakeEditor editor;
-    EXPECT_FALSE(web->EditProperties(editor));
-    EXPECT_EQ(editor.Asked, EPanelDialog::None);
-}
-
-TEST(Lcd, CaptionAndDisplayedText)
-{
-    auto lcd = MakePanel("LCD\t1,\"Hello\"");
-    lcd->SetName("L1");
-    EXPECT_EQ(lcd->GetCaption(), "L1: Line=1, \"Hello\"");
-    EXPECT_EQ(lcd->GetComment(0), "Hello");
-    EXPECT_EQ(MakePanel("LCD\t0,\"\"")->GetCaption(), ": Clear");
-    EXPECT_FALSE(MakePanel("LCD\t0,\"\"")->IsIncomplete());
-    EXPECT_EQ(MakePanel("LCD\t3,\"x\"")->GetCaption(), ": ");
-    // Only one quote at each end is storage.
-    EXPECT_EQ(MakePanel("LCD\t2,\"\"a\"\"")->GetComment(0), "\"a\"");
-    EXPECT_EQ(MakePanel("LCD\t2")->GetComment(0), "");
-}
-
-TEST(StepMotorOut, TwoRowsEnableAndDir)
-{
-    auto driver = MakePanel("SMOTO\t1,500", {"PD4"});
-    EXPECT_EQ(driver->GetItemCount(), 2);
-    EXPECT_EQ(Strips(*driver), (QList<CStrip>{{10080, "", "Enable"}, {10082, "", "Dir"}}));
-    EXPECT_EQ(driver->GetCaption(), " : 1-2 phase excitation, 500ms/step, PORT=PD4");
-    EXPECT_EQ(MakePanel("SMOTO\t2,20")->GetCaption(), " : 2 phase excitation, 20ms/step");
-    EXPECT_EQ(MakePanel("SMOTO\t2,20,x,y,z")->GetItemCount(), 2);
-}
-
-TEST(RowCounts, HugeBitCountsFromAMalformedLineAreBoundedRegression)
-{
-    // A bit count of millions once made a panel of millions of rows and picture items.
-    EXPECT_EQ(MakePanel("UARI\tB,99999999")->GetItemCount(), CPanel::kTooManyRows);
-    EXPECT_EQ(MakePanel("WEBIN\t2147483647")->GetItemCount(), CPanel::kTooManyRows);
-    EXPECT_EQ(MakePanel("UARI\tB,99999999")->GetPortName(41), "");
+    CheckPanels({
+        {"BuzzerHasARowAFrequency", "BUZZ\tPB1,2000,500", "PB1",
+         "items=2|caption= : PORT=PB1  FREQ=2000Hz/500Hz  |pictures=10080,10082|labels=,|"
+         "notes=2000Hz,500Hz|incomplete=false"},
+        {"BuzzerPortIsNotChecked", "BUZZ\tPX,500", "PB1", "incomplete=false"},
+        {"BuzzerPortAloneIsOneUnlabelledRow", "BUZZ\tPB1", "",
+         "items=1|incomplete=true|pictures=10079|notes=|caption= : PORT=PB1  "},
+        {"BuzzerCommentIsNoRow", "BUZZ\tPB1,1000\t\t;b", "", "items=1|note1="},
+        {"BuzzerOkCountsTheFrequencies", "BUZZ\tPB1,500", "",
+         "dialog=Buzzer|>ok=BUZZ,PB1,2000,1000,500|items=3|"
+         "caption= : PORT=PB1  FREQ=2000Hz/1000Hz/500Hz  "},
+        {"SevenSegBit", "7SEG\t;7SEG_B", "", "mode=1|name2=Bit|incomplete=false"},
+        {"SevenSegDigit", "7SEG\t;7SEG_D", "", "mode=2|name2=Digit"},
+        {"SevenSegSegment", "7SEG\t;7SEG_S", "", "mode=3|name2=Segment"},
+        {"SevenSegFourBit", "7SEG4\t;7SEG4_B", "",
+         "mode=4|name2=Bit|caption= : TYPE=Bit  |line=7SEG4\t\t\t;7SEG4_B"},
+        {"SevenSegFourDigit", "7SEG4\t;7SEG4_D", "", "mode=5|name2=Digit"},
+        {"SevenSegFourSegment", "7SEG4\t;7SEG4_S", "", "mode=6|name2=Segment"},
+        {"SevenSegModeFromTheTypeTokenOnly", "7SEG\t;7SEG4_D", "", "mode=5"},
+        {"SevenSegTypeIsCaseSensitive", "7SEG\t;7seg_b", "", "mode=0|name2=|incomplete=true"},
+        {"SevenSegWithoutType", "7SEG", "", "mode=0|incomplete=true|caption= : "},
+        {"SerialInCompareHasARowAValue", "UARI\tC,200,17,5\t\t;rx", "PD0(RxD6)",
+         "mode=1|items=3|caption= : PORT=PD0(RxD6)  TYPE=Compare  |"
+         "pictures=10071,10072,10073|labels=200,17,5|notes=rx,,|name3="},
+        {"SerialInBitRowsReadFromBit7Down", "UARI0\tB,3", "",
+         "mode=3|items=3|name0=bit7|name2=bit5|name3=|caption= : TYPE=Bit  "},
+        {"SerialInOfUnknownMode", "UARI\tCW,5,6", "", "mode=0|items=1|name0="},
+        {"SerialInShortLine", "UARI\tC", "", "name0=|incomplete=true"},
+        {"SerialInOkSetsTheRowCountWithoutMinimum", "UARI\tC,1", "",
+         "dialog=SerialIn|>ok=UARI,B,8,;rx|items=8|>ok=UARI,C,200,17,5|items=3"},
+        {"SerialOutShowsItsPortOnly", "UARO", "PD1(TxD),PD5",
+         "porttext=PD1(TxD)|caption= : PORT=PD1(TxD)  |name0=|incomplete=false"},
+        {"SerialOutWithoutPorts", "UARO", "", "caption= : "},
+        {"PulseLevelsAreRowsOfPercent", "PULS\tH,PB2,100,75,50,25,0\t\t;motor", "PB2",
+         "items=5|caption= : PORT=PB2  |note0=100%|note4=0%|note5=|name0=motor|incomplete=false"},
+        {"PulseWithoutLevels", "PULS\tH,PB2", "", "items=1|incomplete=true"},
+        {"PulseOkTakesTokensAndPort", "PULS\tH,PB2,100,75,50,25,0", "PB1,PB2",
+         "dialog=Pulse|>ok=PULS,H,PB2,100,50,0@1|items=3|port=1"},
+        {"PwmFrequencyAndDutyRows", "PWM\t1000Hz,100,50,0", "PB1,PB2",
+         "items=3|name0=1000Hz|name1=|note1=50%|porttext=PB1|caption= : |incomplete=false"},
+        {"PwmWithoutDutiesHasNoRows", "PWM\t1000Hz,100", "",
+         "dialog=Pwm|>ok=PWM,500Hz@0|items=0|port=0|incomplete=true"},
+        {"WebInRowsNamedFromTheTopBit", "WEBIN\t10\t\t;net", "",
+         ">name=WEB1|items=10|name0=WEB.9|name9=WEB.0|name10=|note0=net|caption=WEB1 : 10bit|"
+         "dialog=WebIn|>ok=WEBIN,2,;|items=2|note0="},
+        {"WebInWithoutCount", "WEBIN", "", "items=1|incomplete=true"},
+        {"WebOutIsNeverIncompleteAndHasNoDialog", "WEBOUT", "",
+         "incomplete=false|bitmap=10092|>name=W|caption=W : |dialog=None"},
+        {"LcdShowsLineAndText", "LCD\t1,\"Hello\"", "",
+         ">name=L1|caption=L1: Line=1, \"Hello\"|note0=Hello|dialog=Lcd"},
+        {"LcdClear", "LCD\t0,\"\"", "", "caption=: Clear|incomplete=false"},
+        {"LcdOfUnknownLine", "LCD\t3,\"x\"", "", "caption=: "},
+        {"LcdKeepsInnerQuotes", "LCD\t2,\"\"a\"\"", "", "note0=\"a\""},
+        {"LcdWithoutText", "LCD\t2", "", "note0="},
+        {"MotorDriverHasEnableAndDirRows", "SMOTO\t1,500", "PD4",
+         "items=2|pictures=10080,10082|notes=Enable,Dir|"
+         "caption= : 1-2 phase excitation, 500ms/step, PORT=PD4"},
+        {"MotorDriverTwoPhase", "SMOTO\t2,20", "", "caption= : 2 phase excitation, 20ms/step"},
+        {"MotorDriverHasTwoRowsWhateverFollows", "SMOTO\t2,20,x,y,z", "", "items=2"},
+        // A bit count of millions once made a panel of millions of rows and picture items.
+        {"HugeSerialBitCountIsBoundedRegression", "UARI\tB,99999999", "", "items=41|name41="},
+        {"HugeNetworkBitCountIsBoundedRegression", "WEBIN\t2147483647", "", "items=41"},
+    });
 }

@@ -1,0 +1,160 @@
+#pragma once
+
+// Dialogs driven by real keys and clicks offscreen, step by step.
+#include "core/panels/panelfacts.h"
+#include "panelcell.h"
+#include "panelgrid.h"
+#include "paneldialogs.h"
+#include "layoutfile.h"
+#include "pwmdialog.h"
+#include "stringtable.h"
+#include "support/recordingmessenger.h"
+
+#include <QAbstractButton>
+#include <QApplication>
+#include <QComboBox>
+#include <QDialog>
+#include <QLabel>
+#include <QLineEdit>
+#include <QPushButton>
+#include <QTest>
+#include <QTimer>
+
+// Runs steps on the modal dialog that the call after it opens; a dialog the steps leave
+// open is cancelled, so a failing test cannot hang.
+inline void WhenModal(std::function<void(QDialog&)> steps, bool* ran = nullptr)
+{
+    QTimer::singleShot(0, [steps, ran] {
+        auto* dialog = qobject_cast<QDialog*>(QApplication::activeModalWidget());
+        ASSERT_TRUE(dialog);
+        steps(*dialog);
+        if (ran)
+            *ran = true;
+        if (dialog->isVisible())
+            dialog->reject();
+    });
+}
+
+// Carries out steps ("verb:widget=value", separated by "|") on a dialog:
+//   type:W=T   select all in W, type T       keys:W=T    type T into W as it stands
+//   down:W=N   press Down N times in W       press:W     press Space on button W
+//   click:W    click W                       ok=on|off   OK is enabled or not
+//   shows:W=T  W's text or current item      index:W=N   count:W=N  a list's index, size
+//   enabled:W=B hidden:W=B checked:W=B       selected:W=T  W has the focus, T selected
+//   wide:W     W shows its whole text        title=T     note=T  (a label shows T)
+//   nested:W=S click W, carry out S (";" between steps) on the dialog it opens, then OK
+inline void Drive(QDialog& dialog, const QString& steps, QChar separator = u'|')
+{
+    for (const QString& step : steps.split(separator, Qt::SkipEmptyParts)) {
+        SCOPED_TRACE(step.toStdString());
+        const QString verb = step.section(u':', 0, 0).section(u'=', 0, 0);
+        const QString name = step.section(u':', 1).section(u'=', 0, 0);
+        const QString value = step.section(u'=', 1);
+        QWidget* w = name.isEmpty() ? &dialog : dialog.findChild<QWidget*>(name);
+        ASSERT_TRUE(w) << "no widget " << name.toStdString();
+        auto* edit = qobject_cast<QLineEdit*>(w);
+        auto* combo = qobject_cast<QComboBox*>(w);
+        if (verb == "type" || verb == "keys" || verb == "down" || verb == "press")
+            w->setFocus();
+        if (verb == "type") {
+            QTest::keyClick(w, Qt::Key_A, Qt::ControlModifier);
+            QTest::keyClick(w, Qt::Key_Delete);
+        }
+        if (verb == "type" || verb == "keys")
+            QTest::keyClicks(w, value);
+        else if (verb == "down")
+            for (int i = 0; i < value.toInt(); ++i)
+                QTest::keyClick(w, Qt::Key_Down);
+        else if (verb == "press")
+            QTest::keyClick(w, Qt::Key_Space);
+        else if (verb == "click")
+            QTest::mouseClick(w, Qt::LeftButton);
+        else if (verb == "ok")
+            EXPECT_EQ(dialog.findChild<QPushButton*>("ok")->isEnabled(), value == "on");
+        else if (verb == "shows")
+            EXPECT_EQ(edit ? edit->text() : combo ? combo->currentText() : "no text", value);
+        else if (verb == "index" || verb == "count")
+            EXPECT_EQ(!combo ? -2 : verb == "index" ? combo->currentIndex() : combo->count(),
+                      value.toInt());
+        else if (verb == "enabled" || verb == "hidden" || verb == "checked")
+            EXPECT_EQ(verb == "enabled"  ? w->isEnabled()
+                      : verb == "hidden" ? w->isHidden()
+                                         : qobject_cast<QAbstractButton*>(w)->isChecked(),
+                      value == "true");
+        else if (verb == "selected")
+            EXPECT_TRUE(edit && dialog.focusWidget() == w && edit->selectedText() == value);
+        else if (verb == "wide")
+            EXPECT_TRUE(edit &&
+                        w->width() >= w->fontMetrics().horizontalAdvance(edit->text()) + 12);
+        else if (verb == "title")
+            EXPECT_EQ(dialog.windowTitle(), value);
+        else if (verb == "note") {
+            QStringList labels;
+            for (const QLabel* label : dialog.findChildren<QLabel*>())
+                labels << label->text();
+            EXPECT_TRUE(labels.contains(value));
+        } else if (verb == "nested") {
+            bool ran = false;
+            WhenModal([value](QDialog& nested) { Drive(nested, value + ";ok=on;click:ok", u';'); },
+                      &ran);
+            QTest::mouseClick(w, Qt::LeftButton);
+            EXPECT_TRUE(ran);
+        } else
+            ADD_FAILURE() << "unknown step";
+    }
+}
+
+// Rows of name, line, the board's ports, steps, record and facts: a panel placed alone in
+// a grid and edited through the editor's dialogs, the dialog driven by the steps and closed
+// with OK; then the layout's record of the panel ("" when the steps cancel: the record stays
+// as it was) and the panel's facts.
+using CDialogCase = std::tuple<CText, CText, CText, CText, CText, CText>;
+
+struct PropertyDialogs : testing::Test
+{
+    void SetUp() override
+    {
+        CStringTable::SetLanguage(ELanguage::English);
+        CPwmDialog::SetFrequencyLimits(0, 0);
+    }
+
+    static QString Record(const CPanelGrid& grid, const QString& prefix)
+    {
+        for (const QString& line : QString::fromUtf8(CLayoutFile::Write(grid)).split("\r\n"))
+            if (line.startsWith(prefix))
+                return line.mid(prefix.size());
+        return QString();
+    }
+
+    static void Run(std::initializer_list<CDialogCase> rows)
+    {
+        for (const auto& [name, line, ports, steps, record, facts] : rows) {
+            SCOPED_TRACE(name);
+            CRecordingMessenger messenger;
+            CPanelGrid grid{messenger};
+            CPanelDialogs dialogs;
+            std::unique_ptr<CPanel> panel = MakePanel(line, Split(ports));
+            ASSERT_TRUE(panel);
+            panel->SetName("P1");
+            const int area = panel->GetArea();
+            const int column = area == 1   ? CPanelGrid::GetInputColumn()
+                               : area == 2 ? CPanelGrid::GetOutputColumn()
+                                           : 1;
+            const QString prefix = area == 1 ? "I_01:" : area == 2 ? "O_01:" : "0101:";
+            ASSERT_TRUE(grid.Place(column, 1, std::make_unique<CPanelCell>(std::move(panel))));
+            const QString before = Record(grid, prefix);
+            bool ran = false;
+            WhenModal(
+                [&](QDialog& d) {
+                    Drive(d, QString::fromUtf8(steps));
+                    if (d.isVisible())
+                        QTest::mouseClick(d.findChild<QPushButton*>("ok"), Qt::LeftButton);
+                },
+                &ran);
+            EXPECT_EQ(grid.EditCell(column, 1, dialogs), *record != 0);
+            EXPECT_TRUE(ran);
+            EXPECT_EQ(Record(grid, prefix), *record ? QString::fromUtf8(record) : before);
+            ExpectFacts(*grid.GetCell(column, 1)->GetPanel(), facts);
+        }
+    }
+};
