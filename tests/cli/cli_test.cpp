@@ -12,12 +12,7 @@
 
 namespace {
 
-struct CRun
-{
-    int Exit = -1;
-    QString Out;
-    QString Err;
-};
+struct CRun { int Exit = -1; QString Out, Err; };
 
 const QString kBoard = QStringLiteral(QUILLON_BOARDS "/atmega328p");
 const QString kLamp = QStringLiteral(QUILLON_EXAMPLES "/pushbutton-lamp.loc");
@@ -42,13 +37,7 @@ CRun Cli(const QStringList& args, const QString& folder = QString())
 
 TEST(Cli, CheckExitsByWhatItFindsOneFaultALine)
 {
-    const struct
-    {
-        const char* Behaviour;
-        QStringList Args;
-        int Exit;
-        QString Contains; // in the output; "" wants none
-    } rows[] = {
+    const struct { const char* Behaviour; QStringList Args; int Exit; QString Contains; /* in the output; "": none */ } rows[] = {
         {"a wired layout passes", {"check", kLamp, "--board", kBoard}, 0, ""},
         // The built programs sit beside TARGET/ and quillon.ini, which offers the sample board.
         {"the default board is the one start-up chooses", {"check", kLamp}, 0, ""},
@@ -126,17 +115,6 @@ struct CCliBuild : testing::Test
 
 } // namespace
 
-TEST_F(CCliBuild, WithoutWriteTheBuildEndsAtTheQuestion)
-{
-    const CRun run = Build("hex");
-    EXPECT_EQ(run.Exit, 0) << run.Err.toStdString();
-    EXPECT_EQ(run.Out, "The compilation started.\nPass1...\nPass2...\nPass3...\n"
-                       "The compilation terminated.\nThe FLASH writing was canceled.\n");
-    EXPECT_EQ(sandbox.ReadFile("layouts/lamp.hex"), ":00000001FF\n");
-    EXPECT_TRUE(sandbox.Recorded().value(0).contains(QStringLiteral("[-o] [%1]").arg(sandbox.WorkFolder())))
-        << "the work folder is the compiler's output";
-}
-
 TEST_F(CCliBuild, FailedBuildExitsOneThoughAnOlderHexLiesBesideTheLayout)
 {
     sandbox.WriteFile("layouts/lamp.hex", ":00000001FF\n");
@@ -156,9 +134,18 @@ TEST_F(CCliBuild, TheWorkFolderIsNeverTheLayoutsFolder)
     EXPECT_EQ(sandbox.ReadFile("layouts/other.loc"), "; mine\r\n");
 }
 
-TEST_F(CCliBuild, WriteUsesThePortGiven)
+TEST_F(CCliBuild, WithoutWriteTheBuildEndsAtTheQuestionAndWithItUsesThePortGiven)
 {
-    const CRun run = Build("hex", {"--write", "--port", "/dev/ttyFAKE0"});
+    CRun run = Build("hex");
+    EXPECT_EQ(run.Exit, 0) << run.Err.toStdString();
+    EXPECT_EQ(run.Out, "The compilation started.\nPass1...\nPass2...\nPass3...\n"
+                       "The compilation terminated.\nThe FLASH writing was canceled.\n");
+    EXPECT_EQ(sandbox.ReadFile("layouts/lamp.hex"), ":00000001FF\n");
+    EXPECT_TRUE(sandbox.Recorded().value(0).contains(QStringLiteral("[-o] [%1]").arg(sandbox.WorkFolder())))
+        << "the work folder is the compiler's output";
+
+    QFile::remove(sandbox.Path("record.txt"));
+    run = Build("hex", {"--write", "--port", "/dev/ttyFAKE0"});
     EXPECT_EQ(run.Exit, 0) << run.Out.toStdString();
     EXPECT_TRUE(run.Out.endsWith("The FLASH writing started.\nThe FLASH writing terminated.\n"));
     EXPECT_TRUE(sandbox.Recorded().value(1).startsWith("hex [/C/dev/ttyFAKE0] [/W2] ["));

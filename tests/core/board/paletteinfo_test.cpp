@@ -20,81 +20,59 @@ struct CIconMessenger : CRecordingMessenger
 };
 
 // Reads a file of the shared fixtures against a board with ports P1 (alias D1) and P2.
-struct CPalette
+bool Read(CPaletteInfo& palette, const char* file, IMessenger& messenger)
 {
-    explicit CPalette(const char* file)
-    {
-        CPortList ports;
-        ports.Add({"1", "P1", "D1"});
-        ports.Add({"2", "P2", ""});
-        Ok = Palette.Read(QDir(QStringLiteral(QUILLON_TEST_DATA "/boards/shared")).filePath(file), Messenger, ports);
+    CPortList ports;
+    ports.Add({"1", "P1", "D1"});
+    ports.Add({"2", "P2", ""});
+    return palette.Read(QDir(QStringLiteral(QUILLON_TEST_DATA "/boards/shared")).filePath(file), messenger, ports);
+}
+
+// Page titles, then each page's entries as type, use limit, weight and ports.
+QStringList Contents(const CPaletteInfo& palette)
+{
+    QStringList text;
+    for (int page = 0; page < palette.GetPageCount(); ++page) {
+        text << palette.GetPageTitle(page) + u':';
+        for (int i = 0; i < palette.GetEntryCount(page); ++i) {
+            const CPaletteEntry* entry = palette.GetEntry(page, i);
+            QString line = entry->GetType() + u' ' + QString::number(entry->GetUseLimit());
+            if (const CPanel* prototype = entry->GetPrototype()) {
+                line += u' ' + QString::number(prototype->GetOption());
+                for (int p = 0; p < prototype->GetPortList().GetCount(); ++p)
+                    line += u' ' + prototype->GetPortList().DisplayName(prototype->GetPortList().GetAt(p));
+            }
+            text << line;
+        }
     }
-    QStringList Types(int page) const
-    {
-        QStringList types;
-        for (int i = 0; i < Palette.GetEntryCount(page); ++i)
-            types << Palette.GetEntry(page, i)->GetType();
-        return types;
-    }
-    CIconMessenger Messenger;
-    CPaletteInfo Palette;
-    bool Ok = false;
-};
+    return text;
+}
 
 } // namespace
 
-TEST(PaletteInfo, EntriesMakeTheirPrototypesWithNameWeightPortsAndLimit)
+TEST(PaletteInfo, EntriesMakeTheirPrototypesWithWeightPortsAndLimitInFileOrder)
 {
-    const CPalette read("inout_e.xml");
-    ASSERT_TRUE(read.Ok);
-    const CPaletteInfo& palette = read.Palette;
-    EXPECT_TRUE(read.Messenger.Texts.isEmpty());
-    // Pages and entries keep file order; elements of other names are skipped.
-    EXPECT_EQ(QStringList({palette.GetPageTitle(0), palette.GetPageTitle(1)}), QStringList({"In", "Out"}));
-    EXPECT_EQ(read.Types(0), QStringList{"KEY"});
-    EXPECT_EQ(read.Types(1), (QStringList{"LAMP", "SMOTO"}));
-
-    const CPanel& key = *palette.GetEntry(0, 0)->GetPrototype();
+    CRecordingMessenger messenger;
+    CPaletteInfo inOut, parts;
+    ASSERT_TRUE(Read(inOut, "inout_e.xml", messenger) && Read(parts, "parts_e.xml", messenger));
+    EXPECT_TRUE(messenger.Texts.isEmpty());
+    // Elements of other names are skipped; no USELIMIT is no limit, WEIGHT 12abc reads 12, a
+    // port the board does not list has no alias, and without WEIGHT the panel keeps its own.
+    EXPECT_EQ(Contents(inOut), QStringList({"In:", "KEY 2 15 P1(D1) P2", "Out:", "LAMP -1 12 P9 P2", "SMOTO 3 10 P1(D1)"}));
+    // An unknown type keeps its place without a prototype, and is not offered.
+    EXPECT_EQ(Contents(parts), QStringList({"Wires:", "LINE -1 0", "Misc:", "SMOT 1 10", "KEY -1 10", "BOGUS 4"}));
+    EXPECT_EQ(parts.GetEntry(1, 2)->GetValue(), "kept");
+    EXPECT_EQ(parts.FindEntry("BOGUS"), nullptr);
+    const CPanel& key = *inOut.GetEntry(0, 0)->GetPrototype();
     EXPECT_EQ(key.GetTokens().value(0), "KEY");
     EXPECT_EQ(key.GetCaption(), "Key : ") << "the name refreshes the caption";
-    EXPECT_EQ(key.GetOption(), 15);
-    EXPECT_EQ(palette.GetEntry(0, 0)->GetUseLimit(), 2);
-    ASSERT_EQ(key.GetPortList().GetCount(), 2);
-    EXPECT_EQ(key.GetPortList().GetEntry(0), (CPortEntry{"1", "P1", "D1"}));
-    EXPECT_EQ(key.GetPortList().DisplayName("P2"), "P2");
-
-    const CPaletteEntry* lamp = palette.GetEntry(1, 0);
-    EXPECT_EQ(lamp->GetUseLimit(), -1) << "no USELIMIT, no limit";
-    EXPECT_EQ(lamp->GetPrototype()->GetOption(), 12) << "WEIGHT 12abc read leniently";
-    EXPECT_EQ(lamp->GetPrototype()->GetPortList().GetEntry(0), (CPortEntry{"9", "P9", ""}))
-        << "a port the board does not list has no alias";
-
     // The prototype's keyword is matched, the first entry first.
-    EXPECT_EQ(palette.FindEntry("SMOTO"), palette.GetEntry(1, 1));
-    EXPECT_EQ(palette.FindEntry("KEY"), palette.GetEntry(0, 0));
-    EXPECT_EQ(palette.FindEntry("SMOT"), nullptr);
-    EXPECT_EQ(palette.FindEntry(""), nullptr);
-    // Out of range asks answer nothing.
-    EXPECT_EQ(palette.GetEntry(0, 1), nullptr);
-    EXPECT_EQ(palette.GetEntry(0, -1), nullptr);
-    EXPECT_EQ(palette.GetEntry(2, 0), nullptr);
-    EXPECT_EQ(palette.GetEntry(-1, 0), nullptr);
-    EXPECT_EQ(palette.GetEntryCount(5), 0);
-    EXPECT_EQ(palette.GetPageTitle(5), "");
-}
-
-TEST(PaletteInfo, UnknownTypeKeepsItsPlaceWithoutPrototypeAndNoWeightKeepsTheOwn)
-{
-    const CPalette read("parts_e.xml");
-    ASSERT_TRUE(read.Ok);
-    EXPECT_TRUE(read.Messenger.Texts.isEmpty());
-    ASSERT_EQ(read.Types(1), (QStringList{"SMOT", "KEY", "BOGUS"}));
-    EXPECT_EQ(read.Palette.GetEntry(1, 0)->GetPrototype()->GetOption(), 10);
-    const CPaletteEntry* unknown = read.Palette.GetEntry(1, 2);
-    EXPECT_EQ(unknown->GetPrototype(), nullptr);
-    EXPECT_EQ(unknown->GetUseLimit(), 4);
-    EXPECT_EQ(unknown->GetValue(), "kept");
-    EXPECT_EQ(read.Palette.FindEntry("BOGUS"), nullptr) << "nothing to offer for it";
+    EXPECT_EQ(inOut.FindEntry("SMOTO"), inOut.GetEntry(1, 1));
+    EXPECT_EQ(parts.FindEntry("KEY"), parts.GetEntry(1, 1));
+    EXPECT_EQ(inOut.FindEntry("SMOT"), nullptr);
+    EXPECT_EQ(inOut.FindEntry(""), nullptr);
+    EXPECT_TRUE(inOut.GetEntry(0, 1) == nullptr && inOut.GetEntry(0, -1) == nullptr && inOut.GetEntry(2, 0) == nullptr &&
+                inOut.GetEntry(-1, 0) == nullptr && inOut.GetEntryCount(5) == 0 && inOut.GetPageTitle(5).isEmpty());
 }
 
 TEST(PaletteInfo, AFaultIsReportedOnceAsAnErrorInTheInterfaceLanguage)
@@ -107,15 +85,14 @@ TEST(PaletteInfo, AFaultIsReportedOnceAsAnErrorInTheInterfaceLanguage)
     };
     for (const auto& row : rows) {
         SCOPED_TRACE(row.File);
+        CIconMessenger messenger;
+        CPaletteInfo palette;
+        ASSERT_TRUE(Read(palette, "inout_e.xml", messenger));
         CStringTable::SetLanguage(row.Language);
-        CPalette read("inout_e.xml");
-        CPortList ports;
-        const bool ok = read.Palette.Read(
-            QDir(QStringLiteral(QUILLON_TEST_DATA "/boards/shared")).filePath(row.File), read.Messenger, ports);
+        EXPECT_EQ(Read(palette, row.File, messenger), !*row.Message);
         CStringTable::SetLanguage(ELanguage::English);
-        EXPECT_EQ(ok, !*row.Message);
-        EXPECT_EQ(read.Messenger.Texts, *row.Message ? QStringList{row.Message} : QStringList());
-        EXPECT_EQ(read.Messenger.Icons, *row.Message ? QList<EIcon>{EIcon::Error} : QList<EIcon>());
-        EXPECT_EQ(read.Palette.GetPageCount(), 0) << "nothing of the earlier file stays";
+        EXPECT_EQ(messenger.Texts, *row.Message ? QStringList{row.Message} : QStringList());
+        EXPECT_EQ(messenger.Icons, *row.Message ? QList<EIcon>{EIcon::Error} : QList<EIcon>());
+        EXPECT_EQ(palette.GetPageCount(), 0) << "nothing of the earlier file stays";
     }
 }

@@ -49,14 +49,9 @@ private:
         std::make_unique<QSettings>(m_dir.filePath("profile.ini"), QSettings::IniFormat);
 };
 
-struct CKey
-{
-    const char* Key;
-    std::function<QString(const CSettings&)> Get;
-    std::function<void(CSettings&, const QString&)> Set;
-    const char* Default;
-    const char* Other; // a value no other key has, so a key read under another's name shows
-};
+// A key's value no other key has, so a key read under another's name shows.
+struct CKey { const char* Key; std::function<QString(const CSettings&)> Get; std::function<void(CSettings&, const QString&)> Set;
+              const char* Default; const char* Other; };
 
 #define SETTINGS_KEY(Key, Name, Type, Default, Other)                                          \
     {Key, [](const CSettings& s) { return QVariant::fromValue(s.Get##Name()).toString(); },   \
@@ -150,54 +145,41 @@ TEST(Settings, ProfileValuesAreReadLenientlyUnderNamesInAnyCase)
 
 TEST(Settings, IniFileIsReadAsAWindowsProfileFileIs)
 {
-    const auto targets = [](const CSettings& s) { return s.GetTargets().join(u'|'); };
-    const struct
-    {
-        const char* Name;
-        QByteArray Ini;
-        std::function<QString(const CSettings&)> Field;
-        QString Expected;
-    } rows[] = {
-        {"targets in order", "[Quillon]\nTarget1=a\nTarget2=b\nTarget3=c\n", targets, "a|b|c"},
-        {"a gap ends the targets", "[Quillon]\nTarget1=a\nTarget3=c\n", targets, "a"},
-        {"no Target1, no targets", "[Quillon]\nTarget2=b\nTarget3=c\n", targets, ""},
-        {"an empty value ends them", "[Quillon]\nTarget1=a\nTarget2=\nTarget3=c\n", targets, "a"},
-        {"file order does not matter", "[Quillon]\nTarget2=b\nTarget1=a\n", targets, "a|b"},
-        {"other section ignored", "[Other]\nTarget1=x\n[Quillon]\nTarget1=a\n", targets, "a"},
-        {"comma kept in the value", "[Quillon]\nTarget1=a,b\n", targets, "a,b"},
-        {"comma and blank kept", "[Quillon]\nTarget1=a, b\n", targets, "a, b"},
-        {"semicolon kept", "[Quillon]\nTarget1=a;b\nTarget2=c ; d\n", targets, "a;b|c ; d"},
-        {"names in any case", "[QUILLON]\r\ntarget1=a\r\nTARGET2 = b\r\n", targets, "a|b"},
-        {"quotes enclosing the value", "[Quillon]\nTarget1=\"my board\"\n", targets, "my board"},
-        {"the first of two equal keys", "[Quillon]\nTarget1=a\nTarget1=b\n", targets, "a"},
-        {"a commented key is no key", "[Quillon]\n;Target1=x\nTarget1=a\n", targets, "a"},
-        {"a target is cut to its buffer", "[Quillon]\nTarget1=" + QByteArray(1500, 't'), targets,
-         QString(1023, u't')},
-        {"a folder is cut to its buffer", "[Quillon]\nWorkDir=" + QByteArray(400, 'w'),
-         [](const CSettings& s) { return s.GetWorkDir(); }, QString(259, u'w')},
-        // A key that is present but empty stays empty; only a missing one takes its default.
-        {"folders take defaults only when missing", "[Quillon]\nSaveDir=\nMan=manual.pdf\n",
-         [](const CSettings& s) { return s.GetSaveDir() + u'|' + s.GetWorkDir() + u'|' + s.GetMan(); },
-         "|work|manual.pdf"},
+    const struct { const char* Name; QByteArray Ini; const char* Targets; } rows[] = {
+        {"targets in order", "[Quillon]\nTarget1=a\nTarget2=b\nTarget3=c\n", "a|b|c"},
+        {"a gap ends the targets", "[Quillon]\nTarget1=a\nTarget3=c\n", "a"},
+        {"no Target1, no targets", "[Quillon]\nTarget2=b\nTarget3=c\n", ""},
+        {"an empty value ends them", "[Quillon]\nTarget1=a\nTarget2=\nTarget3=c\n", "a"},
+        {"file order does not matter", "[Quillon]\nTarget2=b\nTarget1=a\n", "a|b"},
+        {"other section ignored", "[Other]\nTarget1=x\n[Quillon]\nTarget1=a\n", "a"},
+        {"comma kept in the value", "[Quillon]\nTarget1=a,b\n", "a,b"},
+        {"comma and blank kept", "[Quillon]\nTarget1=a, b\n", "a, b"},
+        {"semicolon kept", "[Quillon]\nTarget1=a;b\nTarget2=c ; d\n", "a;b|c ; d"},
+        {"names in any case", "[QUILLON]\r\ntarget1=a\r\nTARGET2 = b\r\n", "a|b"},
+        {"quotes enclosing the value", "[Quillon]\nTarget1=\"my board\"\n", "my board"},
+        {"the first of two equal keys", "[Quillon]\nTarget1=a\nTarget1=b\n", "a"},
+        {"a commented key is no key", "[Quillon]\n;Target1=x\nTarget1=a\n", "a"},
     };
     for (const auto& row : rows) {
         CSettingsPlace place;
         place.WriteIni(row.Ini);
-        EXPECT_EQ(row.Field(place.Loaded()), row.Expected) << row.Name;
+        EXPECT_EQ(place.Loaded().GetTargets().join(u'|'), row.Targets) << row.Name;
     }
-}
-
-TEST(Settings, LoadForgetsValuesThatAreNoLongerThere)
-{
+    // A key present but empty stays empty, only a missing one takes its default; values are
+    // cut to their buffers.
     CSettingsPlace place;
-    place.WriteIni("[Quillon]\nTarget1=a\n");
-    place.Profile().setValue("Settings/WriteCOM", 4);
+    place.WriteIni("[Quillon]\nSaveDir=\nMan=manual.pdf\nWorkDir=" + QByteArray(400, 'w') + "\nTarget1=" + QByteArray(1500, 't'));
     CSettings settings = place.Loaded();
-    ASSERT_EQ(settings.GetWriteCOM(), 4);
-
-    place.Profile().remove("Settings/WriteCOM");
+    EXPECT_EQ(QStringList({settings.GetSaveDir(), settings.GetWorkDir(), settings.GetMan(), settings.GetTargets().join(u'|')}),
+              QStringList({"", QString(259, u'w'), "manual.pdf", QString(1023, u't')}));
+    // Loading again forgets values that are no longer there.
+    place.Profile().setValue("Settings/WriteCOM", 4);
     place.WriteIni("[Quillon]\nTarget1=other\n");
     settings.Load();
+    ASSERT_EQ(settings.GetWriteCOM(), 4);
+    place.Profile().remove("Settings/WriteCOM");
+    settings.Load();
     EXPECT_EQ(settings.GetWriteCOM(), 0);
-    EXPECT_EQ(settings.GetTargets(), QStringList{"other"});
+    EXPECT_EQ(QStringList({settings.GetSaveDir(), settings.GetWorkDir(), settings.GetTargets().join(u'|')}),
+              QStringList({"save", "work", "other"}));
 }

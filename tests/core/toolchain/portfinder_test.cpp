@@ -75,27 +75,15 @@ private:
     Key m_lastKey = 0;
 };
 
-struct CListed
-{
-    int Index;
-    QString Description;
-    QString PortName;
-};
+struct CListed { int Index; QString Description, PortName; };
 
 } // namespace
 
 TEST(SerenumPortFinder, FindsTheBoardsComNumberAndClosesEveryKey)
 {
     const QString fits(199, u'B'), tooLong(200, u'B');
-    const struct
-    {
-        const char* Name;
-        CFakeRegistry::CValue Count;
-        std::vector<CListed> Devices;
-        int Expected;
-        QString InterfaceName = kBoard;
-        std::function<void(CFakeRegistry&)> Also = {};
-    } rows[] = {
+    const struct { const char* Name; CFakeRegistry::CValue Count; std::vector<CListed> Devices; int Expected;
+                   QString InterfaceName = kBoard; std::function<void(CFakeRegistry&)> Also = {}; } rows[] = {
         {"first device matches", 1u, {{0, kBoard, "COM3"}}, 3},
         {"sparse indices are both visited", 2u, {{0, "USB Serial Port", "COM3"}, {5, kBoard, "COM7"}}, 7},
         {"the lower index wins between two boards", 2u, {{0, kBoard, "COM3"}, {5, kBoard, "COM7"}}, 3},
@@ -164,13 +152,7 @@ TEST(RegistryPortFinder, AnswersTheComNumberAsTheWriterOptionWantsIt)
 TEST(SerialDevicePortFinder, AnswersTheBoardsDevicePath)
 {
     using CDevice = CSerialDevicePortFinder::CDevice;
-    const struct
-    {
-        const char* Name;
-        QList<CDevice> Devices;
-        QString Expected;
-        QString InterfaceName = kBoard;
-    } rows[] = {
+    const struct { const char* Name; QList<CDevice> Devices; QString Expected; QString InterfaceName = kBoard; } rows[] = {
         {"by description", {{"", "", "/dev/ttyS0"}, {kBoard, "Corvel", "/dev/ttyACM0"}}, "/dev/ttyACM0"},
         {"else by manufacturer", {{"USB Serial", "Other", "/dev/ttyUSB0"}, {"USB Serial", kBoard, "/dev/ttyUSB1"}},
          "/dev/ttyUSB1"},
