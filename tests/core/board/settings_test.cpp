@@ -13,40 +13,28 @@ namespace {
 
 // A profile and an initialisation file of their own in a temporary folder, so no test
 // touches the user's real profile.
-class CSettingsPlace
+struct CSettingsPlace
 {
-public:
-    QSettings& Profile() { return *m_profile; }
-    QString IniPath() const { return m_dir.filePath(CSettings::kIniFileName); }
+    QTemporaryDir Dir;
+    std::unique_ptr<QSettings> Profile = Open();
 
+    std::unique_ptr<QSettings> Open() const { return std::make_unique<QSettings>(Dir.filePath("p.ini"), QSettings::IniFormat); }
+    QString Ini() const { return Dir.filePath(CSettings::kIniFileName); }
     void WriteIni(const QByteArray& text) const
     {
-        QFile file(IniPath());
+        QFile file(Ini());
         ASSERT_TRUE(file.open(QIODevice::WriteOnly));
         file.write(text);
     }
-    QByteArray IniBytes() const
-    {
-        QFile file(IniPath());
-        return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray();
-    }
+    // The settings as the next start of the program reads them, from a fresh view of the profile.
     CSettings Loaded()
     {
-        CSettings settings(m_profile.get(), IniPath());
+        Profile->sync();
+        Profile = Open();
+        CSettings settings(Profile.get(), Ini());
         settings.Load();
         return settings;
     }
-    // A fresh view of the same profile file, as the next start of the program sees it.
-    void Reopen()
-    {
-        m_profile->sync();
-        m_profile = std::make_unique<QSettings>(m_dir.filePath("profile.ini"), QSettings::IniFormat);
-    }
-
-private:
-    QTemporaryDir m_dir;
-    std::unique_ptr<QSettings> m_profile =
-        std::make_unique<QSettings>(m_dir.filePath("profile.ini"), QSettings::IniFormat);
 };
 
 // A key's value no other key has, so a key read under another's name shows.
@@ -100,26 +88,25 @@ TEST(Settings, EveryKeyIsReadAndSavedUnderItsOwnName)
 {
     CSettingsPlace read;
     for (const CKey& k : kKeys)
-        read.Profile().setValue(k.Key, k.Other);
-    read.Reopen();
+        read.Profile->setValue(k.Key, k.Other);
     const CSettings loaded = read.Loaded();
     for (const CKey& k : kKeys)
         EXPECT_EQ(k.Get(loaded), k.Other) << k.Key;
 
     CSettingsPlace saved;
     saved.WriteIni("[Quillon]\r\nTarget1=board\r\n");
-    const QByteArray ini = saved.IniBytes();
     CSettings settings = saved.Loaded();
     for (const CKey& k : kKeys)
         k.Set(settings, k.Other);
     ASSERT_TRUE(settings.Save());
-    saved.Reopen();
     const CSettings next = saved.Loaded();
     for (const CKey& k : kKeys) {
-        EXPECT_EQ(saved.Profile().value(k.Key).toString(), k.Other) << k.Key;
+        EXPECT_EQ(saved.Profile->value(k.Key).toString(), k.Other) << k.Key;
         EXPECT_EQ(k.Get(next), k.Other) << k.Key;
     }
-    EXPECT_EQ(saved.IniBytes(), ini) << "the initialisation file is never written";
+    QFile ini(saved.Ini());
+    ASSERT_TRUE(ini.open(QIODevice::ReadOnly));
+    EXPECT_EQ(ini.readAll(), "[Quillon]\r\nTarget1=board\r\n") << "the initialisation file is never written";
 }
 
 TEST(Settings, ProfileValuesAreReadLenientlyUnderNamesInAnyCase)
@@ -137,8 +124,7 @@ TEST(Settings, ProfileValuesAreReadLenientlyUnderNamesInAnyCase)
     };
     for (const auto& row : rows) {
         CSettingsPlace place;
-        place.Profile().setValue(row.Key, QString::fromLatin1(row.Text));
-        place.Reopen();
+        place.Profile->setValue(row.Key, QString::fromLatin1(row.Text));
         EXPECT_EQ(Value(place.Loaded(), row.Key), row.Expected) << row.Key << "=" << row.Text;
     }
 }
@@ -173,11 +159,11 @@ TEST(Settings, IniFileIsReadAsAWindowsProfileFileIs)
     EXPECT_EQ(QStringList({settings.GetSaveDir(), settings.GetWorkDir(), settings.GetMan(), settings.GetTargets().join(u'|')}),
               QStringList({"", QString(259, u'w'), "manual.pdf", QString(1023, u't')}));
     // Loading again forgets values that are no longer there.
-    place.Profile().setValue("Settings/WriteCOM", 4);
+    place.Profile->setValue("Settings/WriteCOM", 4);
     place.WriteIni("[Quillon]\nTarget1=other\n");
     settings.Load();
     ASSERT_EQ(settings.GetWriteCOM(), 4);
-    place.Profile().remove("Settings/WriteCOM");
+    place.Profile->remove("Settings/WriteCOM");
     settings.Load();
     EXPECT_EQ(settings.GetWriteCOM(), 0);
     EXPECT_EQ(QStringList({settings.GetSaveDir(), settings.GetWorkDir(), settings.GetTargets().join(u'|')}),
