@@ -18,6 +18,8 @@ TEST(AvrSize, RefusesWhatTheChipCannotHoldAndNamesTheSizes)
     } cases[] = {
         {"a small program fits", "int main(void) { return 0; }\n", {"--stack", "256"}, 0,
          "Program: \\d+ of 32256 bytes of flash, 0 of 2048 bytes of RAM \\(256 bytes kept for the stack\\)\\.\n"},
+        {"initialised data takes flash as well as RAM", "volatile char data[1000] = {1};\nint main(void) { return data[5]; }\n",
+         {"--stack", "256"}, 0, "Program: 1\\d\\d\\d of 32256 bytes of flash, 1000 of 2048 bytes of RAM .*"},
         {"a program in the boot loader's flash",
          "#include <avr/pgmspace.h>\nconst char big[32400] PROGMEM = {1};\n"
          "int main(void) { return pgm_read_byte(&big[5]); }\n",

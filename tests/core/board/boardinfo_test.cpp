@@ -151,6 +151,19 @@ TEST(BoardInfo, ReferencesStayInsideTheBoardFolderAndCommandListsGrow)
     }
 }
 
+TEST(BoardInfo, TypesSharingAnIdAreLimitedByTheSmallestLimit)
+{
+    QTemporaryDir dir;
+    CopyBoardFiles(QStringLiteral(QUILLON_TEST_DATA "/boards/shared"), dir.path());
+    WriteFile(dir.filePath("board_e.xml"),
+              R"(<R><BOARD name="b"><PALETTE><INOUT file="keys.xml"/><PARTS file="nopages.xml"/></PALETTE></BOARD></R>)");
+    WriteFile(dir.filePath("keys.xml"), R"(<PANELS><PALETTE name="p"><PANEL type="KEY" name="a"><USELIMIT value="3"/></PANEL>
+                                           <PANEL type="KEY" name="b"><USELIMIT value="2"/></PANEL></PALETTE></PANELS>)");
+    const CRead read(dir.path());
+    ASSERT_TRUE(read.Ok);
+    EXPECT_EQ(read.Board.UseLimits(), (QHash<int, int>{{10074, 2}}));
+}
+
 TEST(BoardInfo, DeeplyNestedFileIsRefusedAtOnceWithAMessage)
 {
     // 100,000 levels in 700 KB: the DOM reader alone would spend more than half a minute.

@@ -1,6 +1,7 @@
 // Reading one panel definition file into a palette.
 #include "core/panels/paneltest.h"
 #include "paletteinfo.h"
+#include "panelcell.h"
 #include "stringtable.h"
 #include "support/recordingmessenger.h"
 
@@ -66,6 +67,10 @@ TEST(PaletteInfo, EntriesMakeTheirPrototypesWithWeightPortsAndLimitInFileOrder)
     const CPanel& key = *inOut.GetEntry(0, 0)->GetPrototype();
     EXPECT_EQ(key.GetTokens().value(0), "KEY");
     EXPECT_EQ(key.GetCaption(), "Key : ") << "the name refreshes the caption";
+    // A panel taken from the palette is the prototype whole: weight and ports as well.
+    const std::unique_ptr<CPanelCell> cell = inOut.GetEntry(0, 0)->MakeCell();
+    EXPECT_EQ(cell->GetPanel()->GetOption(), 15);
+    EXPECT_EQ(cell->GetPanel()->GetPortList(), key.GetPortList());
     // The prototype's keyword is matched, the first entry first.
     EXPECT_EQ(inOut.FindEntry("SMOTO"), inOut.GetEntry(1, 1));
     EXPECT_EQ(parts.FindEntry("KEY"), parts.GetEntry(1, 1));

@@ -109,6 +109,9 @@ TEST_F(CPipelineFixture, EveryOutcomeEndsTheLogAsTheUserSeesIt)
         {"a script whose interpreter is missing", "hex",
          {"Command execution error.\n(" + tool + ",2)", "No such file or directory", stopped}, {.Commands = {tool}},
          EAnswer::Cancel, "#!/no/such/sh\n"},
+        // Lines are passed on whole, however the output arrives; a last one without its end too.
+        {"output in pieces", "hex", {"Pass3...", "first half", "no end", "The compilation terminated.", "The FLASH writing was canceled."},
+         {.Commands = {tool}}, EAnswer::Cancel, "#!/bin/sh\nprintf 'first '\nsleep 0.3\nprintf 'half\\n'\nprintf 'no end'\n"},
         {"writing needs a writer", "hex", {"The compilation terminated.", "FLASH writer was not setting."}, {}, EAnswer::Ok},
         {"OK starts the board writer", "hex",
          {"The compilation terminated.", "The FLASH writing started.", "The FLASH writing terminated."},
