@@ -7,7 +7,6 @@
 #include <QFile>
 #include <QFileInfo>
 #include <QProcess>
-#include <QStandardPaths>
 #include <QStringList>
 #include <QTemporaryDir>
 
@@ -55,9 +54,8 @@ inline CProgramRun RunProgram(const QString& program, const QStringList& args, c
     process.setProcessChannelMode(QProcess::MergedChannels);
     process.setWorkingDirectory(folder);
     process.start(program, args);
-    if (!process.waitForFinished(120000) || process.exitStatus() != QProcess::NormalExit)
-        return {-1, QString::fromUtf8(process.readAll())};
-    return {process.exitCode(), QString::fromUtf8(process.readAll())};
+    const bool ended = process.waitForFinished(120000) && process.exitStatus() == QProcess::NormalExit;
+    return {ended ? process.exitCode() : -1, QString::fromUtf8(process.readAll())};
 }
 
 // A work folder, the location file in it, and the panel compiler run on it as the build
@@ -76,10 +74,8 @@ public:
         file.open(QIODevice::WriteOnly);
         file.write(layout.Bytes());
         file.close();
-        return RunProgram(m_compiler,
-                          {Path("layout.loc"), "-o", Folder(), "-w", Folder(), "-x", "16", "-y", "40",
-                           QStringLiteral("-c%1").arg(clockSource)},
-                          Folder());
+        return RunProgram(m_compiler, {Path("layout.loc"), "-o", Folder(), "-w", Folder(), "-x", "16", "-y", "40",
+                                       QStringLiteral("-c%1").arg(clockSource)}, Folder());
     }
     QString Read(const QString& name) const
     {
@@ -89,15 +85,12 @@ public:
     // The board's command list after the compiler, as its board file states it.
     CProgramRun CompileC() const
     {
-        return RunProgram("avr-gcc",
-                          {"-mmcu=atmega328p", "-Os", "-std=gnu11", "-ffunction-sections", "-fdata-sections",
-                           "-Wl,--gc-sections", "-o", "BASE.elf", "BASE.c", "PANEL.c"},
-                          Folder());
+        return RunProgram("avr-gcc", {"-mmcu=atmega328p", "-Os", "-std=gnu11", "-ffunction-sections", "-fdata-sections",
+                                      "-Wl,--gc-sections", "-o", "BASE.elf", "BASE.c", "PANEL.c"}, Folder());
     }
-    CProgramRun CheckSize(const QString& flash = "32256") const
+    CProgramRun CheckSize() const
     {
-        return RunProgram("./PANEL.avrsize", {"BASE.elf", "--flash", flash, "--ram", "2048", "--stack", "256"},
-                          Folder());
+        return RunProgram("./PANEL.avrsize", {"BASE.elf", "--flash", "32256", "--ram", "2048", "--stack", "256"}, Folder());
     }
 
 private:

@@ -1,6 +1,7 @@
 // Reading one panel definition file into a palette.
-#include "paletteinfo.h"
 #include "core/panels/paneltest.h"
+#include "paletteinfo.h"
+#include "panelcell.h"
 #include "stringtable.h"
 #include "support/recordingmessenger.h"
 
@@ -8,160 +9,95 @@
 
 namespace {
 
-QString Shared(const char* file)
-{
-    return QDir(QStringLiteral(QUILLON_TEST_DATA "/boards/shared")).filePath(file);
-}
-
 // Keeps the icon of every message as well.
-class CIconMessenger : public CRecordingMessenger
+struct CIconMessenger : CRecordingMessenger
 {
-  public:
     EAnswer Message(const QString& text, EButtons buttons, EIcon icon) override
     {
         Icons.append(icon);
         return CRecordingMessenger::Message(text, buttons, icon);
     }
-
     QList<EIcon> Icons;
 };
 
-CPortList BoardPorts()
+// Reads a file of the shared fixtures against a board with ports P1 (alias D1) and P2.
+bool Read(CPaletteInfo& palette, const char* file, IMessenger& messenger)
 {
     CPortList ports;
     ports.Add({"1", "P1", "D1"});
     ports.Add({"2", "P2", ""});
-    return ports;
+    return palette.Read(QDir(QStringLiteral(QUILLON_TEST_DATA "/boards/shared")).filePath(file), messenger, ports);
 }
 
-QStringList Types(const CPaletteInfo& palette, int page)
+// Page titles, then each page's entries as type, use limit, weight and ports.
+QStringList Contents(const CPaletteInfo& palette)
 {
-    QStringList types;
-    for (int i = 0; i < palette.GetEntryCount(page); ++i)
-        types << palette.GetEntry(page, i)->GetType();
-    return types;
+    QStringList text;
+    for (int page = 0; page < palette.GetPageCount(); ++page) {
+        text << palette.GetPageTitle(page) + u':';
+        for (int i = 0; i < palette.GetEntryCount(page); ++i) {
+            const CPaletteEntry* entry = palette.GetEntry(page, i);
+            QString line = entry->GetType() + u' ' + QString::number(entry->GetUseLimit());
+            if (const CPanel* prototype = entry->GetPrototype()) {
+                line += u' ' + QString::number(prototype->GetWeight());
+                for (int p = 0; p < prototype->GetPortList().GetCount(); ++p)
+                    line += u' ' + prototype->GetPortList().DisplayName(prototype->GetPortList().GetAt(p));
+            }
+            text << line;
+        }
+    }
+    return text;
 }
 
 } // namespace
 
-TEST(PaletteInfo, PagesAndEntriesKeepFileOrderAndOtherElementsAreSkipped)
+TEST(PaletteInfo, EntriesMakeTheirPrototypesWithWeightPortsAndLimitInFileOrder)
 {
     CRecordingMessenger messenger;
-    CPaletteInfo palette;
-    ASSERT_TRUE(palette.Read(Shared("inout_e.xml"), messenger, BoardPorts()));
+    CPaletteInfo inOut, parts;
+    ASSERT_TRUE(Read(inOut, "inout_e.xml", messenger) && Read(parts, "parts_e.xml", messenger));
     EXPECT_TRUE(messenger.Texts.isEmpty());
-    ASSERT_EQ(palette.GetPageCount(), 2);
-    EXPECT_EQ(palette.GetPageTitle(0), "In");
-    EXPECT_EQ(palette.GetPageTitle(1), "Out");
-    EXPECT_EQ(Types(palette, 0), QStringList{"KEY"});
-    EXPECT_EQ(Types(palette, 1), (QStringList{"LAMP", "SMOTO"}));
+    // Elements of other names are skipped; no USELIMIT is no limit, WEIGHT 12abc reads 12, a
+    // port the board does not list has no alias, and without WEIGHT the panel keeps its own.
+    EXPECT_EQ(Contents(inOut), QStringList({"In:", "KEY 2 15 P1(D1) P2", "Out:", "LAMP -1 12 P9 P2", "SMOTO 3 10 P1(D1)"}));
+    // An unknown type keeps its place without a prototype, and is not offered.
+    EXPECT_EQ(Contents(parts), QStringList({"Wires:", "LINE -1 0", "Misc:", "SMOT 1 10", "KEY -1 10", "BOGUS 4"}));
+    EXPECT_EQ(parts.GetEntry(1, 2)->GetValue(), "kept");
+    EXPECT_EQ(parts.FindEntry("BOGUS"), nullptr);
+    const CPanel& key = *inOut.GetEntry(0, 0)->GetPrototype();
+    EXPECT_EQ(key.GetTokens().value(0), "KEY");
+    EXPECT_EQ(key.GetCaption(), "Key : ") << "the name refreshes the caption";
+    // A panel taken from the palette is the prototype whole: weight and ports as well.
+    const std::unique_ptr<CPanelCell> cell = inOut.GetEntry(0, 0)->MakeCell();
+    EXPECT_EQ(cell->GetPanel()->GetWeight(), 15);
+    EXPECT_EQ(cell->GetPanel()->GetPortList(), key.GetPortList());
+    // The prototype's keyword is matched, the first entry first.
+    EXPECT_EQ(inOut.FindEntry("SMOTO"), inOut.GetEntry(1, 1));
+    EXPECT_EQ(parts.FindEntry("KEY"), parts.GetEntry(1, 1));
+    EXPECT_EQ(inOut.FindEntry("SMOT"), nullptr);
+    EXPECT_EQ(inOut.FindEntry(""), nullptr);
+    EXPECT_TRUE(inOut.GetEntry(0, 1) == nullptr && inOut.GetEntry(0, -1) == nullptr && inOut.GetEntry(2, 0) == nullptr &&
+                inOut.GetEntry(-1, 0) == nullptr && inOut.GetEntryCount(5) == 0 && inOut.GetPageTitle(5).isEmpty());
 }
 
-TEST(PaletteInfo, EntryMakesItsPrototypeWithNameWeightPortsAndLimit)
+TEST(PaletteInfo, AFaultIsReportedOnceAsAnErrorInTheInterfaceLanguage)
 {
-    CRecordingMessenger messenger;
-    CPaletteInfo palette;
-    ASSERT_TRUE(palette.Read(Shared("inout_e.xml"), messenger, BoardPorts()));
-
-    const CPaletteEntry* key = palette.GetEntry(0, 0);
-    ASSERT_TRUE(key && key->GetPrototype());
-    const CPanel& prototype = *key->GetPrototype();
-    EXPECT_EQ(prototype.GetTokens().value(0), "KEY");
-    EXPECT_EQ(prototype.GetName(), "Key");
-    EXPECT_EQ(prototype.GetCaption(), "Key : ") << "the name refreshes the caption";
-    EXPECT_EQ(prototype.GetWeight(), 15);
-    EXPECT_EQ(key->GetUseLimit(), 2);
-    ASSERT_EQ(prototype.GetPortList().GetCount(), 2);
-    EXPECT_EQ(prototype.GetPortList().GetEntry(0), (CPortEntry{"1", "P1", "D1"}));
-    EXPECT_EQ(prototype.GetPortList().DisplayName("P1"), "P1(D1)");
-    EXPECT_EQ(prototype.GetPortList().DisplayName("P2"), "P2");
-
-    const CPaletteEntry* lamp = palette.GetEntry(1, 0);
-    ASSERT_TRUE(lamp && lamp->GetPrototype());
-    EXPECT_EQ(lamp->GetUseLimit(), -1) << "no USELIMIT, no limit";
-    EXPECT_EQ(lamp->GetPrototype()->GetWeight(), 12) << "WEIGHT 12abc read leniently";
-    EXPECT_EQ(lamp->GetPrototype()->GetPortList().GetEntry(0), (CPortEntry{"9", "P9", ""}))
-        << "a port the board does not list has no alias";
-}
-
-TEST(PaletteInfo, WithoutWeightThePrototypeKeepsItsOwn)
-{
-    CRecordingMessenger messenger;
-    CPaletteInfo palette;
-    ASSERT_TRUE(palette.Read(Shared("parts_e.xml"), messenger, BoardPorts()));
-    const CPaletteEntry* motor = palette.GetEntry(1, 0);
-    ASSERT_TRUE(motor && motor->GetPrototype());
-    EXPECT_EQ(motor->GetPrototype()->GetWeight(), 10);
-}
-
-TEST(PaletteInfo, UnknownTypeKeepsItsPlaceWithoutPrototype)
-{
-    CRecordingMessenger messenger;
-    CPaletteInfo palette;
-    ASSERT_TRUE(palette.Read(Shared("parts_e.xml"), messenger, BoardPorts()));
-    EXPECT_TRUE(messenger.Texts.isEmpty());
-    ASSERT_EQ(Types(palette, 1), (QStringList{"SMOT", "KEY", "BOGUS"}));
-    const CPaletteEntry* unknown = palette.GetEntry(1, 2);
-    EXPECT_EQ(unknown->GetPrototype(), nullptr);
-    EXPECT_EQ(unknown->GetUseLimit(), 4);
-    EXPECT_EQ(unknown->GetValue(), "kept");
-    EXPECT_EQ(palette.FindEntry("BOGUS"), nullptr) << "nothing to offer for it";
-}
-
-TEST(PaletteInfo, FindEntryMatchesThePrototypesKeywordFirstEntryFirst)
-{
-    CRecordingMessenger messenger;
-    CPaletteInfo palette;
-    ASSERT_TRUE(palette.Read(Shared("inout_e.xml"), messenger, BoardPorts()));
-    EXPECT_EQ(palette.FindEntry("SMOTO"), palette.GetEntry(1, 1));
-    EXPECT_EQ(palette.FindEntry("KEY"), palette.GetEntry(0, 0));
-    EXPECT_EQ(palette.FindEntry("SMOT"), nullptr);
-    EXPECT_EQ(palette.FindEntry(""), nullptr);
-}
-
-TEST(PaletteInfo, FileWithoutPagesIsAnEmptyPaletteAndNoFault)
-{
-    CRecordingMessenger messenger;
-    CPaletteInfo palette;
-    EXPECT_TRUE(palette.Read(Shared("nopages.xml"), messenger, BoardPorts()));
-    EXPECT_EQ(palette.GetPageCount(), 0);
-    EXPECT_TRUE(messenger.Texts.isEmpty());
-}
-
-TEST(PaletteInfo, UnreadableFileIsReportedOnceAsAnError)
-{
-    for (const char* file : {"broken.xml", "nosuchfile.xml"}) {
-        SCOPED_TRACE(file);
+    const struct { const char* File; ELanguage Language; const char* Message; /* "" when the file reads */ } rows[] = {
+        {"nopages.xml", ELanguage::English, ""}, // an empty palette and no fault
+        {"broken.xml", ELanguage::English, "Error found in panel definition file."},
+        {"nosuchfile.xml", ELanguage::English, "Error found in panel definition file."},
+        {"broken.xml", ELanguage::Japanese, "パネル定義ファイルにエラーがあります。"},
+    };
+    for (const auto& row : rows) {
+        SCOPED_TRACE(row.File);
         CIconMessenger messenger;
         CPaletteInfo palette;
-        ASSERT_TRUE(palette.Read(Shared("inout_e.xml"), messenger, BoardPorts()));
-        EXPECT_FALSE(palette.Read(Shared(file), messenger, BoardPorts()));
-        EXPECT_EQ(messenger.Texts, QStringList{"Error found in panel definition file."});
-        EXPECT_EQ(messenger.Icons, QList<EIcon>{EIcon::Error});
+        ASSERT_TRUE(Read(palette, "inout_e.xml", messenger));
+        CStringTable::SetLanguage(row.Language);
+        EXPECT_EQ(Read(palette, row.File, messenger), !*row.Message);
+        CStringTable::SetLanguage(ELanguage::English);
+        EXPECT_EQ(messenger.Texts, *row.Message ? QStringList{row.Message} : QStringList());
+        EXPECT_EQ(messenger.Icons, *row.Message ? QList<EIcon>{EIcon::Error} : QList<EIcon>());
         EXPECT_EQ(palette.GetPageCount(), 0) << "nothing of the earlier file stays";
     }
-}
-
-TEST(PaletteInfo, FaultMessageComesInTheInterfaceLanguage)
-{
-    CStringTable::SetLanguage(ELanguage::Japanese);
-    CRecordingMessenger messenger;
-    CPaletteInfo palette;
-    const bool read = palette.Read(Shared("broken.xml"), messenger, BoardPorts());
-    CStringTable::SetLanguage(ELanguage::English);
-    EXPECT_FALSE(read);
-    EXPECT_EQ(messenger.Texts, QStringList{"パネル定義ファイルにエラーがあります。"});
-}
-
-TEST(PaletteInfo, OutOfRangeAsksAnswerNothing)
-{
-    CRecordingMessenger messenger;
-    CPaletteInfo palette;
-    ASSERT_TRUE(palette.Read(Shared("inout_e.xml"), messenger, BoardPorts()));
-    EXPECT_EQ(palette.GetEntry(0, 1), nullptr);
-    EXPECT_EQ(palette.GetEntry(0, -1), nullptr);
-    EXPECT_EQ(palette.GetEntry(2, 0), nullptr);
-    EXPECT_EQ(palette.GetEntry(-1, 0), nullptr);
-    EXPECT_EQ(palette.GetEntryCount(5), 0);
-    EXPECT_EQ(palette.GetPageTitle(5), "");
 }

@@ -1,6 +1,6 @@
 // The settings store: defaults, the profile round trip and the initialisation file.
-#include "settings.h"
 #include "core/panels/paneltest.h"
+#include "settings.h"
 
 #include <QFile>
 #include <QSettings>
@@ -13,84 +13,63 @@ namespace {
 
 // A profile and an initialisation file of their own in a temporary folder, so no test
 // touches the user's real profile.
-class CSettingsPlace
+struct CSettingsPlace
 {
-  public:
-    CSettingsPlace()
-        : m_profile(
-              std::make_unique<QSettings>(m_dir.filePath("profile.ini"), QSettings::IniFormat))
-    {
-    }
+    QTemporaryDir Dir;
+    std::unique_ptr<QSettings> Profile = Open();
 
-    QSettings& Profile() { return *m_profile; }
-    QString IniPath() const { return m_dir.filePath(CSettings::kIniFileName); }
-
+    std::unique_ptr<QSettings> Open() const { return std::make_unique<QSettings>(Dir.filePath("p.ini"), QSettings::IniFormat); }
+    QString Ini() const { return Dir.filePath(CSettings::kIniFileName); }
     void WriteIni(const QByteArray& text) const
     {
-        QFile file(IniPath());
+        QFile file(Ini());
         ASSERT_TRUE(file.open(QIODevice::WriteOnly));
         file.write(text);
     }
-
-    QByteArray IniBytes() const
-    {
-        QFile file(IniPath());
-        return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray();
-    }
-
+    // The settings as the next start of the program reads them, from a fresh view of the profile.
     CSettings Loaded()
     {
-        CSettings settings(m_profile.get(), IniPath());
+        Profile->sync();
+        Profile = Open();
+        CSettings settings(Profile.get(), Ini());
         settings.Load();
         return settings;
     }
-
-    // A fresh view of the same profile file, as the next start of the program sees it.
-    void Reopen()
-    {
-        m_profile->sync();
-        m_profile =
-            std::make_unique<QSettings>(m_dir.filePath("profile.ini"), QSettings::IniFormat);
-    }
-
-  private:
-    QTemporaryDir m_dir;
-    std::unique_ptr<QSettings> m_profile;
 };
 
-struct CIntRow
+// A key's value no other key has, so a key read under another's name shows.
+struct CKey { const char* Key; std::function<QString(const CSettings&)> Get; std::function<void(CSettings&, const QString&)> Set;
+              const char* Default; const char* Other; };
+
+#define SETTINGS_KEY(Key, Name, Type, Default, Other)                                          \
+    {Key, [](const CSettings& s) { return QVariant::fromValue(s.Get##Name()).toString(); },   \
+     [](CSettings& s, const QString& v) { s.Set##Name(QVariant(v).value<Type>()); }, Default, Other}
+
+const CKey kKeys[] = {
+    SETTINGS_KEY("Settings/Load", Load, int, "1", "41"),
+    SETTINGS_KEY("Settings/FixedIO", FixedIO, int, "1", "42"),
+    SETTINGS_KEY("Settings/WriteCOM", WriteCOM, int, "0", "43"),
+    SETTINGS_KEY("Settings/WriteWait", WriteWait, int, "2", "44"),
+    SETTINGS_KEY("Settings/ClockSource", ClockSource, int, "-1", "45"),
+    SETTINGS_KEY("Settings/SaveBeforeCompile", SaveBeforeCompile, int, "0", "46"),
+    SETTINGS_KEY("Settings/SelectWriter", SelectWriter, int, "0", "47"),
+    SETTINGS_KEY("Settings/IPAddress", IPAddress, quint32, "0", "3232235530"), // above the signed range
+    SETTINGS_KEY("Settings/IPMask", IPMask, quint32, "0", "4294967040"),
+    SETTINGS_KEY("Settings/Target", Target, QString, "", "atmega328p"),
+    SETTINGS_KEY("Settings/Writer", Writer, QString, "", "C:/tools/writer.exe"),
+    SETTINGS_KEY("Settings/WriterOptions", WriterOptions, QString, "", "-f %hex% -v"),
+    SETTINGS_KEY("Settings/WritePort", WritePort, QString, "", "/dev/ttyUSB1"),
+    SETTINGS_KEY("Folders/Project", Project, QString, "Project", "My Project"),
+};
+
+QString Value(const CSettings& settings, const char* key)
 {
-    const char* Key;
-    std::function<qint64(const CSettings&)> Get;
-    qint64 Default;
-};
-
-const CIntRow kIntRows[] = {
-    {"Settings/Load", [](const CSettings& s) { return s.GetLoad(); }, 1},
-    {"Settings/FixedIO", [](const CSettings& s) { return s.GetFixedIO(); }, 1},
-    {"Settings/WriteCOM", [](const CSettings& s) { return s.GetWriteCOM(); }, 0},
-    {"Settings/WriteWait", [](const CSettings& s) { return s.GetWriteWait(); }, 2},
-    {"Settings/ClockSource", [](const CSettings& s) { return s.GetClockSource(); }, -1},
-    {"Settings/SaveBeforeCompile", [](const CSettings& s) { return s.GetSaveBeforeCompile(); }, 0},
-    {"Settings/IPAddress", [](const CSettings& s) { return s.GetIPAddress(); }, 0},
-    {"Settings/IPMask", [](const CSettings& s) { return s.GetIPMask(); }, 0},
-    {"Settings/SelectWriter", [](const CSettings& s) { return s.GetSelectWriter(); }, 0},
-};
-
-struct CTextRow
-{
-    const char* Key;
-    std::function<QString(const CSettings&)> Get;
-    const char* Default;
-};
-
-const CTextRow kTextRows[] = {
-    {"Settings/Target", [](const CSettings& s) { return s.GetTarget(); }, ""},
-    {"Settings/Writer", [](const CSettings& s) { return s.GetWriter(); }, ""},
-    {"Settings/WriterOptions", [](const CSettings& s) { return s.GetWriterOptions(); }, ""},
-    {"Settings/WritePort", [](const CSettings& s) { return s.GetWritePort(); }, ""},
-    {"Folders/Project", [](const CSettings& s) { return s.GetProject(); }, "Project"},
-};
+    for (const CKey& k : kKeys)
+        if (QString::fromLatin1(k.Key).compare(QLatin1String(key), Qt::CaseInsensitive) == 0)
+            return k.Get(settings);
+    ADD_FAILURE() << "no such key " << key;
+    return QString();
+}
 
 } // namespace
 
@@ -98,183 +77,95 @@ TEST(Settings, FirstStartWithoutProfileOrIniTakesEveryDefault)
 {
     CSettingsPlace place;
     const CSettings settings = place.Loaded();
-    for (const CIntRow& row : kIntRows)
-        EXPECT_EQ(row.Get(settings), row.Default) << row.Key;
-    for (const CTextRow& row : kTextRows)
-        EXPECT_EQ(row.Get(settings), row.Default) << row.Key;
+    for (const CKey& k : kKeys)
+        EXPECT_EQ(k.Get(settings), k.Default) << k.Key;
     EXPECT_TRUE(settings.GetTargets().isEmpty());
-    EXPECT_EQ(settings.GetSaveDir(), "save");
-    EXPECT_EQ(settings.GetWorkDir(), "work");
-    EXPECT_EQ(settings.GetMan(), "");
+    EXPECT_EQ(QStringList({settings.GetSaveDir(), settings.GetWorkDir(), settings.GetMan()}),
+              QStringList({"save", "work", ""}));
 }
 
-TEST(Settings, EveryProfileKeyIsReadUnderItsOwnName)
+TEST(Settings, EveryKeyIsReadAndSavedUnderItsOwnName)
 {
-    // Each key gets a value of its own, so a key read under another's name shows.
-    CSettingsPlace place;
-    int n = 40;
-    for (const CIntRow& row : kIntRows)
-        place.Profile().setValue(row.Key, ++n);
-    for (const CTextRow& row : kTextRows)
-        place.Profile().setValue(row.Key, QString::fromLatin1(row.Key) + "!");
-    place.Reopen();
+    CSettingsPlace read;
+    for (const CKey& k : kKeys)
+        read.Profile->setValue(k.Key, k.Other);
+    const CSettings loaded = read.Loaded();
+    for (const CKey& k : kKeys)
+        EXPECT_EQ(k.Get(loaded), k.Other) << k.Key;
 
-    const CSettings settings = place.Loaded();
-    n = 40;
-    for (const CIntRow& row : kIntRows)
-        EXPECT_EQ(row.Get(settings), ++n) << row.Key;
-    for (const CTextRow& row : kTextRows)
-        EXPECT_EQ(row.Get(settings), QString::fromLatin1(row.Key) + "!");
-}
-
-TEST(Settings, SaveWritesEveryProfileKeyAndTheNextStartReadsItBack)
-{
-    CSettingsPlace place;
-    place.WriteIni("[Quillon]\r\nTarget1=board\r\n");
-    const QByteArray ini = place.IniBytes();
-
-    CSettings settings = place.Loaded();
-    settings.SetLoad(0);
-    settings.SetFixedIO(0);
-    settings.SetWriteCOM(7);
-    settings.SetWriteWait(0);
-    settings.SetClockSource(2);
-    settings.SetSaveBeforeCompile(1);
-    settings.SetTarget("atmega328p");
-    settings.SetIPAddress(0xC0A8000A); // 192.168.0.10, above the signed range
-    settings.SetIPMask(0xFFFFFF00);
-    settings.SetSelectWriter(1);
-    settings.SetWriter("C:/tools/writer.exe");
-    settings.SetWriterOptions("-f %hex% -v");
-    settings.SetProject("My Project");
+    CSettingsPlace saved;
+    saved.WriteIni("[Quillon]\r\nTarget1=board\r\n");
+    CSettings settings = saved.Loaded();
+    for (const CKey& k : kKeys)
+        k.Set(settings, k.Other);
     ASSERT_TRUE(settings.Save());
-    place.Reopen();
-
-    EXPECT_EQ(place.Profile().value("Settings/ClockSource").toInt(), 2);
-    EXPECT_EQ(place.Profile().value("Folders/Project").toString(), "My Project");
-    const CSettings next = place.Loaded();
-    EXPECT_EQ(next.GetLoad(), 0);
-    EXPECT_EQ(next.GetFixedIO(), 0);
-    EXPECT_EQ(next.GetWriteCOM(), 7);
-    EXPECT_EQ(next.GetWriteWait(), 0);
-    EXPECT_EQ(next.GetClockSource(), 2);
-    EXPECT_EQ(next.GetSaveBeforeCompile(), 1);
-    EXPECT_EQ(next.GetTarget(), "atmega328p");
-    EXPECT_EQ(next.GetIPAddress(), 0xC0A8000Au);
-    EXPECT_EQ(next.GetIPMask(), 0xFFFFFF00u);
-    EXPECT_EQ(next.GetSelectWriter(), 1);
-    EXPECT_EQ(next.GetWriter(), "C:/tools/writer.exe");
-    EXPECT_EQ(next.GetWriterOptions(), "-f %hex% -v");
-    EXPECT_EQ(next.GetProject(), "My Project");
-    EXPECT_EQ(place.IniBytes(), ini) << "the initialisation file is never written";
+    const CSettings next = saved.Loaded();
+    for (const CKey& k : kKeys) {
+        EXPECT_EQ(saved.Profile->value(k.Key).toString(), k.Other) << k.Key;
+        EXPECT_EQ(k.Get(next), k.Other) << k.Key;
+    }
+    QFile ini(saved.Ini());
+    ASSERT_TRUE(ini.open(QIODevice::ReadOnly));
+    EXPECT_EQ(ini.readAll(), "[Quillon]\r\nTarget1=board\r\n") << "the initialisation file is never written";
 }
 
-TEST(Settings, ProfileNumbersAreReadLeniently)
+TEST(Settings, ProfileValuesAreReadLenientlyUnderNamesInAnyCase)
 {
-    const struct
-    {
-        const char* Text;
-        int ClockSource;
-    } rows[] = {
-        {"3", 3}, {" -2", -2}, {"12abc", 12}, {"abc", 0}, {"", 0},
+    const struct { const char* Key; /* as written in the profile */ const char* Text; const char* Expected; } rows[] = {
+        {"Settings/ClockSource", "3", "3"},
+        {"Settings/ClockSource", " -2", "-2"},
+        {"Settings/ClockSource", "12abc", "12"},
+        {"Settings/ClockSource", "abc", "0"},
+        {"Settings/ClockSource", "", "0"},
+        {"Settings/IPAddress", "3232235530", "3232235530"},
+        {"Settings/IPAddress", "-1062731766", "3232235530"}, // written signed
+        {"settings/writeport", "/dev/ttyUSB1", "/dev/ttyUSB1"},
+        {"SETTINGS/WRITEWAIT", "7", "7"},
     };
     for (const auto& row : rows) {
         CSettingsPlace place;
-        place.Profile().setValue("Settings/ClockSource", QString::fromLatin1(row.Text));
-        place.Reopen();
-        EXPECT_EQ(place.Loaded().GetClockSource(), row.ClockSource) << row.Text;
+        place.Profile->setValue(row.Key, QString::fromLatin1(row.Text));
+        EXPECT_EQ(Value(place.Loaded(), row.Key), row.Expected) << row.Key << "=" << row.Text;
     }
 }
 
-TEST(Settings, ProfileNamesAreMatchedInAnyCase)
+TEST(Settings, IniFileIsReadAsAWindowsProfileFileIs)
 {
-    CSettingsPlace place;
-    place.Profile().setValue("settings/writeport", "/dev/ttyUSB1");
-    place.Profile().setValue("SETTINGS/WRITEWAIT", 7);
-    place.Reopen();
-    const CSettings settings = place.Loaded();
-    EXPECT_EQ(settings.GetWritePort(), "/dev/ttyUSB1");
-    EXPECT_EQ(settings.GetWriteWait(), 7);
-}
-
-TEST(Settings, AddressIsReadWholeWhetherWrittenSignedOrUnsigned)
-{
-    for (const char* text : {"3232235530", "-1062731766"}) {
-        CSettingsPlace place;
-        place.Profile().setValue("Settings/IPAddress", QString::fromLatin1(text));
-        place.Reopen();
-        EXPECT_EQ(place.Loaded().GetIPAddress(), 0xC0A8000Au) << text;
-    }
-}
-
-TEST(Settings, TargetListStopsAtTheFirstMissingOrEmptyKey)
-{
-    const struct
-    {
-        const char* Name;
-        QByteArray Ini;
-        QStringList Targets;
-    } rows[] = {
-        {"in order", "[Quillon]\nTarget1=a\nTarget2=b\nTarget3=c\n", {"a", "b", "c"}},
-        {"gap after the first", "[Quillon]\nTarget1=a\nTarget3=c\n", {"a"}},
-        {"no Target1", "[Quillon]\nTarget2=b\nTarget3=c\n", {}},
-        {"empty value ends it", "[Quillon]\nTarget1=a\nTarget2=\nTarget3=c\n", {"a"}},
-        {"file order does not matter", "[Quillon]\nTarget2=b\nTarget1=a\n", {"a", "b"}},
-        {"other section ignored", "[Other]\nTarget1=x\n[Quillon]\nTarget1=a\n", {"a"}},
-        {"comma kept in the value", "[Quillon]\nTarget1=a,b\n", {"a,b"}},
-        // Read as a Windows profile file is: values verbatim, names in any case.
-        {"comma and blank kept", "[Quillon]\nTarget1=a, b\n", {"a, b"}},
-        {"semicolon kept", "[Quillon]\nTarget1=a;b\nTarget2=c ; d\n", {"a;b", "c ; d"}},
-        {"names in any case", "[QUILLON]\r\ntarget1=a\r\nTARGET2 = b\r\n", {"a", "b"}},
-        {"quotes enclosing the value", "[Quillon]\nTarget1=\"my board\"\n", {"my board"}},
-        {"the first of two equal keys", "[Quillon]\nTarget1=a\nTarget1=b\n", {"a"}},
-        {"a commented key is no key", "[Quillon]\n;Target1=x\nTarget1=a\n", {"a"}},
+    const struct { const char* Name; QByteArray Ini; const char* Targets; } rows[] = {
+        {"targets in order", "[Quillon]\nTarget1=a\nTarget2=b\nTarget3=c\n", "a|b|c"},
+        {"a gap ends the targets", "[Quillon]\nTarget1=a\nTarget3=c\n", "a"},
+        {"no Target1, no targets", "[Quillon]\nTarget2=b\nTarget3=c\n", ""},
+        {"an empty value ends them", "[Quillon]\nTarget1=a\nTarget2=\nTarget3=c\n", "a"},
+        {"file order does not matter", "[Quillon]\nTarget2=b\nTarget1=a\n", "a|b"},
+        {"other section ignored", "[Other]\nTarget1=x\n[Quillon]\nTarget1=a\n", "a"},
+        {"comma kept in the value", "[Quillon]\nTarget1=a,b\n", "a,b"},
+        {"comma and blank kept", "[Quillon]\nTarget1=a, b\n", "a, b"},
+        {"semicolon kept", "[Quillon]\nTarget1=a;b\nTarget2=c ; d\n", "a;b|c ; d"},
+        {"names in any case", "[QUILLON]\r\ntarget1=a\r\nTARGET2 = b\r\n", "a|b"},
+        {"quotes enclosing the value", "[Quillon]\nTarget1=\"my board\"\n", "my board"},
+        {"the first of two equal keys", "[Quillon]\nTarget1=a\nTarget1=b\n", "a"},
+        {"a commented key is no key", "[Quillon]\n;Target1=x\nTarget1=a\n", "a"},
     };
     for (const auto& row : rows) {
         CSettingsPlace place;
         place.WriteIni(row.Ini);
-        EXPECT_EQ(place.Loaded().GetTargets(), row.Targets) << row.Name;
+        EXPECT_EQ(place.Loaded().GetTargets().join(u'|'), row.Targets) << row.Name;
     }
-}
-
-TEST(Settings, IniFoldersTakeTheirDefaultsOnlyWhenMissing)
-{
+    // A key present but empty stays empty, only a missing one takes its default; values are
+    // cut to their buffers.
     CSettingsPlace place;
-    place.WriteIni("[Quillon]\nSaveDir=\nMan=manual.pdf\n");
-    const CSettings settings = place.Loaded();
-    EXPECT_EQ(settings.GetWorkDir(), "work");
-    EXPECT_EQ(settings.GetSaveDir(), "") << "a key that is present but empty stays empty";
-    EXPECT_EQ(settings.GetMan(), "manual.pdf");
-}
-
-TEST(Settings, IniValuesAreCutToTheirBuffers)
-{
-    CSettingsPlace place;
-    const QByteArray longTarget(1500, 't');
-    const QByteArray longDir(400, 'w');
-    place.WriteIni("[Quillon]\nTarget1=" + longTarget + "\nWorkDir=" + longDir + "\n");
-    const CSettings settings = place.Loaded();
-    ASSERT_EQ(settings.GetTargets().size(), 1);
-    EXPECT_EQ(settings.GetTargets()[0].size(), 1023);
-    EXPECT_EQ(settings.GetWorkDir().size(), 259);
-}
-
-TEST(Settings, LoadForgetsValuesThatAreNoLongerThere)
-{
-    CSettingsPlace place;
-    place.WriteIni("[Quillon]\nTarget1=a\n");
-    place.Profile().setValue("Settings/WriteCOM", 4);
+    place.WriteIni("[Quillon]\nSaveDir=\nMan=manual.pdf\nWorkDir=" + QByteArray(400, 'w') + "\nTarget1=" + QByteArray(1500, 't'));
     CSettings settings = place.Loaded();
-    ASSERT_EQ(settings.GetWriteCOM(), 4);
-
-    place.Profile().remove("Settings/WriteCOM");
+    EXPECT_EQ(QStringList({settings.GetSaveDir(), settings.GetWorkDir(), settings.GetMan(), settings.GetTargets().join(u'|')}),
+              QStringList({"", QString(259, u'w'), "manual.pdf", QString(1023, u't')}));
+    // Loading again forgets values that are no longer there.
+    place.Profile->setValue("Settings/WriteCOM", 4);
     place.WriteIni("[Quillon]\nTarget1=other\n");
     settings.Load();
+    ASSERT_EQ(settings.GetWriteCOM(), 4);
+    place.Profile->remove("Settings/WriteCOM");
+    settings.Load();
     EXPECT_EQ(settings.GetWriteCOM(), 0);
-    EXPECT_EQ(settings.GetTargets(), QStringList{"other"});
-}
-
-TEST(Settings, IniLivesBesideTheExecutable)
-{
-    EXPECT_EQ(CSettings::IniPathIn("/opt/quillon/bin"), "/opt/quillon/bin/quillon.ini");
+    EXPECT_EQ(QStringList({settings.GetSaveDir(), settings.GetWorkDir(), settings.GetTargets().join(u'|')}),
+              QStringList({"save", "work", "other"}));
 }

@@ -13,20 +13,21 @@
 #include <QSettings>
 #include <QTemporaryDir>
 
-TEST(Startup, SwitchesChooseTheLanguageAndEnglishWins)
+TEST(Startup, SwitchesChooseTheLanguageAndTheLayout)
 {
-    EXPECT_EQ(CStartup::LanguageFor({"quillon"}, false), ELanguage::English);
-    EXPECT_EQ(CStartup::LanguageFor({"quillon"}, true), ELanguage::Japanese);
-    EXPECT_EQ(CStartup::LanguageFor({"quillon", "-jpn"}, false), ELanguage::Japanese);
-    EXPECT_EQ(CStartup::LanguageFor({"quillon", "x.loc", "-jpn", "-eng"}, true), ELanguage::English);
-    EXPECT_EQ(CStartup::LanguageFor({"quillon", "my-english.loc"}, true), ELanguage::English);
-    // Only the arguments count, never the program's own path.
-    EXPECT_EQ(CStartup::LanguageFor({"/opt/q-eng/quillon"}, true), ELanguage::Japanese);
-    EXPECT_EQ(CStartup::LanguageFor({"/opt/q-jpn/quillon"}, false), ELanguage::English);
-}
-
-TEST(Startup, LayoutArgumentIsTheFirstThatIsNoSwitch)
-{
+    const struct { QStringList Arguments; bool UserIsJapanese; ELanguage Language; } rows[] = {
+        {{"quillon"}, false, ELanguage::English},
+        {{"quillon"}, true, ELanguage::Japanese},
+        {{"quillon", "-jpn"}, false, ELanguage::Japanese},
+        {{"quillon", "x.loc", "-jpn", "-eng"}, true, ELanguage::English}, // English wins
+        {{"quillon", "my-english.loc"}, true, ELanguage::English}, // a switch anywhere in one
+        // Only the arguments count, never the program's own path.
+        {{"/opt/q-eng/quillon"}, true, ELanguage::Japanese},
+        {{"/opt/q-jpn/quillon"}, false, ELanguage::English},
+    };
+    for (const auto& row : rows)
+        EXPECT_EQ(CStartup::LanguageFor(row.Arguments, row.UserIsJapanese), row.Language)
+            << row.Arguments.join(' ').toStdString();
     EXPECT_EQ(CStartup::LayoutArgument({"quillon", "-eng", "a.loc", "b.loc"}), "a.loc");
     EXPECT_EQ(CStartup::LayoutArgument({"quillon", "-jpn"}), "");
 }
@@ -37,82 +38,58 @@ TEST(Startup, FoldersAreWrittenForOtherPrograms)
     QSettings profile(dir.filePath("p.ini"), QSettings::IniFormat);
     CStartup::WriteFolders(profile, "/opt/quillon");
     CStartup::WriteBoardFolder(profile, "/opt/quillon/TARGET/atmega328p");
-    EXPECT_EQ(profile.value("Folders/Me").toString(), "/opt/quillon/");
-    EXPECT_EQ(profile.value("Folders/Work").toString(), "/opt/quillon/Work");
-    EXPECT_EQ(profile.value("Folders/Save").toString(), "/opt/quillon/Save");
-    EXPECT_EQ(profile.value("Folders/Tools").toString(), "/opt/quillon/Tools");
-    EXPECT_EQ(profile.value("Folders/Board").toString(), "/opt/quillon/TARGET/atmega328p");
+    QStringList written;
+    for (const char* key : {"Me", "Work", "Save", "Tools", "Board"})
+        written << profile.value(QStringLiteral("Folders/") + key).toString();
+    EXPECT_EQ(written, QStringList({"/opt/quillon/", "/opt/quillon/Work", "/opt/quillon/Save",
+                                    "/opt/quillon/Tools", "/opt/quillon/TARGET/atmega328p"}));
 }
 
-namespace {
-
-// A TARGET folder with the sample board under two names and a broken one.
-struct CChooserFixture : testing::Test
+// A TARGET folder with the sample board as "uno" and "uno2", a broken one, and a board that
+// reads but lies beside TARGET rather than in it.
+TEST(BoardChooser, SavedBoardThenTheFirstCandidateThatReadsAndNothingOutsideTarget)
 {
     QTemporaryDir dir;
-    CRecordingMessenger messenger;
-    std::unique_ptr<QSettings> profile;
-
-    void SetUp() override
-    {
-        const QDir target(dir.filePath("TARGET"));
-        QDir().mkpath(target.path());
-        for (const char* name : {"uno", "uno2"})
-            CopyBoardFiles(QStringLiteral(QUILLON_BOARDS "/atmega328p"), target.filePath(QString::fromLatin1(name)));
-        QDir().mkpath(target.filePath("broken"));
-        profile = std::make_unique<QSettings>(dir.filePath("p.ini"), QSettings::IniFormat);
-    }
-
-    QString Choose(const QString& saved, const QByteArray& ini, CBoardInfo& board)
-    {
-        QFile file(dir.filePath("quillon.ini"));
-        file.open(QIODevice::WriteOnly);
-        file.write(ini);
-        file.close();
-        profile->setValue("Settings/Target", saved);
-        CSettings settings(profile.get(), dir.filePath("quillon.ini"));
-        settings.Load();
-        return CBoardChooser(dir.filePath("TARGET"), messenger).Choose(settings, board);
-    }
-};
-
-} // namespace
-
-TEST_F(CChooserFixture, SavedBoardWinsWhenItReads)
-{
-    CBoardInfo board;
-    EXPECT_EQ(Choose("uno2", "[Quillon]\nTarget1=uno\n", board), dir.filePath("TARGET/uno2"));
-    EXPECT_EQ(board.GetFolder(), dir.filePath("TARGET/uno2"));
-}
-
-TEST_F(CChooserFixture, BoardsOutsideTheTargetFolderAreNeverRead)
-{
-    // A board that reads, but beside TARGET rather than in it.
+    const QDir target(dir.filePath("TARGET"));
+    for (const char* name : {"uno", "uno2"})
+        CopyBoardFiles(QStringLiteral(QUILLON_BOARDS "/atmega328p"), target.filePath(name));
+    QDir().mkpath(target.filePath("broken"));
     CopyBoardFiles(QStringLiteral(QUILLON_BOARDS "/atmega328p"), dir.filePath("elsewhere"));
-    for (const QString& saved : {dir.filePath("elsewhere"), QStringLiteral("../elsewhere"), QStringLiteral("uno/../../elsewhere")}) {
+    const QByteArray outside = "Target1=../elsewhere\nTarget2=uno";
+    const struct
+    {
+        const char* Name;
+        QString Saved;
+        QByteArray Candidates;
+        const char* Chosen; // "" for none
+        QStringList Messages;
+    } rows[] = {
+        {"the saved board wins when it reads", "uno2", "Target1=uno", "uno2", {}},
+        {"a deleted saved board falls back", "gone", "Target1=broken\nTarget2=uno", "uno", {}},
+        {"no saved board and no candidate stop with a message", "", "Target2=uno", "",
+         {"Invalid Setting.\nQuillon is stopped."}},
+        {"no candidate that reads ends silently", "", "Target1=broken\nTarget2=missing", "", {}},
+        {"a board by absolute path is never read", dir.filePath("elsewhere"), outside, "uno", {}},
+        {"a board above TARGET is never read", "../elsewhere", outside, "uno", {}},
+        {"a board that climbs out is never read", "uno/../../elsewhere", outside, "uno", {}},
+    };
+    for (const auto& row : rows) {
+        SCOPED_TRACE(row.Name);
+        QFile ini(dir.filePath("quillon.ini"));
+        ASSERT_TRUE(ini.open(QIODevice::WriteOnly | QIODevice::Truncate));
+        ini.write("[Quillon]\n" + row.Candidates + "\n");
+        ini.close();
+        QSettings profile(dir.filePath("p.ini"), QSettings::IniFormat);
+        profile.setValue("Settings/Target", row.Saved);
+        CSettings settings(&profile, ini.fileName());
+        settings.Load();
+        CRecordingMessenger messenger;
         CBoardInfo board;
-        EXPECT_EQ(Choose(saved, "[Quillon]\nTarget1=../elsewhere\nTarget2=uno\n", board), dir.filePath("TARGET/uno"))
-            << saved.toStdString();
+        const QString chosen = *row.Chosen ? target.filePath(row.Chosen) : QString();
+        EXPECT_EQ(CBoardChooser(target.path(), messenger).Choose(settings, board), chosen);
+        if (*row.Chosen) {
+            EXPECT_EQ(board.GetFolder(), chosen);
+        }
+        EXPECT_EQ(messenger.Texts, row.Messages);
     }
-}
-
-TEST_F(CChooserFixture, DeletedSavedBoardFallsBackToTheFirstCandidateThatReads)
-{
-    CBoardInfo board;
-    EXPECT_EQ(Choose("gone", "[Quillon]\nTarget1=broken\nTarget2=uno\n", board), dir.filePath("TARGET/uno"));
-    EXPECT_TRUE(messenger.Texts.isEmpty());
-}
-
-TEST_F(CChooserFixture, NoSavedBoardAndNoCandidateStopsWithAMessage)
-{
-    CBoardInfo board;
-    EXPECT_EQ(Choose("", "[Quillon]\nTarget2=uno\n", board), "");
-    EXPECT_EQ(messenger.Texts, QStringList{"Invalid Setting.\nQuillon is stopped."});
-}
-
-TEST_F(CChooserFixture, NoCandidateThatReadsEndsSilently)
-{
-    CBoardInfo board;
-    EXPECT_EQ(Choose("", "[Quillon]\nTarget1=broken\nTarget2=missing\n", board), "");
-    EXPECT_TRUE(messenger.Texts.isEmpty());
 }

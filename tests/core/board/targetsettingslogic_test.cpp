@@ -1,14 +1,13 @@
 // The target board choice: candidates from the installed folders, a board's defaults on
 // choosing it, and what OK stores.
 #include "boardinfo.h"
-#include "support/boardfolder.h"
-#include "settings.h"
-#include "targetsettingslogic.h"
 #include "core/panels/paneltest.h"
+#include "settings.h"
 #include "stringtable.h"
+#include "support/boardfolder.h"
 #include "support/recordingmessenger.h"
+#include "targetsettingslogic.h"
 
-#include <QDir>
 #include <QFile>
 #include <QSettings>
 #include <QTemporaryDir>
@@ -16,131 +15,91 @@
 namespace {
 
 // A TARGET folder holding the sample board as "uno" and the network board as "net", and
-// settings that offer them with a missing board between.
+// settings that offer them with a missing board between, "uno" chosen.
 struct TargetSettings : testing::Test
 {
     QTemporaryDir dir;
     QString targets = dir.filePath("TARGET");
-    std::unique_ptr<QSettings> profile =
-        std::make_unique<QSettings>(dir.filePath("profile.ini"), QSettings::IniFormat);
-    std::unique_ptr<CSettings> settings;
+    QSettings profile{dir.filePath("profile.ini"), QSettings::IniFormat};
+    CSettings settings{&profile, dir.filePath(CSettings::kIniFileName)};
     CBoardInfo uno;
 
     void SetUp() override
     {
-        CStringTable::SetLanguage(ELanguage::English);
         CopyBoardFiles(QUILLON_BOARDS "/atmega328p", targets + "/uno");
         CopyBoardFiles(QUILLON_TEST_DATA "/boards/netboard", targets + "/net");
         QFile ini(dir.filePath(CSettings::kIniFileName));
         ASSERT_TRUE(ini.open(QIODevice::WriteOnly));
         ini.write("[Quillon]\nTarget1=uno\nTarget2=gone\nTarget3=net\n");
         ini.close();
-        Reload();
-        settings->SetTarget("uno");
+        settings.Load();
+        settings.SetTarget("uno");
         CRecordingMessenger messenger;
         ASSERT_TRUE(uno.Read(targets + "/uno", QString(), messenger));
     }
-
-    void Reload()
-    {
-        settings = std::make_unique<CSettings>(profile.get(), dir.filePath(CSettings::kIniFileName));
-        settings->Load();
-    }
 };
 
-TEST_F(TargetSettings, MissingFolderIsLeftOutAndIndicesKept)
+TEST_F(TargetSettings, OpensOnTheCurrentBoardAmongTheCandidatesThatRead)
 {
-    const CTargetSettingsLogic logic(*settings, targets, uno);
+    settings.SetClockSource(0);
+    const CTargetSettingsLogic logic(settings, targets, uno);
     ASSERT_EQ(logic.Candidates().size(), 2);
     EXPECT_EQ(logic.Candidates()[0].DisplayName, "ATmega328P Uno-class board (16MHz)");
-    EXPECT_EQ(logic.Candidates()[0].Index, 0);
     EXPECT_EQ(logic.Candidates()[1].DisplayName, "Network test board");
-    EXPECT_EQ(logic.Candidates()[1].Index, 2);
-}
-
-TEST_F(TargetSettings, OpensOnTheCurrentBoardWithTheStoredClock)
-{
-    settings->SetClockSource(0);
-    const CTargetSettingsLogic logic(*settings, targets, uno);
+    EXPECT_EQ(logic.Candidates()[1].Index, 2) << "the missing board keeps its place";
     EXPECT_EQ(logic.Target, 0);
     EXPECT_EQ(logic.ClockSources, QStringList{"16MHz crystal"});
     EXPECT_EQ(logic.Clock, 0);
     EXPECT_FALSE(logic.ShowsNetwork);
     EXPECT_FALSE(logic.ChangesBoard());
+
+    settings.SetTarget("elsewhere");
+    const CTargetSettingsLogic unknown(settings, targets, uno);
+    EXPECT_EQ(unknown.Target, -1);
+    EXPECT_FALSE(unknown.ChangesBoard());
 }
 
-TEST_F(TargetSettings, UnknownCurrentBoardSelectsNothing)
+TEST_F(TargetSettings, ChoosingABoardTakesItsDefaultsAndOkStoresItOnlyWhenKept)
 {
-    settings->SetTarget("elsewhere");
-    const CTargetSettingsLogic logic(*settings, targets, uno);
-    EXPECT_EQ(logic.Target, -1);
-    EXPECT_FALSE(logic.ChangesBoard());
+    for (const bool keep : {false, true}) {
+        CTargetSettingsLogic logic(settings, targets, uno);
+        logic.SelectTarget(1);
+        EXPECT_TRUE(logic.ShowsNetwork);
+        EXPECT_EQ(logic.Clock, 1);
+        EXPECT_TRUE(logic.ClockSources.isEmpty());
+        EXPECT_TRUE(logic.ChangesBoard());
+        ASSERT_TRUE(CTargetSettingsLogic::ReadAddress("192.168.0.10", logic.IPAddress));
+        ASSERT_TRUE(CTargetSettingsLogic::ReadAddress("255.255.255.0", logic.IPMask));
+        logic.Apply(settings, keep);
+        // The rest is stored whichever board the answer keeps.
+        EXPECT_EQ(settings.GetTarget(), keep ? "net" : "uno");
+        EXPECT_EQ(settings.GetClockSource(), 1);
+        EXPECT_EQ(settings.GetIPAddress(), 0xC0A8000Au);
+        EXPECT_EQ(settings.GetIPMask(), 0xFFFFFF00u);
+    }
+    CTargetSettingsLogic back(settings, targets, uno);
+    back.SelectTarget(0);
+    EXPECT_FALSE(back.ShowsNetwork);
+    EXPECT_EQ(back.Clock, 0);
 }
 
-TEST_F(TargetSettings, ChoosingTheNetworkBoardTakesItsDefaults)
+TEST(TargetAddress, ReadsDottedQuads)
 {
-    CTargetSettingsLogic logic(*settings, targets, uno);
-    logic.SelectTarget(1);
-    EXPECT_TRUE(logic.ShowsNetwork);
-    EXPECT_EQ(logic.Clock, 1);
-    EXPECT_TRUE(logic.ClockSources.isEmpty());
-    EXPECT_TRUE(logic.ChangesBoard());
-    logic.SelectTarget(0);
-    EXPECT_FALSE(logic.ShowsNetwork);
-    EXPECT_EQ(logic.Clock, 0);
-}
-
-TEST_F(TargetSettings, AnsweringNoKeepsTheBoardButStoresTheRest)
-{
-    CTargetSettingsLogic logic(*settings, targets, uno);
-    logic.SelectTarget(1);
-    logic.Clock = 2;
-    ASSERT_TRUE(CTargetSettingsLogic::ReadAddress("192.168.0.10", logic.IPAddress));
-    ASSERT_TRUE(CTargetSettingsLogic::ReadAddress("255.255.255.0", logic.IPMask));
-    logic.Apply(*settings, false);
-    ASSERT_TRUE(settings->Save());
-    profile->sync();
-    Reload();
-    EXPECT_EQ(settings->GetTarget(), "uno");
-    EXPECT_EQ(settings->GetClockSource(), 2);
-    EXPECT_EQ(settings->GetIPAddress(), 0xC0A8000Au);
-    EXPECT_EQ(settings->GetIPMask(), 0xFFFFFF00u);
-}
-
-TEST_F(TargetSettings, AnsweringYesStoresTheCandidateName)
-{
-    CTargetSettingsLogic logic(*settings, targets, uno);
-    logic.SelectTarget(1);
-    logic.Apply(*settings, true);
-    EXPECT_EQ(settings->GetTarget(), "net");
-}
-
-struct AddressCase
-{
-    const char* Text;
-    bool Ok;
-    quint32 Value;
-};
-
-class TargetAddress : public testing::TestWithParam<AddressCase>
-{
-};
-
-TEST_P(TargetAddress, ReadsDottedQuads)
-{
-    quint32 value = 12345;
-    EXPECT_EQ(CTargetSettingsLogic::ReadAddress(GetParam().Text, value), GetParam().Ok);
-    EXPECT_EQ(value, GetParam().Ok ? GetParam().Value : 12345u);
-    if (GetParam().Ok) {
-        EXPECT_EQ(CTargetSettingsLogic::AddressText(value), QString(GetParam().Text).trimmed());
+    const struct
+    {
+        const char* Text;
+        bool Ok;
+        quint32 Value;
+    } rows[] = {{"192.168.0.10", true, 0xC0A8000A}, {"0.0.0.0", true, 0}, {"255.255.255.255", true, 0xFFFFFFFF},
+                {"256.1.1.1", false, 0}, {"1.2.3", false, 0}, {"1..3.4", false, 0}};
+    for (const auto& row : rows) {
+        quint32 value = 12345;
+        EXPECT_EQ(CTargetSettingsLogic::ReadAddress(row.Text, value), row.Ok) << row.Text;
+        EXPECT_EQ(value, row.Ok ? row.Value : 12345u) << row.Text;
+        if (row.Ok) {
+            EXPECT_EQ(CTargetSettingsLogic::AddressText(value), row.Text);
+        }
     }
 }
-
-INSTANTIATE_TEST_SUITE_P(Cases, TargetAddress,
-                         testing::Values(AddressCase{"192.168.0.10", true, 0xC0A8000A},
-                                         AddressCase{"0.0.0.0", true, 0},
-                                         AddressCase{"255.255.255.255", true, 0xFFFFFFFF},
-                                         AddressCase{"256.1.1.1", false, 0}, AddressCase{"1.2.3", false, 0},
-                                         AddressCase{"1..3.4", false, 0}));
 
 } // namespace

@@ -1,3 +1,4 @@
+// The one string table: no text without its translation, and printf-style formatting.
 #include "stringtable.h"
 
 #include <gtest/gtest.h>
@@ -5,31 +6,17 @@
 #include <QRegularExpression>
 #include <set>
 
-namespace {
-
-// Switches the language for one test and back to English afterwards.
-struct CLanguageScope
-{
-    explicit CLanguageScope(ELanguage language) { CStringTable::SetLanguage(language); }
-    ~CLanguageScope() { CStringTable::SetLanguage(ELanguage::English); }
-};
-
-QStringList Conversions(const QString& text)
-{
-    static const QRegularExpression conversion(QStringLiteral("%[-0]*[0-9]*[sd%]"));
-    QStringList found;
-    for (auto it = conversion.globalMatch(text); it.hasNext();)
-        found << it.next().captured();
-    return found;
-}
-
-} // namespace
-
-TEST(StringTable, EveryTextExistsInBothLanguagesOnce)
+TEST(StringTable, EveryTextExistsInBothLanguagesOnceWithTheSameArguments)
 {
     // Kana, ideographs and full-width forms in an English text are a translation left out.
-    static const QRegularExpression japanese(
-        QStringLiteral("[\\x{3000}-\\x{9fff}\\x{ff00}-\\x{ffef}]"));
+    static const QRegularExpression japanese(QStringLiteral("[\\x{3000}-\\x{9fff}\\x{ff00}-\\x{ffef}]"));
+    static const QRegularExpression conversion(QStringLiteral("%[-0]*[0-9]*[sd%]"));
+    const auto conversions = [](const char* text) {
+        QStringList found;
+        for (auto it = conversion.globalMatch(QString::fromUtf8(text)); it.hasNext();)
+            found << it.next().captured();
+        return found;
+    };
     std::set<int> ids;
     std::set<std::string> names;
     for (const CStringTable::CEntry& e : CStringTable::Entries()) {
@@ -39,40 +26,23 @@ TEST(StringTable, EveryTextExistsInBothLanguagesOnce)
         EXPECT_STRNE(e.English, "");
         EXPECT_STRNE(e.Japanese, "");
         EXPECT_FALSE(QString::fromUtf8(e.English).contains(japanese)) << e.English;
+        EXPECT_EQ(conversions(e.English), conversions(e.Japanese));
+        EXPECT_EQ(QString::fromUtf8(e.English).count(u'\n'), QString::fromUtf8(e.Japanese).count(u'\n'));
     }
     EXPECT_GT(ids.size(), 30u);
 }
 
-TEST(StringTable, BothLanguagesTakeTheSameArgumentsInTheSameOrder)
+TEST(StringTable, LanguageChoosesTheTextAndFormatFillsPrintfConversions)
 {
-    for (const CStringTable::CEntry& e : CStringTable::Entries()) {
-        SCOPED_TRACE(e.Name);
-        EXPECT_EQ(Conversions(QString::fromUtf8(e.English)), Conversions(QString::fromUtf8(e.Japanese)));
-        EXPECT_EQ(QString::fromUtf8(e.English).count(u'\n'), QString::fromUtf8(e.Japanese).count(u'\n'));
-    }
-}
-
-TEST(StringTable, LanguageChoosesTheText)
-{
-    EXPECT_EQ(CStringTable::Get(Ids::PortFormat), "PORT=%s");
-    EXPECT_EQ(CStringTable::Get(Ids::PropertySettings), "Property Settings.");
-    {
-        CLanguageScope japanese(ELanguage::Japanese);
-        EXPECT_EQ(CStringTable::Get(Ids::PropertySettings), QString::fromUtf8("プロパティ設定"));
-    }
-    EXPECT_EQ(CStringTable::Get(Ids::CounterHold), "HOLD "); // the trailing blank is part of it
+    const CStringTable::CEntry& entry = CStringTable::Entries().front();
+    CStringTable::SetLanguage(ELanguage::Japanese);
+    const QString japanese = CStringTable::Get(entry.Id);
+    CStringTable::SetLanguage(ELanguage::English);
+    EXPECT_EQ(japanese, QString::fromUtf8(entry.Japanese));
+    EXPECT_EQ(CStringTable::Get(entry.Id), QString::fromUtf8(entry.English));
     EXPECT_EQ(CStringTable::Get(12345678), "");
-}
-
-TEST(StringTable, FormatFillsPrintfConversions)
-{
     EXPECT_EQ(CStringTable::Format(Ids::PortFormat, {QStringLiteral("PD2(D2)")}), "PORT=PD2(D2)");
-    struct
-    {
-        const char* Pattern;
-        QVariant Value;
-        const char* Expected;
-    } const rows[] = {
+    const struct { const char* Pattern; QVariant Value; const char* Expected; } rows[] = {
         {"  Used : %3d%%", 7, "  Used :   7%"},
         {"  IN , %2d ", 5, "  IN ,  5 "},
         {"%02d", 5, "05"},
@@ -84,7 +54,8 @@ TEST(StringTable, FormatFillsPrintfConversions)
         {"%x", 1, "%x"},
     };
     for (const auto& row : rows)
-        EXPECT_EQ(FormatText(QString::fromUtf8(row.Pattern), {row.Value}), row.Expected) << row.Pattern;
+        EXPECT_EQ(FormatText(QString::fromUtf8(row.Pattern), {row.Value}), QString::fromUtf8(row.Expected))
+            << row.Pattern;
     EXPECT_EQ(FormatText(QStringLiteral("(%s,%d)"), {QStringLiteral("cc"), 2}), "(cc,2)");
     EXPECT_EQ(FormatText(QStringLiteral("%s and %s"), {QStringLiteral("one")}), "one and ");
 }

@@ -1,12 +1,14 @@
 // "Build && Write" against a fake board tool that acts out every outcome.
 #include "buildpipeline.h"
 #include "core/toolchain/buildtest.h"
-#include "processrunner.h"
 #include "panelgrid.h"
+#include "processrunner.h"
+#include "settings.h"
 
 #include <QElapsedTimer>
-#include <QTimer>
 #include <QFileInfo>
+#include <QSettings>
+#include <QTimer>
 
 namespace {
 
@@ -19,6 +21,7 @@ struct CPipelineFixture : testing::Test
     CPanelGrid grid{messenger};
     CBoardInfo board;
     CBuildSettings settings;
+    CStopRequest stop;
 
     void SetUp() override
     {
@@ -33,39 +36,28 @@ struct CPipelineFixture : testing::Test
         qputenv("QUILLON_FAKE_SCENARIO", scenario);
         CBuildPipeline pipeline(grid, board, settings, log, messenger, finder);
         pipeline.SetWriterPolling(100, 50); // time enough for a writer that ends at once
+        pipeline.SetStopRequest(&stop);
         return pipeline.Build(sandbox.Path(layout));
     }
-
-    QStringList Tail(int n) const { return log.Lines.mid(log.Lines.size() - n); }
 };
 
 } // namespace
 
 TEST_F(CPipelineFixture, SuccessfulBuildCopiesTheHexAndAsksBeforeWriting)
 {
+    settings.ClockSource = 2;
+    settings.OutputFolder = sandbox.Path("layouts");
     EXPECT_FALSE(Build({}, "hex"));
     EXPECT_EQ(log.Lines, (QStringList{"The compilation started.", "Pass1...", "Pass2...", "Pass3...",
                                       "The compilation terminated.", "The FLASH writing was canceled."}));
     EXPECT_EQ(messenger.Texts, QStringList{"Build Completed.\nStart to write on FLASH."});
     EXPECT_EQ(sandbox.ReadFile("layouts/a.hex"), ":00000001FF\n");
-    // The location file is the layout as saved, in the work folder.
+    // The location file is the layout as saved, in the work folder; the compiler gets its
+    // options in their fixed order and runs there.
     EXPECT_TRUE(sandbox.ReadFile("work/a.loc").startsWith("; Quillon\r\n"));
-}
-
-TEST_F(CPipelineFixture, CompilerGetsItsOptionsInOrderInTheWorkFolder)
-{
-    settings.ClockSource = 2;
-    settings.OutputFolder = sandbox.Path("layouts");
-    Build({}, "hex");
-    const QString expected = QStringLiteral("hex [%1] [-o] [%2] [-w] [%3] [-x] [16] [-y] [40] [-c3] cwd=%3")
-                                 .arg(sandbox.Path("work/a.loc"), sandbox.Path("layouts"), sandbox.WorkFolder());
-    EXPECT_EQ(sandbox.Recorded().value(0), expected);
-}
-
-TEST_F(CPipelineFixture, UnsetClockSourceGivesC0)
-{
-    CBuildPipeline pipeline(grid, board, settings, log, messenger, finder);
-    EXPECT_EQ(pipeline.CompilerCommand().Arguments.mid(5), (QStringList{"-x", "16", "-y", "40", "-c0"}));
+    EXPECT_EQ(sandbox.Recorded().value(0),
+              QStringLiteral("hex [%1] [-o] [%2] [-w] [%3] [-x] [16] [-y] [40] [-c3] cwd=%3")
+                  .arg(sandbox.Path("work/a.loc"), sandbox.Path("layouts"), sandbox.WorkFolder()));
 }
 
 TEST_F(CPipelineFixture, FileNamesNeverBecomeArguments)
@@ -73,111 +65,90 @@ TEST_F(CPipelineFixture, FileNamesNeverBecomeArguments)
     // A quote in the layout's folder and name would close a quoted path and open new options
     // if a command line were joined and split again.
     QDir(sandbox.Path("layouts")).mkpath(R"(x" -o "y)");
-    const QString layout = QStringLiteral(R"(layouts/x" -o "y/a" -o "evil.loc)");
     messenger.Answers = {EAnswer::Ok};
     settings.Writer.Port = "/dev/ttyACM0";
-    CFakeBoardDefinition fake;
-    fake.WriterCommand = "faketool";
-    EXPECT_TRUE(Build(fake, "hex", layout));
+    EXPECT_TRUE(Build({.WriterCommand = "faketool"}, "hex", R"(layouts/x" -o "y/a" -o "evil.loc)"));
     const QStringList recorded = sandbox.Recorded();
     ASSERT_EQ(recorded.size(), 2);
     EXPECT_TRUE(recorded[0].startsWith(QStringLiteral("hex [%1] [-o] [").arg(sandbox.Path(R"(work/a" -o "evil.loc)"))))
         << recorded[0].toStdString();
+    // The board writer gets the HEX file beside the layout.
     EXPECT_EQ(recorded[1], QStringLiteral("hex [/C/dev/ttyACM0] [/W2] [%1] cwd=%2")
                                .arg(sandbox.Path(R"(layouts/x" -o "y/a" -o "evil.hex)"), sandbox.WorkFolder()));
 }
 
-TEST_F(CPipelineFixture, CompilerErrorFileIsShownAfterAnEmptyLine)
+TEST_F(CPipelineFixture, EveryOutcomeEndsTheLogAsTheUserSeesIt)
 {
-    EXPECT_FALSE(Build({}, "err"));
-    EXPECT_EQ(Tail(4), (QStringList{"Pass2...", "", "Panel (3,4): the net has two drivers.\r\n",
-                                    "The compilation stopped."}));
-    EXPECT_TRUE(messenger.Texts.isEmpty());
-}
-
-TEST_F(CPipelineFixture, CrashingCompilerStopsTheBuild)
-{
-    EXPECT_FALSE(Build({}, "crash"));
-    EXPECT_EQ(Tail(3), (QStringList{"Pass2...", "", "The compilation stopped."}));
-}
-
-TEST_F(CPipelineFixture, MissingCompilerIsACommandExecutionError)
-{
-    CFakeBoardDefinition fake;
-    fake.Compiler = "nothere";
-    EXPECT_FALSE(Build(fake, "hex"));
-    EXPECT_EQ(Tail(5), (QStringList{"Pass2...", "Command execution error.\n(nothere,2)", "No such file or directory",
-                                    "", "The compilation stopped."}));
-
-    fake.Compiler.clear(); // the board folder itself cannot be run
-    log.Lines.clear();
-    EXPECT_FALSE(Build(fake, "hex"));
-    EXPECT_TRUE(log.Lines.value(log.Lines.size() - 4).startsWith("Command execution error.\n(,"));
-}
-
-TEST_F(CPipelineFixture, CommandListSkipsEmptyPositionsAndStopsAtAFailure)
-{
-    CFakeBoardDefinition fake;
-    fake.Commands = {sandbox.ToolActing("ok"), "", sandbox.ToolActing("print"), sandbox.ToolActing("fail"),
-                     sandbox.ToolActing("ok")};
-    EXPECT_FALSE(Build(fake, "hex"));
-    EXPECT_EQ(Tail(4), (QStringList{"Pass3...", "first line", "second line", "The compilation stopped."}));
-    QStringList acted;
-    for (const QString& line : sandbox.Recorded())
-        acted << line.section(u' ', 0, 0);
-    EXPECT_EQ(acted, (QStringList{"hex", "ok", "print", "fail"}));
-}
-
-TEST_F(CPipelineFixture, CommandThatCannotStartNamesItselfAndTheSystemsReason)
-{
-    const struct
+    struct CRow
     {
-        const char* Name;
-        QByteArray Script; // written into the board folder as "tool"; empty: no file
-        int Error;
-        const char* Reason;
-    } rows[] = {
-        {"missing program", {}, 2, "No such file or directory"},
-        {"neither a program nor a script", "echo hi\n", 8, "Exec format error"},
-        {"a script whose interpreter is missing", "#!/no/such/sh\n", 2, "No such file or directory"},
+        const char* Behaviour;
+        const char* Scenario; // what the fake compiler acts out
+        QStringList Tail;     // the log's last lines; "%tool%" is the board folder's "tool"
+        CFakeBoardDefinition Board = {}; // commands "@x" run the fake tool acting out x
+        EAnswer Answer = EAnswer::Cancel;
+        QByteArray Script = {}; // written as "tool" when not empty
     };
-    for (const auto& row : rows) {
-        const QString tool = sandbox.BoardFolder() + "/tool";
-        QFile::remove(tool);
+    const QString stopped = "The compilation stopped.", tool = "\"%tool%\" --x";
+    const CRow rows[] = {
+        {"the compiler's error file after an empty line", "err", {"Pass2...", "", "Panel (3,4): the net has two drivers.\r\n", stopped}},
+        {"a crashing compiler", "crash", {"Pass2...", "", stopped}},
+        {"a missing compiler", "hex", {"Pass2...", "Command execution error.\n(nothere,2)", "No such file or directory", "", stopped},
+         {.Compiler = "nothere"}},
+        {"no compiler: the board folder cannot be run", "hex",
+         {"Pass2...", "Command execution error.\n(,13)", "Permission denied", "", stopped}, {.Compiler = ""}},
+        {"an empty HEX file", "empty-hex", {"HEX file was not created."}},
+        {"no HEX file", "ok", {"HEX file was not created."}},
+        {"every command runs, empty positions skipped", "hex",
+         {"Pass3...", "first line", "second line", "first line", "second line", "The compilation terminated.",
+          "The FLASH writing was canceled."}, {.Commands = {"@print", "", "@print"}}},
+        {"a failing command stops the list", "hex", {"Pass3...", stopped}, {.Commands = {"@fail", "@print"}}},
+        {"a missing program", "hex", {"Command execution error.\n(" + tool + ",2)", "No such file or directory", stopped},
+         {.Commands = {tool}}},
+        {"neither a program nor a script", "hex", {"Command execution error.\n(" + tool + ",8)", "Exec format error", stopped},
+         {.Commands = {tool}}, EAnswer::Cancel, "echo hi\n"},
+        {"a script whose interpreter is missing", "hex",
+         {"Command execution error.\n(" + tool + ",2)", "No such file or directory", stopped}, {.Commands = {tool}},
+         EAnswer::Cancel, "#!/no/such/sh\n"},
+        // Lines are passed on whole, however the output arrives; a last one without its end too.
+        {"output in pieces", "hex", {"Pass3...", "first half", "no end", "The compilation terminated.", "The FLASH writing was canceled."},
+         {.Commands = {tool}}, EAnswer::Cancel, "#!/bin/sh\nprintf 'first '\nsleep 0.3\nprintf 'half\\n'\nprintf 'no end'\n"},
+        {"writing needs a writer", "hex", {"The compilation terminated.", "FLASH writer was not setting."}, {}, EAnswer::Ok},
+        {"OK starts the board writer", "hex",
+         {"The compilation terminated.", "The FLASH writing started.", "The FLASH writing terminated."},
+         {.WriterCommand = "faketool"}, EAnswer::Ok},
+    };
+    settings.Writer.Port = "/dev/ttyACM0";
+    const QString script = sandbox.BoardFolder() + "/tool";
+    for (const CRow& row : rows) {
+        SCOPED_TRACE(row.Behaviour);
+        QFile::remove(script);
         if (!row.Script.isEmpty()) {
             sandbox.WriteFile("my board/tool", row.Script);
-            QFile::setPermissions(tool, QFile::permissions(tool) | QFileDevice::ExeOwner);
+            QFile::setPermissions(script, QFile::permissions(script) | QFileDevice::ExeOwner);
         }
-        CFakeBoardDefinition fake;
-        fake.Commands = {u'"' + tool + "\" --x"};
-        log.Lines.clear();
-        EXPECT_FALSE(Build(fake, "hex")) << row.Name;
-        EXPECT_EQ(Tail(3), (QStringList{QStringLiteral("Command execution error.\n(%1,%2)").arg(fake.Commands[0]).arg(row.Error),
-                                        row.Reason, "The compilation stopped."}))
-            << row.Name;
+        CFakeBoardDefinition fake = row.Board;
+        for (QString& command : fake.Commands)
+            command = command.startsWith(u'@') ? sandbox.ToolActing(command.mid(1)) : command.replace("%tool%", script);
+        messenger.Answers = {row.Answer};
+        EXPECT_EQ(Build(fake, row.Scenario), row.Tail.last().startsWith("The FLASH writing terminated"));
+        EXPECT_EQ(log.Tail(row.Tail.size()), QStringList(row.Tail).replaceInStrings("%tool%", script));
     }
-}
-
-TEST_F(CPipelineFixture, EmptyOrMissingHexIsNotCreated)
-{
-    EXPECT_FALSE(Build({}, "empty-hex"));
-    EXPECT_EQ(log.Lines.last(), "HEX file was not created.");
-    EXPECT_FALSE(QFileInfo::exists(sandbox.Path("layouts/a.hex")) && QFileInfo(sandbox.Path("layouts/a.hex")).size() > 0);
-    log.Lines.clear();
-    EXPECT_FALSE(Build({}, "ok"));
-    EXPECT_EQ(log.Lines.last(), "HEX file was not created.");
 }
 
 TEST_F(CPipelineFixture, HexNamedAfterTheLayoutIsTheFallback)
 {
     EXPECT_FALSE(Build({}, "named-hex", "layouts/b.c.loc"));
     EXPECT_EQ(sandbox.ReadFile("layouts/b.c.hex"), ":00000001FF\n");
-    EXPECT_EQ(CBuildPipeline::HexPathFor("/x/b.c.loc"), "/x/b.c.hex");
     EXPECT_EQ(CBuildPipeline::HexPathFor("/x/plain"), "/x/plain.hex");
 }
 
-TEST_F(CPipelineFixture, FailedCheckShowsTheReportAndRunsNothing)
+TEST_F(CPipelineFixture, NothingRunsWithoutAWorkFolderOrAfterAFailedCheck)
 {
+    settings.WorkFolder.clear();
+    EXPECT_FALSE(Build({}, "hex"));
+    EXPECT_TRUE(log.Lines.isEmpty());
+
+    settings.WorkFolder = sandbox.WorkFolder();
     grid.Place(-1, 3, std::make_unique<CPanelCell>("SW\tH,P1"));
     EXPECT_FALSE(Build({}, "hex"));
     EXPECT_EQ(log.Lines, (QStringList{"The compilation started.", "Pass1...",
@@ -189,59 +160,46 @@ TEST_F(CPipelineFixture, CleaningRemovesOldFilesButNotFolders)
 {
     QDir work(sandbox.WorkFolder());
     work.mkdir("BASE.x");
-    for (const char* name : {"old.hex", "BASE.c", "PANEL.txt", "a.inc", "b.log", "c.err", "keep.txt"})
+    for (const char* name : {"old.hex", "BASE.c", "PANEL.txt", "a.inc", "b.log", "c.err", "d.loc", "keep.txt"})
         sandbox.WriteFile(QStringLiteral("work/") + name, "x");
     ASSERT_TRUE(sandbox.ReadBoard({}, board));
-    CBuildPipeline pipeline(grid, board, settings, log, messenger, finder);
-    pipeline.CleanWorkFolder();
+    CBuildPipeline(grid, board, settings, log, messenger, finder).CleanWorkFolder();
     EXPECT_EQ(work.entryList(QDir::AllEntries | QDir::NoDotAndDotDot), (QStringList{"BASE.x", "keep.txt"}));
 }
 
 TEST_F(CPipelineFixture, StopEndsTheRunningProgramAndStartsNothingAfterIt)
 {
-    CFakeBoardDefinition fake;
-    fake.Commands = {sandbox.ToolActing("sleep"), sandbox.ToolActing("ok")};
-    ASSERT_TRUE(sandbox.ReadBoard(fake, board));
-    qputenv("QUILLON_FAKE_SCENARIO", "hex");
-    CStopRequest stop;
-    CBuildPipeline pipeline(grid, board, settings, log, messenger, finder);
-    pipeline.SetStopRequest(&stop);
-    QTimer::singleShot(200, [&stop] { stop.Request(); });
+    QTimer::singleShot(200, [this] { stop.Request(); });
     QElapsedTimer timer;
     timer.start();
-    EXPECT_FALSE(pipeline.Build(sandbox.Path("layouts/a.loc")));
+    EXPECT_FALSE(Build({.Commands = {sandbox.ToolActing("sleep"), sandbox.ToolActing("ok")}}, "hex"));
     EXPECT_LT(timer.elapsed(), 4000) << "the sleeping tool was ended, not waited for";
-    EXPECT_EQ(Tail(3), (QStringList{"Pass3...", "Stopped at the user's request.", "The compilation stopped."}));
-    QStringList acted;
-    for (const QString& line : sandbox.Recorded())
-        acted << line.section(u' ', 0, 0);
-    EXPECT_EQ(acted, (QStringList{"hex", "sleep"}));
-    EXPECT_FALSE(pipeline.HexMade());
+    EXPECT_EQ(log.Tail(3), (QStringList{"Pass3...", "Stopped at the user's request.", "The compilation stopped."}));
+    EXPECT_EQ(sandbox.Recorded().size(), 2) << "the compiler and the sleeping tool, nothing after";
 }
 
-TEST_F(CPipelineFixture, NoWorkFolderDoesNothing)
+TEST_F(CPipelineFixture, UsersSettingsTakeTheBoardsClockWhenUnsetAndTheWorkFolderWithoutAProject)
 {
-    settings.WorkFolder.clear();
-    EXPECT_FALSE(Build({}, "hex"));
-    EXPECT_TRUE(log.Lines.isEmpty());
-}
-
-TEST_F(CPipelineFixture, WritingNeedsAWriter)
-{
-    messenger.Answers = {EAnswer::Ok};
-    EXPECT_FALSE(Build({}, "hex"));
-    EXPECT_EQ(Tail(2), (QStringList{"The compilation terminated.", "FLASH writer was not setting."}));
-}
-
-TEST_F(CPipelineFixture, OkStartsTheBoardWriterWithTheHexBesideTheLayout)
-{
-    messenger.Answers = {EAnswer::Ok};
-    settings.Writer.Port = "/dev/ttyACM0";
-    CFakeBoardDefinition fake;
-    fake.WriterCommand = "faketool";
-    EXPECT_TRUE(Build(fake, "hex"));
-    EXPECT_EQ(Tail(3), (QStringList{"The compilation terminated.", "The FLASH writing started.",
-                                    "The FLASH writing terminated."}));
-    EXPECT_EQ(sandbox.Recorded().value(1),
-              QStringLiteral("hex [/C/dev/ttyACM0] [/W2] [%1] cwd=%2").arg(sandbox.Path("layouts/a.hex"), sandbox.WorkFolder()));
+    QDir(sandbox.Path(".")).mkdir("Project");
+    QSettings profile(sandbox.Path("p.ini"), QSettings::IniFormat);
+    CSettings user(&profile, sandbox.Path("quillon.ini"));
+    user.Load();
+    user.SetWritePort("/dev/ttyUSB0");
+    user.SetWriteCOM(3);
+    ASSERT_TRUE(board.Read(QStringLiteral(QUILLON_TEST_DATA "/boards/netboard"), QString(), messenger)); // clock 1
+    const struct { int Clock; const char* Project; const char* Option; /* the compiler's */ const char* Output; } rows[] = {
+        {-1, "Project", "-c2", "Project"}, {0, "", "-c1", "work"}, {2, "none", "-c3", "work"}};
+    for (const auto& row : rows) {
+        user.SetClockSource(row.Clock);
+        user.SetProject(row.Project);
+        const CBuildSettings build = CBuildSettings::From(user, board, sandbox.Path("."));
+        EXPECT_EQ(build.WorkFolder, sandbox.WorkFolder());
+        EXPECT_EQ(build.OutputFolder, sandbox.Path(row.Output)) << row.Project;
+        EXPECT_EQ(CBuildPipeline(grid, board, build, log, messenger, finder).CompilerCommand().Arguments.last(), row.Option);
+#ifdef Q_OS_WIN
+        EXPECT_EQ(build.Writer.Port, "3");
+#else
+        EXPECT_EQ(build.Writer.Port, "/dev/ttyUSB0");
+#endif
+    }
 }

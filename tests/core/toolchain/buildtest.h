@@ -12,18 +12,17 @@
 #include <QTemporaryDir>
 
 // Collects the log as the build dialog would show it.
-class CRecordingLog : public IBuildLog
+struct CRecordingLog : IBuildLog
 {
-public:
     void Start(const QString& line) override { Lines = {line}; }
     void Append(const QString& line) override { Lines.append(line); }
+    QStringList Tail(qsizetype n) const { return Lines.mid(Lines.size() - n); }
     QStringList Lines;
 };
 
 // A board as the tests need it: attached at a port of their choosing, or not at all.
-class CFakePortFinder : public IPortFinder
+struct CFakePortFinder : IPortFinder
 {
-public:
     QString FindBoardPort(const QString& interfaceName) override
     {
         AskedFor = interfaceName;
@@ -51,13 +50,10 @@ class CBuildSandbox
 public:
     CBuildSandbox()
     {
-        QDir root(m_root.path());
-        root.mkpath("my board"); // a blank in the board's path must not part any argument
-        root.mkpath("work");
-        root.mkpath("layouts");
-        const QString tool = BoardFolder() + "/faketool";
-        QFile::copy(QStringLiteral(QUILLON_FAKE_TOOL), tool);
-        QFile::setPermissions(tool, QFile::permissions(tool) | QFileDevice::ExeOwner);
+        for (const char* folder : {"my board", "work", "layouts"}) // a blank in the board's path must not part any argument
+            QDir(m_root.path()).mkpath(folder);
+        QFile::copy(QStringLiteral(QUILLON_FAKE_TOOL), Tool());
+        QFile::setPermissions(Tool(), QFile::permissions(Tool()) | QFileDevice::ExeOwner);
         WriteFile("my board/inout_e.xml", "<PALETTES/>");
         WriteFile("my board/parts_e.xml", "<PALETTES/>");
         qputenv("QUILLON_FAKE_RECORD", Path("record.txt").toUtf8());
@@ -73,7 +69,7 @@ public:
     QString WorkFolder() const { return Path("work"); }
     QString Tool() const { return BoardFolder() + "/faketool"; }
     // A command-list entry that runs the fake tool acting out a scenario.
-    QString ToolActing(const char* scenario) const { return u'"' + Tool() + "\" --act " + scenario; }
+    QString ToolActing(const QString& scenario) const { return u'"' + Tool() + "\" --act " + scenario; }
 
     void WriteFile(const QString& relative, const QByteArray& bytes) const
     {
@@ -86,10 +82,8 @@ public:
         QFile file(Path(relative));
         return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray();
     }
-    QStringList Recorded() const
-    {
-        return QString::fromUtf8(ReadFile("record.txt")).split(u'\n', Qt::SkipEmptyParts);
-    }
+    // Every run of the fake tool: its scenario, arguments and folder, one a line.
+    QStringList Recorded() const { return QString::fromUtf8(ReadFile("record.txt")).split(u'\n', Qt::SkipEmptyParts); }
 
     // Writes the board definition and reads it.
     bool ReadBoard(const CFakeBoardDefinition& fake, CBoardInfo& board) const
@@ -98,17 +92,15 @@ public:
         for (int i = 0; i < fake.Commands.size(); ++i)
             if (!fake.Commands[i].isEmpty())
                 commands += QStringLiteral("<CMD%1 var=\"%2\"/>").arg(i + 1).arg(fake.Commands[i].toHtmlEscaped());
-        const QString writer = fake.WriterCommand.isEmpty()
-                                   ? QString()
-                                   : QStringLiteral("<CMD var=\"%1\"/>").arg(fake.WriterCommand.toHtmlEscaped());
-        const QString param =
-            fake.WriterParam.isEmpty() ? QString() : QStringLiteral("<PRM var=\"%1\"/>").arg(fake.WriterParam.toHtmlEscaped());
+        const auto element = [](const char* name, const QString& value) {
+            return value.isEmpty() ? QString() : QStringLiteral("<%1 var=\"%2\"/>").arg(name, value.toHtmlEscaped());
+        };
         WriteFile("my board/board_e.xml",
                   QStringLiteral("<Q><BOARD name=\"Fake\"><INTERFACE name=\"FakeSerial\"/>"
                                  "<COMPILER><PANEL var=\"%1\"/>%2</COMPILER><WRITER>%3%4</WRITER>"
                                  "<PALETTE><INOUT file=\"inout_e.xml\"/><PARTS file=\"parts_e.xml\"/></PALETTE>"
                                  "</BOARD></Q>")
-                      .arg(fake.Compiler, commands, writer, param)
+                      .arg(fake.Compiler, commands, element("CMD", fake.WriterCommand), element("PRM", fake.WriterParam))
                       .toUtf8());
         CRecordingMessenger messenger;
         return board.Read(BoardFolder(), QString(), messenger);
