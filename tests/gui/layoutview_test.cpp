@@ -186,15 +186,8 @@ TEST_F(LayoutViewTest, ClickPlacesTheChosenEntryOfItsAreaAndAUsedUpTypeLosesTheC
 
 TEST_F(LayoutViewTest, DropFromTheBarPlacesOnlyWhereTheAreaFits)
 {
-    const struct
-    {
-        const char* Name;
-        int Area;
-        const char* Line;
-        CGridPos Target;
-        bool Chosen;
-        const char* Placed;
-    } cases[] = {
+    const struct { const char* Name; int Area; const char* Line; CGridPos Target; bool Chosen;
+                   const char* Placed; } cases[] = {
         {"process panel on a process cell", CPanel::AreaProcess, "AND \tR", {4, 6}, true,
          "4,6 AND \tR"},
         {"input panel on a process cell", CPanel::AreaInput, "KEY \tH,P1", {4, 6}, true, ""},
@@ -224,12 +217,7 @@ TEST_F(LayoutViewTest, ThePositionPaneShowsWhatAClickSelectedAndEscapeDropsIt)
 {
     Place({{2, 5, "CNT \tC,3,2,1"}});
     QSignalSpy position(&view, &CLayoutView::PositionText);
-    const struct
-    {
-        QPoint Point;
-        const char* Text;
-        const char* Selection;
-    } cases[] = {
+    const struct { QPoint Point; const char* Text; const char* Selection; } cases[] = {
         {At(-1, 5), "  IN ,  5 ", "-1,5--1,5"},
         {At(-2, 3), "  OUT,  3 ", "-2,3--2,3"},
         {At(12, 7), "  12 ,  7 ", "12,7-12,7"},
@@ -253,14 +241,11 @@ TEST_F(LayoutViewTest, ThePositionPaneShowsWhatAClickSelectedAndEscapeDropsIt)
 
 TEST_F(LayoutViewTest, ASelectionNeverSpansASideColumnAndAnythingElse)
 {
-    const struct
-    {
-        int C1, R1, C2, R2;
-        const char* Selection;
-    } cases[] = {{-1, 5, 3, 7, "-1,5--1,7"},
-                 {-2, 5, 3, 7, "-2,5--2,7"},
-                 {3, 5, -2, 7, "3,5-16,7"},
-                 {3, 5, -1, 7, "1,5-3,7"}};
+    const struct { int C1, R1, C2, R2; const char* Selection; } cases[] = {
+        {-1, 5, 3, 7, "-1,5--1,7"},
+        {-2, 5, 3, 7, "-2,5--2,7"},
+        {3, 5, -2, 7, "3,5-16,7"},
+        {3, 5, -1, 7, "1,5-3,7"}};
     for (const auto& c : cases) {
         view.SetSelection(c.C1, c.R1, c.C2, c.R2);
         EXPECT_EQ(Selection(), c.Selection);
@@ -422,13 +407,8 @@ TEST_F(LayoutViewTest, ArrowsWalkAcrossTheAreasStepOverATallPanelAndCtrlJumpsToT
 {
     Place({{4, 5, "CNT \tC,3,2,1"}});
     const auto ctrl = Qt::ControlModifier;
-    const struct
-    {
-        CGridPos From;
-        int Key;
-        Qt::KeyboardModifiers Modifiers;
-        const char* Text;
-    } cases[] = {
+    const struct { CGridPos From; int Key; Qt::KeyboardModifiers Modifiers;
+                   const char* Text; } cases[] = {
         {{16, 7}, Qt::Key_Right, {}, "  OUT,  7 "},   {{16, 7}, Qt::Key_Left, ctrl, "  IN ,  7 "},
         {{-1, 7}, Qt::Key_Right, ctrl, "  OUT,  7 "}, {{-2, 7}, Qt::Key_Left, {}, "  16 ,  7 "},
         {{1, 7}, Qt::Key_Left, {}, "  IN ,  7 "},     {{-1, 7}, Qt::Key_Right, {}, "   1 ,  7 "},

@@ -177,17 +177,3 @@ TEST(PanelPainter, PinsSitOnTheSidesThePanelsWireTo)
         }
     }
 }
-
-TEST(PanelPainter, DrawImageStacksTheItemsDownwards)
-{
-    const CPanelCell cell(QStringLiteral("CNT \tC,300,10,5"));
-    ASSERT_EQ(cell.GetImage().Items.size(), 3);
-    QImage image(32, 96, QImage::Format_ARGB32_Premultiplied);
-    image.fill(Qt::transparent);
-    {
-        QPainter painter(&image);
-        CPanelPainter::DrawImage(painter, QPointF(0, 0), cell.GetImage());
-    }
-    for (int row = 0; row < 3; ++row)
-        EXPECT_EQ(image.copy(0, 32 * row, 32, 32), Bare(cell.GetImage().Items[row], 1)) << row;
-}

@@ -40,14 +40,9 @@ const QString kIncomplete = QStringLiteral("The connection of panel [%1] is inco
 
 TEST_F(CCheckFixture, FaultsOfEachKind)
 {
-    const struct
-    {
-        const char* Name;
-        QList<CNamed> Panels;
-        QList<int> WiredRows; // wires from column 2 to 16
-        const char* Filter;
-        QStringList Faults;
-    } cases[] = {
+    // WiredRows: wires from column 2 to 16
+    const struct { const char* Name; QList<CNamed> Panels; QList<int> WiredRows; const char* Filter;
+                   QStringList Faults; } cases[] = {
         {"empty layout passes", {}, {}, "", {}},
         {"switch, gate and lamp wired across pass",
          {{-1, 3, "KEY\tH,PD2", "Key"}, {1, 3, "AND\tR"}, {1, 2, "ON\tD"}, {-2, 3, "LAMP\tH,PB5"}},
@@ -110,13 +105,8 @@ TEST_F(CCheckFixture, CapacityAboveOneThousandOnlyWithTheLimitFlag)
     for (int column = 1; column <= 10; ++column)
         for (int row = 1; row <= 10; ++row)
             Put({column, row, "DLY\t1.00S"});
-    const struct
-    {
-        const char* Name;
-        int Extra; // weight of one more panel beside 100 of weight 10
-        bool LimitFlag;
-        bool Fault;
-    } cases[] = {
+    // Extra: weight of one more panel beside 100 of weight 10
+    const struct { const char* Name; int Extra; bool LimitFlag; bool Fault; } cases[] = {
         {"exactly 1000", 0, true, false},
         {"1001", 1, true, true},
         {"1001 while loading", 1, false, false},

@@ -94,11 +94,7 @@ TEST_F(CNetlistFixture, WiresCarryANetAcrossTheGridAndAGapOrNoPanelEndsIt)
 // in the order U, D, L, R.
 TEST_F(CNetlistFixture, WireKindsJoinTheirPiecesOnly)
 {
-    const struct
-    {
-        const char* line;
-        const char* joined;
-    } cases[] = {
+    const struct { const char* line; const char* joined; } cases[] = {
         {"LINE\tUD", "UD"},
         {"LINE\tLR", "LR"},
         {"LINE\tUR", "UR"},
@@ -109,12 +105,8 @@ TEST_F(CNetlistFixture, WireKindsJoinTheirPiecesOnly)
         {"LINE\tLR,LD", "DL DR LR"},
         {"JPI\t4,L", ""},            // a lone jump joins nothing in its cell
     };
-    const struct
-    {
-        char side;
-        CGridPos neighbour;
-        char facing;
-    } around[] = {{'U', {5, 4}, 'D'}, {'D', {5, 6}, 'U'}, {'L', {4, 5}, 'R'}, {'R', {6, 5}, 'L'}};
+    const struct { char side; CGridPos neighbour; char facing; } around[] = {
+        {'U', {5, 4}, 'D'}, {'D', {5, 6}, 'U'}, {'L', {4, 5}, 'R'}, {'R', {6, 5}, 'L'}};
 
     for (const auto& c : cases) {
         SCOPED_TRACE(c.line);
@@ -163,13 +155,8 @@ TEST_F(CNetlistFixture, JumpCarriesItsNetToEveryJumpOutWithItsId)
 
 TEST_F(CNetlistFixture, TwoDriversOnOneNetAreAFault)
 {
-    const struct
-    {
-        const char* Name;
-        const char* First;
-        const char* SecondJump;
-        CPositions Panels;
-    } cases[] = {
+    const struct { const char* Name; const char* First; const char* SecondJump;
+                   CPositions Panels; } cases[] = {
         {"two panels into jump-ins of one id", "ON\tR", "JPI\t3,L", {{{1, 1}, {1, 2}}}},
         {"two rows of one counter", "CNT\tH,20,10", "JPI\t3,L", {{{1, 1}}}},
         {"two rows of one counter, other ids", "CNT\tH,20,10", "JPI\t4,L", {}},
@@ -195,11 +182,7 @@ TEST_F(CNetlistFixture, TwoDriversOnOneNetAreAFault)
 // loop: only panels that store state may close it.
 TEST_F(CNetlistFixture, LoopNeedsAStoringPanel)
 {
-    const struct
-    {
-        const char* middle;
-        CPositions loops;
-    } cases[] = {
+    const struct { const char* middle; CPositions loops; } cases[] = {
         {"NOT\tR", {{{2, 2}, {3, 2}}}}, {"LINE\tLR", {{{2, 2}}}}, {"RSFF", {}},
         {"D_FF", {}},                   {"T_FF", {}},             {"CNT\tH,5", {}},
         {"DLY\t1.00S", {}},             {"TIM\tH,1.00S", {}},     {"TIM1\tN,0.50S", {}},
@@ -248,12 +231,7 @@ TEST_F(CNetlistFixture, EvaluationOrderPutsEachGateAfterItsFeedersAndLeavesOutTh
 
 TEST_F(CNetlistFixture, PanelsHaveTheirDocumentedPins)
 {
-    const struct
-    {
-        int column;
-        const char* line;
-        const char* pins;
-    } cases[] = {
+    const struct { int column; const char* line; const char* pins; } cases[] = {
         {-1, "KEY\tH,PD2", "0R>"},
         {-1, "ANI\tH,PC0,512,256", "0R> 1R>"},
         {-1, "UARI\tC,200,17,5", "0R> 1R> 2R>"},

@@ -38,13 +38,9 @@ TEST_F(GridTest, TopAndBottomOfAMultiRowPanelFromAnyOfItsRows)
 
 TEST_F(GridTest, TallPanelMustEndWithinTheLastRow)
 {
-    const struct
-    {
-        const char* Line;
-        int Row;
-        bool Fits;
-    } cases[] = {{"CNT \tC,3,2,1", 38, true}, {"CNT \tC,3,2,1", 39, false},
-                 {"SMOT\t1,10", 37, true},    {"SMOT\t1,10", 38, false}};
+    const struct { const char* Line; int Row; bool Fits; } cases[] = {
+        {"CNT \tC,3,2,1", 38, true}, {"CNT \tC,3,2,1", 39, false},
+        {"SMOT\t1,10", 37, true},    {"SMOT\t1,10", 38, false}};
     for (const auto& c : cases) {
         CPanelGrid fresh(messenger);
         EXPECT_EQ(fresh.Place(1, c.Row, Cell(c.Line)), c.Fits) << c.Line << " at " << c.Row;
@@ -56,13 +52,8 @@ TEST_F(GridTest, TallPanelMustEndWithinTheLastRow)
 
 TEST_F(GridTest, UseLimitRefusesSilentlyAlsoWhileLoadingAndFreesOnRemove)
 {
-    const struct
-    {
-        const char* Name;
-        QHash<int, int> Limits;
-        bool LimitFlag;
-        int Placed;
-    } cases[] = {
+    const struct { const char* Name; QHash<int, int> Limits; bool LimitFlag;
+                   int Placed; } cases[] = {
         {"limit 2", {{LampType, 2}}, true, 2},
         {"limit 2 while loading", {{LampType, 2}}, false, 2},
         {"limit 0", {{LampType, 0}}, true, 0},
@@ -90,12 +81,8 @@ TEST_F(GridTest, UseLimitRefusesSilentlyAlsoWhileLoadingAndFreesOnRemove)
 
 TEST_F(GridTest, CapacityMessageOnlyAboveOneThousand)
 {
-    const struct
-    {
-        int Weight;
-        bool LimitFlag;
-        bool Message;
-    } cases[] = {{990, true, false}, {991, true, true}, {991, false, false}};
+    const struct { int Weight; bool LimitFlag; bool Message; } cases[] = {
+        {990, true, false}, {991, true, true}, {991, false, false}};
     for (const auto& c : cases) {
         SCOPED_TRACE(c.Weight);
         messenger.Reset();
@@ -114,16 +101,8 @@ TEST_F(GridTest, CapacityMessageOnlyAboveOneThousand)
 // whose lower rows would meet another panel is refused.
 TEST_F(GridTest, PlacingOverPanels)
 {
-    const struct
-    {
-        const char* Name;
-        QList<CPut> Existing;
-        CPut New;
-        EAnswer Answer;
-        bool Asked;
-        bool Placed;
-        const char* After;
-    } cases[] = {
+    const struct { const char* Name; QList<CPut> Existing; CPut New; EAnswer Answer; bool Asked;
+                   bool Placed; const char* After; } cases[] = {
         {"complete, OK replaces", {{-2, 4, "LAMP\tH,P1"}}, {-2, 4, "LAMP\tL,P9"}, EAnswer::Ok, true,
          true, "-2,4 LAMP\tL,P9 #10083=1 total=10"},
         {"complete, Cancel keeps", {{-2, 4, "LAMP\tH,P1"}}, {-2, 4, "LAMP\tL,P9"},
@@ -161,12 +140,7 @@ TEST_F(GridTest, PlacingOverPanels)
 TEST_F(GridTest, UndoAfterEveryJournaledOperationRestoresTheGridExactly)
 {
     using Op = std::function<bool(CPanelGrid&)>;
-    const struct
-    {
-        const char* Name;
-        QList<EAnswer> Answers;
-        Op Operation;
-    } cases[] = {
+    const struct { const char* Name; QList<EAnswer> Answers; Op Operation; } cases[] = {
         {"Place on empty", {}, [](CPanelGrid& g) { return g.Place(4, 4, Cell("AND \tR")); }},
         {"Place replacing", {}, [](CPanelGrid& g) { return g.Place(1, 3, Cell("AND \tR")); }},
         {"Insert", {}, [](CPanelGrid& g) { return g.Insert(-1, 20, Cell("UARI\tC,5,4")); }},
@@ -244,12 +218,9 @@ TEST_F(GridTest, DecodersFollowTheFirstSevenSegmentDisplay)
     grid.RefreshDecoders();
     EXPECT_EQ(grid.GetDecoderVariant(), 2);
     // Inserted decoders take the variant; 7S4_S is refreshed but not given it when inserted.
-    const struct
-    {
-        const char* Line;
-        int OnInsert;
-    } decoders[] = {{"7S_\t0", 2},  {"7S4_\t0", 2},  {"7S_B\t0", 2},  {"7S_D\t0", 2},
-                    {"7S_S\t0", 2}, {"7S4_B\t0", 2}, {"7S4_D\t0", 2}, {"7S4_S\t0", 0}};
+    const struct { const char* Line; int OnInsert; } decoders[] = {
+        {"7S_\t0", 2},  {"7S4_\t0", 2},  {"7S_B\t0", 2},  {"7S_D\t0", 2},
+        {"7S_S\t0", 2}, {"7S4_B\t0", 2}, {"7S4_D\t0", 2}, {"7S4_S\t0", 0}};
     int column = 1;
     for (const auto& d : decoders) {
         ASSERT_TRUE(grid.Place(column, 1, Cell(d.Line)));
@@ -275,15 +246,12 @@ TEST_F(GridTest, DecodersFollowTheFirstSevenSegmentDisplay)
 
 TEST_F(GridTest, RotateTurnsGatesAndJumpsOnlyAndIsNotUndoable)
 {
-    const struct
-    {
-        const char* Line;
-        int Turned; // 0: cannot turn
-        const char* TurnedLine;
-    } cases[] = {{"AND \tR", 10013, "AND \tD"},
-                 {"JPI \t1,L", 10033, "JPI \t1,U"},
-                 {"JPO \t1,R", 10036, "JPO \t1,D"},
-                 {"CNT \tC,3,2", 0, "CNT \tC,3,2"}};
+    // Turned: 0: cannot turn
+    const struct { const char* Line; int Turned; const char* TurnedLine; } cases[] = {
+        {"AND \tR", 10013, "AND \tD"},
+        {"JPI \t1,L", 10033, "JPI \t1,U"},
+        {"JPO \t1,R", 10036, "JPO \t1,D"},
+        {"CNT \tC,3,2", 0, "CNT \tC,3,2"}};
     for (const auto& c : cases) {
         SCOPED_TRACE(c.Line);
         CPanelGrid fresh(messenger);
@@ -309,14 +277,8 @@ TEST_F(GridTest, RotateTurnsGatesAndJumpsOnlyAndIsNotUndoable)
 
 TEST_F(GridTest, FillRepeatsIntoEmptyCellsUpToAPanelOrTheEdge)
 {
-    const struct
-    {
-        const char* Source;
-        QChar Direction;
-        int Column, Row, Limit;
-        bool Fills;
-        int Filled;
-    } cases[] = {
+    const struct { const char* Source; QChar Direction; int Column, Row, Limit; bool Fills;
+                   int Filled; } cases[] = {
         {"AND \tR", u'D', 5, 5, -1, true, 2}, // up to the NOT at (5, 8)
         {"AND \tR", u'U', 5, 5, -1, true, 4},
         {"AND \tR", u'L', 5, 5, -1, true, 2}, // up to the NOT at (2, 5)
