@@ -160,14 +160,17 @@ TEST_F(LayoutViewTest, ClickPlacesTheChosenEntryOfItsAreaAndAUsedUpTypeLosesTheC
     chooser.Line = "KEY \tH,P1";
     Click(3, 4);
     EXPECT_EQ(Cells(grid), "");
+    auto light = Cell("NOT \tR"); // 1 and the gate's 10 are 2 % of 1000, rounded up
+    light->GetPanel()->SetOption(1);
+    ASSERT_TRUE(grid.Place(9, 9, std::move(light)));
     chooser.Line = "AND \tR";
     Press(At(3, 4));
     EXPECT_EQ(view.GetState(), CLayoutView::EState::PlacingByClick);
     EXPECT_EQ(Cursor(), Qt::DragCopyCursor);
     Release(At(3, 4));
-    EXPECT_EQ(Cells(grid), "3,4 AND \tR");
+    EXPECT_EQ(Cells(grid), "3,4 AND \tR; 9,9 NOT \tR");
     EXPECT_EQ(modified.count(), 1);
-    EXPECT_EQ(Text(usage), "1"); // weight 10 of 1000, rounded up
+    EXPECT_EQ(Text(usage), "2");
     EXPECT_EQ(Selection(), "3,4-3,4");
     EXPECT_EQ(chooser.Line, "AND \tR"); // still chosen: no use limit
     EXPECT_GT(chooser.Refreshes, 0);

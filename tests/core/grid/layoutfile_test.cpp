@@ -221,9 +221,11 @@ TEST_F(CLayoutFixture, SavingKeepsLinksAndFallsBackToWritingInPlace)
 {
     grid.Place(1, 1, std::make_unique<CPanelCell>("AND\tR"));
     const QByteArray bytes = CLayoutFile::Write(grid);
-    // A hard link and a symbolic link still share the file after the save.
+    // A hard link and a symbolic link still share the file after the save, and a file
+    // replaced whole keeps who may read it.
     ASSERT_TRUE(WriteAll(Path("a.loc"), "old"));
-    ASSERT_TRUE(QFile::link(Path("a.loc"), Path("symbolic.loc")));
+    ASSERT_TRUE(WriteAll(Path("c.loc"), "old"));
+    ASSERT_TRUE(QFile::link(Path("c.loc"), Path("symbolic.loc")));
     ASSERT_EQ(::link(QFile::encodeName(Path("a.loc")).constData(),
                      QFile::encodeName(Path("hard.loc")).constData()),
               0);
@@ -231,6 +233,11 @@ TEST_F(CLayoutFixture, SavingKeepsLinksAndFallsBackToWritingInPlace)
     EXPECT_EQ(ReadAll(Path("a.loc")), bytes);
     ASSERT_TRUE(file.Save(grid, Path("symbolic.loc")));
     EXPECT_TRUE(QFileInfo(Path("symbolic.loc")).isSymLink());
+    EXPECT_EQ(ReadAll(Path("c.loc")), bytes);
+    ASSERT_TRUE(QFile::setPermissions(Path("c.loc"), QFile::ReadOwner | QFile::WriteOwner));
+    const QFile::Permissions permissions = QFile::permissions(Path("c.loc"));
+    ASSERT_TRUE(file.Save(grid, Path("c.loc")));
+    EXPECT_EQ(QFile::permissions(Path("c.loc")), permissions);
 
     // A save killed before its rename left its whole temporary file; the next save of the
     // file removes it. Where no temporary file can be made, the file itself is written.
