@@ -3,7 +3,6 @@
 #include "settings.h"
 #include "mainframe.h"
 #include "layoutdocument.h"
-#include "layoutfile.h"
 #include "layoutview.h"
 #include "core/panels/paneltest.h"
 #include "stringtable.h"
@@ -14,7 +13,7 @@
 #include <QClipboard>
 #include <QDir>
 #include <QFile>
-#include <QFileInfo>
+#include <QListWidget>
 #include <QMenu>
 #include <QSettings>
 #include <QStandardPaths>
@@ -65,34 +64,24 @@ struct MainFrameTest : testing::Test
         return nullptr;
     }
 
-    // The Edit commands that are enabled, in menu order.
-    QStringList Enabled() const
+    // The Edit commands that are enabled, in menu order, by their first words.
+    QString Enabled() const
     {
-        QStringList enabled;
+        QString enabled;
         for (int id : {Ids::MenuEditUndo, Ids::MenuEditCut, Ids::MenuEditCopy, Ids::MenuEditPaste,
                        Ids::MenuEditDelete, Ids::MenuEditRotate, Ids::MenuEditProperty})
             if (QAction* action = Action(id); action && action->isEnabled())
-                enabled.append(CStringTable::Get(id));
-        return enabled;
+                enabled += CStringTable::Get(id).section(u'(', 0, 0).section(u' ', 0, 0) + u' ';
+        return enabled.trimmed();
     }
 
-    QStringList RecentFiles() const
+    bool Open(const QString& name, const QByteArray& text)
     {
-        QStringList files;
-        for (QMenu* menu : frame->findChildren<QMenu*>())
-            if (menu->title() == CStringTable::Get(Ids::MenuFileRecent))
-                for (QAction* action : menu->actions())
-                    files.append(action->text());
-        return files;
-    }
-
-    QString SaveLayout(const QString& name, const QString& text)
-    {
-        const QString path = dir.filePath(name);
-        QFile file(path);
-        EXPECT_TRUE(file.open(QIODevice::WriteOnly));
-        file.write(text.toUtf8());
-        return QFileInfo(path).absoluteFilePath();
+        QFile file(dir.filePath(name));
+        if (!file.open(QIODevice::WriteOnly) || file.write(text) != text.size())
+            return false;
+        file.close();
+        return frame->OpenLayout(dir.filePath(name));
     }
 };
 
@@ -102,7 +91,7 @@ TEST_F(MainFrameTest, TitleNamesTheLayoutAndMarksAChange)
 {
     EXPECT_EQ(frame->windowTitle(), "Untitled[*] - Quillon");
     EXPECT_FALSE(frame->isWindowModified());
-    ASSERT_TRUE(frame->OpenLayout(SaveLayout("blink.loc", "; PANEL LOCATION\r\n0303:AND\tR\r\n")));
+    ASSERT_TRUE(Open("blink.loc", "; PANEL LOCATION\r\n0303:AND\tR\r\n"));
     EXPECT_EQ(frame->windowTitle(), "blink.loc[*] - Quillon");
     EXPECT_FALSE(frame->isWindowModified());
     frame->View().SetSelection(3, 3);
@@ -112,32 +101,44 @@ TEST_F(MainFrameTest, TitleNamesTheLayoutAndMarksAChange)
 
 TEST_F(MainFrameTest, EditCommandsFollowTheSelectionTheClipboardAndTheLastStep)
 {
-    ASSERT_TRUE(frame->OpenLayout(SaveLayout("gate.loc", "; PANEL LOCATION\r\n0303:AND\tR\r\n")));
-    const QString undo = CStringTable::Get(Ids::MenuEditUndo), cut = CStringTable::Get(Ids::MenuEditCut),
-                  copy = CStringTable::Get(Ids::MenuEditCopy), paste = CStringTable::Get(Ids::MenuEditPaste),
-                  del = CStringTable::Get(Ids::MenuEditDelete), rotate = CStringTable::Get(Ids::MenuEditRotate),
-                  property = CStringTable::Get(Ids::MenuEditProperty);
-    EXPECT_EQ(Enabled(), QStringList());
+    ASSERT_TRUE(Open("gate.loc", "; PANEL LOCATION\r\n0303:AND\tR\r\n"));
+    EXPECT_EQ(Enabled(), "");
     frame->View().SetSelection(3, 3);
-    EXPECT_EQ(Enabled(), (QStringList{cut, copy, del, rotate, property}));
+    EXPECT_EQ(Enabled(), "Cut Copy Delete Rotate Show");
     Action(Ids::MenuEditCopy)->trigger();
-    EXPECT_EQ(Enabled(), (QStringList{cut, copy, paste, del, rotate, property}));
+    EXPECT_EQ(Enabled(), "Cut Copy Paste Delete Rotate Show");
     frame->View().SetSelection(8, 8);
-    EXPECT_EQ(Enabled(), (QStringList{cut, copy, paste, del}));
+    EXPECT_EQ(Enabled(), "Cut Copy Paste Delete");
     Action(Ids::MenuEditPaste)->trigger();
-    EXPECT_EQ(Enabled(), (QStringList{undo, cut, copy, paste, del, rotate, property}));
+    EXPECT_EQ(Enabled(), "Undo Cut Copy Paste Delete Rotate Show");
 }
 
 TEST_F(MainFrameTest, RecentFilesKeepTheLastFourOpenedNewestFirst)
 {
-    QStringList paths;
-    for (const char* name : {"a.loc", "b.loc", "c.loc", "d.loc", "e.loc"}) {
-        paths.prepend(SaveLayout(QString::fromLatin1(name), "; PANEL LOCATION\r\n"));
-        ASSERT_TRUE(frame->OpenLayout(paths.first()));
-    }
-    ASSERT_TRUE(frame->OpenLayout(paths[2])); // opened again, it moves to the top
+    for (const char* name : {"a.loc", "b.loc", "c.loc", "d.loc", "e.loc", "c.loc"})
+        ASSERT_TRUE(Open(name, "; PANEL LOCATION\r\n"));
+    QStringList files;
+    for (QMenu* menu : frame->findChildren<QMenu*>())
+        if (menu->title() == CStringTable::Get(Ids::MenuFileRecent))
+            for (QAction* action : menu->actions())
+                files.append(action->text());
     QStringList expected;
-    for (const QString& path : {paths[2], paths[0], paths[1], paths[3]})
-        expected.append(QStringLiteral("&%1 %2").arg(expected.size() + 1).arg(QDir::toNativeSeparators(path)));
-    EXPECT_EQ(RecentFiles(), expected);
+    for (const char* name : {"c.loc", "e.loc", "d.loc", "b.loc"})
+        expected.append(QStringLiteral("&%1 %2").arg(expected.size() + 1).arg(
+            QDir::toNativeSeparators(QDir(dir.path()).absoluteFilePath(name))));
+    EXPECT_EQ(files, expected);
+}
+
+TEST_F(MainFrameTest, AUsedUpPanelTypeIsDisabledInItsBar)
+{
+    const auto disabled = [this] {
+        int count = 0;
+        for (QListWidget* list : frame->findChildren<QListWidget*>())
+            for (int i = 0; i < list->count(); ++i)
+                count += list->item(i)->flags() == Qt::NoItemFlags;
+        return count;
+    };
+    ASSERT_EQ(disabled(), 0);
+    ASSERT_TRUE(Open("motor.loc", "; PANEL LOCATION\r\nO_01:SMOTO\t1,100\r\n"));
+    EXPECT_EQ(disabled(), 1);
 }

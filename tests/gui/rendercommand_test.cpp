@@ -8,33 +8,35 @@
 
 namespace {
 
-int Render(const QStringList& args)
+struct RenderCommand : testing::Test
 {
-    static QTemporaryDir home;
-    QProcess process;
-    QProcessEnvironment env = QProcessEnvironment::systemEnvironment();
-    env.insert("XDG_CONFIG_HOME", home.path());
-    // Headless: the command must find the offscreen platform by itself.
-    env.remove("QT_QPA_PLATFORM");
-    env.remove("DISPLAY");
-    env.remove("WAYLAND_DISPLAY");
-    process.setProcessEnvironment(env);
-    process.start(QStringLiteral(QUILLON_RENDER_CLI), args);
-    process.waitForFinished(60000);
-    return process.exitStatus() == QProcess::NormalExit ? process.exitCode() : -1;
-}
+    QTemporaryDir dir;
 
-const QString kLayout = QStringLiteral(QUILLON_RENDER_EXAMPLES "/pushbutton-lamp.loc");
-const QString kBoard = QStringLiteral(QUILLON_RENDER_BOARD);
+    // Renders the example layout to the file with the extra arguments; the exit code.
+    int Render(const QString& file, const QStringList& extra = {})
+    {
+        QProcess process;
+        QProcessEnvironment env = QProcessEnvironment::systemEnvironment();
+        env.insert("XDG_CONFIG_HOME", dir.path());
+        // Headless: the command must find the offscreen platform by itself.
+        for (const char* name : {"QT_QPA_PLATFORM", "DISPLAY", "WAYLAND_DISPLAY"})
+            env.remove(name);
+        process.setProcessEnvironment(env);
+        process.start(QStringLiteral(QUILLON_RENDER_CLI),
+                      QStringList{"render", QStringLiteral(QUILLON_RENDER_EXAMPLES "/pushbutton-lamp.loc"),
+                                  dir.filePath(file), "--board", QStringLiteral(QUILLON_RENDER_BOARD)} +
+                          extra);
+        process.waitForFinished(60000);
+        return process.exitStatus() == QProcess::NormalExit ? process.exitCode() : -1;
+    }
+};
 
 } // namespace
 
-TEST(RenderCommand, WritesTheDrawingAsPng)
+TEST_F(RenderCommand, WritesTheDrawingAsPngAtAScaleAndThePrintedPageAsPdf)
 {
-    QTemporaryDir dir;
-    const QString out = dir.filePath("layout.png");
-    ASSERT_EQ(Render({"render", kLayout, out, "--board", kBoard}), 0);
-    const QImage image(out);
+    ASSERT_EQ(Render("layout.png"), 0);
+    const QImage image(dir.filePath("layout.png"));
     ASSERT_EQ(image.size(), QSize(700, 1340));
     // The key's strip in input row 1 is drawn; the empty input row 2 is only framed.
     int inked = 0;
@@ -43,35 +45,21 @@ TEST(RenderCommand, WritesTheDrawingAsPng)
             inked += image.pixelColor(x, y) != image.pixelColor(5, 5);
     EXPECT_GT(inked, 300);
     EXPECT_EQ(image.pixelColor(60, 80), image.pixelColor(5, 5));
+
+    ASSERT_EQ(Render("layout@2x.png", {"--scale", "2"}), 0);
+    EXPECT_EQ(QImage(dir.filePath("layout@2x.png")).size(), QSize(1400, 2680));
+
+    ASSERT_EQ(Render("layout.pdf"), 0);
+    QFile pdf(dir.filePath("layout.pdf"));
+    ASSERT_TRUE(pdf.open(QIODevice::ReadOnly));
+    EXPECT_TRUE(pdf.read(5).startsWith("%PDF-"));
+    EXPECT_GT(pdf.size(), 1000);
 }
 
-TEST(RenderCommand, ScaleGivesMorePixelsForTheSameDrawing)
+TEST_F(RenderCommand, RefusesABadScaleAndAnUnwritableFile)
 {
-    QTemporaryDir dir;
-    const QString out = dir.filePath("layout@2x.png");
-    ASSERT_EQ(Render({"render", kLayout, out, "--scale", "2", "--board", kBoard}), 0);
-    EXPECT_EQ(QImage(out).size(), QSize(1400, 2680));
-}
-
-TEST(RenderCommand, WritesThePrintedPageAsPdf)
-{
-    QTemporaryDir dir;
-    const QString out = dir.filePath("layout.pdf");
-    ASSERT_EQ(Render({"render", kLayout, out, "--board", kBoard}), 0);
-    QFile file(out);
-    ASSERT_TRUE(file.open(QIODevice::ReadOnly));
-    EXPECT_TRUE(file.read(5).startsWith("%PDF-"));
-    EXPECT_GT(file.size(), 1000);
-}
-
-TEST(RenderCommand, RefusesABadScaleAndAnUnwritableFile)
-{
-    QTemporaryDir dir;
-    EXPECT_EQ(Render({"render", kLayout, dir.filePath("x.png"), "--scale", "0", "--board", kBoard}),
-              2);
-    EXPECT_EQ(
-        Render({"render", kLayout, dir.filePath("x.png"), "--scale", "many", "--board", kBoard}),
-        2);
+    EXPECT_EQ(Render("x.png", {"--scale", "0"}), 2);
+    EXPECT_EQ(Render("x.png", {"--scale", "many"}), 2);
     EXPECT_FALSE(QFile::exists(dir.filePath("x.png")));
-    EXPECT_EQ(Render({"render", kLayout, dir.filePath("missing/x.png"), "--board", kBoard}), 1);
+    EXPECT_EQ(Render("missing/x.png"), 1);
 }

@@ -33,33 +33,23 @@ struct UsedPortList : testing::Test
     }
 };
 
-TEST_F(UsedPortList, EmptyLayoutHasNoRows)
+TEST_F(UsedPortList, InputsComeFirstThenOutputsEachInRowOrderWithTheBoardsPortNames)
 {
     EXPECT_TRUE(CUsedPortList::Rows(grid).isEmpty());
-}
-
-TEST_F(UsedPortList, InputsComeFirstThenOutputsEachInRowOrder)
-{
     const QList<CPortEntry> pins{{"2", "PD2", "D2"}, {"13", "PB5", "D13"}};
     Place(CPanelGrid::GetOutputColumn(), 2, "LAMP" TAB "H,PB5", "Lamp", pins);
     Place(CPanelGrid::GetInputColumn(), 7, "KEY" TAB "H,PD2" TAB TAB ";Start", "Key", pins);
-    Place(CPanelGrid::GetInputColumn(), 3, "KEY" TAB "H,PX9", "Key", pins);
+    Place(CPanelGrid::GetInputColumn(), 3, "KEY" TAB "H,PX9", "Key", pins); // no such port
+    Place(CPanelGrid::GetInputColumn(), 9, "UARI" TAB "B,2", "UART", {{"0", "PD0(RxD6)", ""}});
     Place(3, 1, "AND", "AND", {});
 
     const QList<CUsedPortList::CRow> expected{
         {"IN", "3", "Key", "", ""},
         {"IN", "7", "Key", "Start", "PD2(D2)"},
+        {"IN", "9", "UART", "", "PD0(RxD6)"}, // no port token: the port of its list
         {"OUT", "2", "Lamp", "", "PB5(D13)"},
     };
     EXPECT_EQ(CUsedPortList::Rows(grid), expected);
-}
-
-TEST_F(UsedPortList, PanelWithoutPortTokenShowsItsListPort)
-{
-    Place(CPanelGrid::GetInputColumn(), 1, "UARI" TAB "B,2", "UART", {{"0", "PD0(RxD6)", ""}});
-    const QList<CUsedPortList::CRow> rows = CUsedPortList::Rows(grid);
-    ASSERT_EQ(rows.size(), 1);
-    EXPECT_EQ(rows[0].Assigned, "PD0(RxD6)");
 }
 
 } // namespace

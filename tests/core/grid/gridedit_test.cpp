@@ -1,195 +1,116 @@
 #include "gridtest.h"
 
-namespace {
-
-struct GridEditTest : testing::Test
-{
-    CGridMessenger messenger;
-    CPanelGrid grid{messenger};
-};
-
-} // namespace
-
-// --- DeleteRange ---------------------------------------------------------------------
+using GridEditTest = GridFixture;
 
 TEST_F(GridEditTest, DeletingACompletePanelAsksOnceAndCancelKeepsAll)
 {
-    const struct
-    {
-        const char* Name;
-        const char* First;
-        EAnswer Answer;
-        bool Asked;
-        bool Deleted;
-    } cases[] = {
-        {"complete, OK", "LAMP\tH,P1", EAnswer::Ok, true, true},
-        {"complete, Cancel", "LAMP\tH,P1", EAnswer::Cancel, true, false},
-        {"incomplete only", "LAMP\tH", EAnswer::Cancel, false, true},
+    const struct { const char* Name; const char* First; const char* Second; EAnswer Answer;
+                   bool Asked; bool Deleted; } cases[] = {
+        {"complete, OK", "LAMP\tH,P1", "LAMP\tL,P2", EAnswer::Ok, true, true},
+        {"complete, Cancel", "LAMP\tH,P1", "LAMP\tL,P2", EAnswer::Cancel, true, false},
+        {"incomplete only", "LAMP\tH", "LAMP\tL", EAnswer::Cancel, false, true},
     };
     for (const auto& c : cases) {
         SCOPED_TRACE(c.Name);
-        messenger.Reset();
         CPanelGrid layout(messenger);
-        ASSERT_TRUE(layout.Place(-2, 1, Cell(c.First)));
-        ASSERT_TRUE(layout.Place(-2, 2, Cell(c.Asked ? "LAMP\tL,P2" : "LAMP\tL")));
-        const QStringList before = Dump(layout);
-        messenger.Answers = {c.Answer};
+        PutAll(layout, {{-2, 1, c.First}, {-2, 2, c.Second}});
+        const QString before = Dump(layout);
+        messenger.Reset({c.Answer});
         EXPECT_EQ(layout.DeleteRange(-2, 1, -2, 2), c.Deleted);
-        EXPECT_EQ(messenger.Texts,
-                  c.Asked ? QStringList{Text(Ids::MsgDeletePanel)} : QStringList{});
-        if (c.Asked) {
-            EXPECT_EQ(messenger.Buttons, QList<EButtons>{EButtons::OkCancel});
-        }
-        if (!c.Deleted) {
-            EXPECT_EQ(Dump(layout), before);
-            continue;
-        }
-        EXPECT_EQ(LineAt(layout, -2, 1), "");
-        EXPECT_EQ(LineAt(layout, -2, 2), "");
-        EXPECT_EQ(layout.GetUseCount(LampType), 0);
+        EXPECT_EQ(messenger.Texts, c.Asked ? QStringList{Text(Ids::MsgDeletePanel)} : QStringList{});
+        EXPECT_EQ(messenger.Buttons, c.Asked ? QList<EButtons>{EButtons::OkCancel} : QList<EButtons>{});
+        EXPECT_EQ(Dump(layout), c.Deleted ? "total=0" : before);
+    }
+    // A panel reaching out of the range stays; a range without panels deletes nothing.
+    messenger.Reset();
+    PutAll(grid, {{1, 1, "CNT \tC,3,2,1"}, {2, 1, "AND \tR"}});
+    ASSERT_TRUE(grid.DeleteRange(1, 1, 2, 2));
+    EXPECT_EQ(Cells(grid), "1,1 CNT \tC,3,2,1; 1,2 +; 1,3 +");
+    EXPECT_FALSE(grid.DeleteRange(5, 5, 6, 6));
+}
+
+TEST_F(GridEditTest, MoveTakesThePanelsByTheSelectionsOffset)
+{
+    const struct { const char* Name; QList<CPut> Panels; int C1, R1, C2, R2, Column, Row;
+                   const char* After; } cases[] = {
+        {"a block", {{1, 1, "CNT \tC,3,2,1"}, {2, 2, "AND \tR"}}, 1, 1, 2, 3, 4, 20,
+         "4,20 CNT \tC,3,2,1; 4,21 +; 4,22 +; 5,21 AND \tR"},
+        {"onto its own rows", {{3, 1, "CNT \tC,3,2,1"}}, 3, 1, 3, 3, 3, 2,
+         "3,2 CNT \tC,3,2,1; 3,3 +; 3,4 +"},
+        {"a selection with empty edges", {{3, 5, "AND \tR"}}, 2, 2, 4, 6, 8, 30, "9,33 AND \tR"},
+    };
+    for (const auto& c : cases) {
+        SCOPED_TRACE(c.Name);
+        CPanelGrid layout(messenger);
+        PutAll(layout, c.Panels);
+        PutAll(layout, {{-2, 9, "LAMP\tH,P1"}});
+        ASSERT_TRUE(layout.Copy(-2, 9, -2, 9));
+        const QString before = Dump(layout);
+        messenger.Reset();
+        ASSERT_TRUE(layout.MoveRange(c.C1, c.R1, c.C2, c.R2, c.Column, c.Row));
+        EXPECT_EQ(Cells(layout), "-2,9 LAMP\tH,P1; " + QString(c.After));
+        EXPECT_EQ(layout.GetLastOperation(), CPanelGrid::OpMove);
+        EXPECT_EQ(layout.GetClipboard().GetOrigin(), (CGridPos{-2, 9})); // left alone
+        EXPECT_TRUE(messenger.Texts.isEmpty());
         layout.Undo();
         EXPECT_EQ(Dump(layout), before);
     }
 }
 
-TEST_F(GridEditTest, DeleteRangeLeavesAPanelThatReachesOutOfIt)
-{
-    ASSERT_TRUE(grid.Place(1, 1, Cell("CNT \tC,3,2,1")));
-    ASSERT_TRUE(grid.Place(2, 1, Cell("AND \tR")));
-    messenger.Answers = {EAnswer::Ok};
-    ASSERT_TRUE(grid.DeleteRange(1, 1, 2, 2));
-    EXPECT_EQ(LineAt(grid, 1, 1), "CNT \tC,3,2,1");
-    EXPECT_EQ(LineAt(grid, 2, 1), "");
-    EXPECT_FALSE(grid.DeleteRange(5, 5, 6, 6)); // nothing to delete
-}
-
-// --- MoveRange -----------------------------------------------------------------------
-
-TEST_F(GridEditTest, MoveTakesTheBlockToTheTargetAndLeavesTheClipboardAlone)
-{
-    ASSERT_TRUE(grid.Place(1, 1, Cell("CNT \tC,3,2,1")));
-    ASSERT_TRUE(grid.Place(2, 2, Cell("AND \tR")));
-    ASSERT_TRUE(grid.Place(9, 9, Cell("NOT \tR")));
-    ASSERT_TRUE(grid.Copy(9, 9, 9, 9));
-    const QStringList before = Dump(grid);
-    ASSERT_TRUE(grid.MoveRange(1, 1, 2, 3, 4, 20));
-    EXPECT_EQ(LineAt(grid, 1, 1), "");
-    EXPECT_EQ(LineAt(grid, 2, 2), "");
-    EXPECT_EQ(LineAt(grid, 4, 20), "CNT \tC,3,2,1");
-    EXPECT_EQ(LineAt(grid, 4, 22), "+");
-    EXPECT_EQ(LineAt(grid, 5, 21), "AND \tR");
-    EXPECT_EQ(grid.GetUseCount(CounterType), 1);
-    EXPECT_EQ(grid.GetLastOperation(), CPanelGrid::OpMove);
-    EXPECT_EQ(grid.GetClipboard().GetOrigin(), (CGridPos{9, 9}));
-    EXPECT_TRUE(messenger.Texts.isEmpty());
-    grid.Undo();
-    EXPECT_EQ(Dump(grid), before);
-}
-
-TEST_F(GridEditTest, MoveOntoItsOwnRowsWorks)
-{
-    ASSERT_TRUE(grid.Place(3, 1, Cell("CNT \tC,3,2,1")));
-    ASSERT_TRUE(grid.MoveRange(3, 1, 3, 3, 3, 2));
-    EXPECT_EQ(LineAt(grid, 3, 1), "");
-    EXPECT_EQ(LineAt(grid, 3, 2), "CNT \tC,3,2,1");
-    EXPECT_EQ(grid.BottomOf(3, 2), (CGridPos{3, 4}));
-    EXPECT_TRUE(messenger.Texts.isEmpty());
-}
-
-TEST_F(GridEditTest, MoveOfASelectionWithEmptyEdgesMovesThePanelsByItsOffset)
-{
-    ASSERT_TRUE(grid.Place(3, 5, Cell("AND \tR")));
-    ASSERT_TRUE(grid.MoveRange(2, 2, 4, 6, 8, 30));
-    EXPECT_EQ(LineAt(grid, 9, 33), "AND \tR");
-    EXPECT_EQ(grid.CountPanels(1, 1, 16, 40), 1);
-}
-
 TEST_F(GridEditTest, MoveThatCannotBePastedUndoesTheCut)
 {
-    const struct
-    {
-        const char* Name;
-        int Column, Row;
-        QList<EAnswer> Answers;
-        QStringList Texts;
-    } cases[] = {
-        {"past the last row", 3, 39, {}, {}},
-        {"into a side column", -1, 1, {}, {}},
-        {"onto a panel, Cancel", 8, 1, {EAnswer::Cancel}, {Text(Ids::MsgPasteOverPanels)}},
-        {"tall panel blocked, No",
-         8,
-         1,
-         {EAnswer::No},
+    const struct { const char* Name; int C2, R2, Column, Row; QList<EAnswer> Answers;
+                   QStringList Texts; } cases[] = {
+        {"past the last row", 3, 3, 3, 39, {}, {}},
+        {"into a side column", 3, 3, -1, 1, {}, {}},
+        {"onto a panel, Cancel", 3, 3, 8, 1, {EAnswer::Cancel}, {Text(Ids::MsgPasteOverPanels)}},
+        {"tall panel blocked, No", 3, 3, 8, 1, {EAnswer::No},
          {Text(Ids::MsgPasteOverPanels), Text(Ids::MsgNotAllPasted)}},
+        {"protruding selection, Cancel", 4, 2, 10, 10, {EAnswer::Cancel},
+         {Text(Ids::MsgProtrudedPanel)}},
     };
     for (const auto& c : cases) {
         SCOPED_TRACE(c.Name);
-        messenger.Reset();
         CPanelGrid layout(messenger);
-        ASSERT_TRUE(layout.Place(3, 1, Cell("CNT \tC,3,2,1")));
-        ASSERT_TRUE(layout.Place(8, 3, Cell("NOT \tR")));
+        PutAll(layout, {{3, 1, "CNT \tC,3,2,1"}, {4, 1, "AND \tR"}, {8, 3, "NOT \tR"}});
         layout.ClearJournal();
-        const QStringList before = Dump(layout);
-        messenger.Answers = c.Answers;
-        EXPECT_FALSE(layout.MoveRange(3, 1, 3, 3, c.Column, c.Row));
+        const QString before = Dump(layout);
+        messenger.Reset(c.Answers);
+        EXPECT_FALSE(layout.MoveRange(3, 1, c.C2, c.R2, c.Column, c.Row));
         EXPECT_EQ(Dump(layout), before);
         EXPECT_EQ(messenger.Texts, c.Texts);
         EXPECT_FALSE(layout.CanUndo());
     }
 }
 
-TEST_F(GridEditTest, MoveOfAProtrudingSelectionAnsweredCancelRestoresEverything)
-{
-    ASSERT_TRUE(grid.Place(3, 1, Cell("CNT \tC,3,2,1")));
-    ASSERT_TRUE(grid.Place(4, 1, Cell("AND \tR")));
-    const QStringList before = Dump(grid);
-    messenger.Answers = {EAnswer::Cancel};
-    EXPECT_FALSE(grid.MoveRange(3, 1, 4, 2, 10, 10));
-    EXPECT_EQ(Dump(grid), before);
-}
-
-// --- ReplaceCell and EditCell --------------------------------------------------------
-
 TEST_F(GridEditTest, ReplaceRefusesACopyTallerThanTheRoomBelow)
 {
-    const struct
-    {
-        const char* Name;
-        const char* Replacement;
-        bool Fits;
-    } cases[] = {
-        {"same height", "CNT \tH,9", true},
-        {"two rows up to the next panel", "CNT \tH,9,8", true},
-        {"three rows onto the next panel", "CNT \tH,9,8,7", false},
+    const struct { const char* Name; int Row; const char* Replacement; bool Fits; } cases[] = {
+        {"same height", 5, "CNT \tH,9", true},
+        {"two rows up to the next panel", 5, "CNT \tH,9,8", true},
+        {"three rows onto the next panel", 5, "CNT \tH,9,8,7", false},
+        {"from a continuation row down to the last row", 38, "CNT \tC,3,2,1,0", true},
+        {"past the last row", 38, "CNT \tC,3,2,1,0,9", false},
     };
     for (const auto& c : cases) {
         SCOPED_TRACE(c.Name);
-        messenger.Reset();
         CPanelGrid layout(messenger);
-        ASSERT_TRUE(layout.Place(2, 5, Cell("CNT \tC,3")));
-        ASSERT_TRUE(layout.Place(2, 7, Cell("AND \tR")));
-        const QStringList before = Dump(layout);
-        EXPECT_EQ(layout.ReplaceCell(2, 5, Cell(c.Replacement)), c.Fits);
+        PutAll(layout, {{2, 5, "CNT \tC,3"}, {2, 7, "AND \tR"}, {2, 37, "CNT \tC,3,2"}});
+        const QString before = Dump(layout);
+        messenger.Reset();
+        EXPECT_EQ(layout.ReplaceCell(2, c.Row, Cell(c.Replacement)), c.Fits);
         if (!c.Fits) {
             EXPECT_EQ(messenger.Texts, QStringList{Text(Ids::MsgCantChangeSize)});
             EXPECT_EQ(Dump(layout), before);
             continue;
         }
         EXPECT_TRUE(messenger.Texts.isEmpty());
-        EXPECT_EQ(LineAt(layout, 2, 5), c.Replacement);
-        EXPECT_EQ(layout.GetUseCount(CounterType), 1);
+        EXPECT_EQ(LineAt(layout, 2, c.Row == 5 ? 5 : 37), c.Replacement);
+        EXPECT_EQ(layout.GetUseCount(CounterType), 2);
         EXPECT_EQ(layout.GetLastOperation(), CPanelGrid::OpReplace);
         layout.Undo();
         EXPECT_EQ(Dump(layout), before);
     }
-}
-
-TEST_F(GridEditTest, ReplaceFromAContinuationRowReachesTheGridEnd)
-{
-    ASSERT_TRUE(grid.Place(1, 37, Cell("CNT \tC,3,2")));
-    EXPECT_TRUE(grid.ReplaceCell(1, 38, Cell("CNT \tC,3,2,1,0")));
-    EXPECT_EQ(grid.BottomOf(1, 37), (CGridPos{1, 40}));
-    EXPECT_FALSE(grid.ReplaceCell(1, 37, Cell("CNT \tC,3,2,1,0,9")));
     EXPECT_FALSE(grid.ReplaceCell(5, 5, Cell("CNT \tC,3"))); // nothing there
 }
 
@@ -204,33 +125,25 @@ TEST_F(GridEditTest, ReplacingTheDisplayRefreshesTheDecoders)
     EXPECT_EQ(grid.GetCell(1, 1)->GetPanel()->GetMode(), 3);
 }
 
-TEST_F(GridEditTest, EditingAOneRowPanelIntoTwoRowsAboveAnotherPanelFails)
+TEST_F(GridEditTest, EditCellReplacesOnOkIfItStillFitsAndKeepsAllOnCancel)
 {
-    ASSERT_TRUE(grid.Place(2, 5, Cell("CNT \tC,3")));
-    ASSERT_TRUE(grid.Place(2, 6, Cell("AND \tR")));
-    const QStringList before = Dump(grid);
-    CFakeEditor editor;
-    editor.Tokens = {"CNT", "C", "3", "2"};
-    EXPECT_FALSE(grid.EditCell(2, 5, editor));
-    EXPECT_EQ(editor.Asked, EPanelDialog::Counter);
-    EXPECT_EQ(messenger.Texts, QStringList{Text(Ids::MsgCantChangeSize)});
-    EXPECT_EQ(Dump(grid), before);
-}
-
-TEST_F(GridEditTest, EditCellReplacesOnOkAndKeepsAllOnCancel)
-{
-    ASSERT_TRUE(grid.Place(2, 5, Cell("CNT \tC,3")));
-    const QStringList before = Dump(grid);
+    PutAll(grid, {{2, 5, "CNT \tC,3"}, {2, 8, "AND \tR"}});
+    const QString before = Dump(grid);
     CFakeEditor editor;
     editor.Ok = false;
     EXPECT_FALSE(grid.EditCell(2, 5, editor));
+    EXPECT_EQ(editor.Asked, EPanelDialog::Counter);
     EXPECT_EQ(Dump(grid), before);
 
     editor.Ok = true;
+    editor.Tokens = {"CNT", "H", "9", "8", "7", "6"};
+    EXPECT_FALSE(grid.EditCell(2, 5, editor)); // would cover the gate
+    EXPECT_EQ(messenger.Texts, QStringList{Text(Ids::MsgCantChangeSize)});
+    EXPECT_EQ(Dump(grid), before);
+
     editor.Tokens = {"CNT", "H", "9", "8"};
     ASSERT_TRUE(grid.EditCell(2, 5, editor));
-    EXPECT_EQ(LineAt(grid, 2, 5), "CNT \tH,9,8");
-    EXPECT_EQ(LineAt(grid, 2, 6), "+");
+    EXPECT_EQ(Cells(grid), "2,5 CNT \tH,9,8; 2,6 +; 2,8 AND \tR");
     // The picture is drawn from the edited panel, one item a row.
     EXPECT_EQ(grid.GetCell(2, 5)->GetImage().Items.size(), 2);
     grid.Undo();

@@ -5,10 +5,8 @@
 #include "stringtable.h"
 #include "support/recordingmessenger.h"
 
-#include <QHash>
 #include <QStringList>
 
-#include <algorithm>
 #include <memory>
 
 // Remembers the buttons each message offered, beside what the recording messenger keeps.
@@ -21,54 +19,27 @@ class CGridMessenger : public CRecordingMessenger
         return CRecordingMessenger::Message(text, buttons, icon);
     }
 
-    void Reset()
+    // Forgets what was said and scripts the next answers, for the next row of a table.
+    void Reset(const QList<EAnswer>& answers = {})
     {
         Texts.clear();
-        Answers.clear();
         Buttons.clear();
+        Answers = answers;
     }
 
     QList<EButtons> Buttons;
 };
 
-inline std::unique_ptr<CPanelCell> Cell(const QString& line)
-{
-    return std::make_unique<CPanelCell>(line);
-}
+inline std::unique_ptr<CPanelCell> Cell(const QString& line) { return std::make_unique<CPanelCell>(line); }
+inline QString Text(int id) { return CStringTable::Get(id); }
 
-inline QString Text(int id)
-{
-    return CStringTable::Get(id);
-}
+// A panel and where it goes.
+struct CPut { int Column, Row; const char* Line; };
 
-// Every occupied position with its line ("+" for a continuation cell), then the use
-// counts and the weighted total: two equal dumps are two grids no user could tell apart.
-inline QStringList Dump(const CPanelGrid& grid)
+inline void PutAll(CPanelGrid& grid, const QList<CPut>& panels)
 {
-    QStringList lines;
-    QList<int> columns = {CPanelGrid::GetInputColumn(), CPanelGrid::GetOutputColumn()};
-    for (int c = 1; c <= CPanelGrid::GetColumnCount(); ++c)
-        columns.append(c);
-    QList<int> types;
-    for (int c : columns) {
-        for (int r = 1; r <= CPanelGrid::GetRowCount(); ++r) {
-            const CPanelCell* cell = grid.GetCell(c, r);
-            if (!cell)
-                continue;
-            const CPanel* panel = cell->GetPanel();
-            lines.append(QStringLiteral("%1,%2 %3")
-                             .arg(c)
-                             .arg(r)
-                             .arg(panel ? panel->GetLine() : QStringLiteral("+")));
-            if (panel && !types.contains(cell->GetTypeId()))
-                types.append(cell->GetTypeId());
-        }
-    }
-    std::sort(types.begin(), types.end());
-    for (int type : types)
-        lines.append(QStringLiteral("count %1 = %2").arg(type).arg(grid.GetUseCount(type)));
-    lines.append(QStringLiteral("total = %1").arg(grid.GetWeightedTotal()));
-    return lines;
+    for (const CPut& put : panels)
+        EXPECT_TRUE(grid.Place(put.Column, put.Row, Cell(put.Line))) << put.Line;
 }
 
 // The line of the panel at a position, "+" for a continuation cell, "" when empty.
@@ -80,26 +51,46 @@ inline QString LineAt(const CPanelGrid& grid, int column, int row)
     return cell->GetPanel() ? cell->GetPanel()->GetLine() : QStringLiteral("+");
 }
 
-// Cell type ids of the panels used below.
-enum : int
+// Every occupied position with its line, input column first, then output, then process.
+inline QString Cells(const CPanelGrid& grid)
 {
-    LampType = 10083,
-    CounterType = 10026,
-    AndType = 10012,
-};
+    QStringList cells;
+    QList<int> columns = {CPanelGrid::GetInputColumn(), CPanelGrid::GetOutputColumn()};
+    for (int c = 1; c <= CPanelGrid::GetColumnCount(); ++c)
+        columns.append(c);
+    for (int c : columns)
+        for (int r = 1; r <= CPanelGrid::GetRowCount(); ++r)
+            if (grid.GetCell(c, r))
+                cells.append(QStringLiteral("%1,%2 %3").arg(c).arg(r).arg(LineAt(grid, c, r)));
+    return cells.join(QStringLiteral("; "));
+}
+
+// The cells, the use count of each type in them and the weighted total: two equal dumps are
+// two grids no user could tell apart.
+inline QString Dump(const CPanelGrid& grid)
+{
+    QString dump = Cells(grid);
+    for (int type = 0; type < 20000; ++type)
+        if (grid.GetUseCount(type) != 0)
+            dump += QStringLiteral(" #%1=%2").arg(type).arg(grid.GetUseCount(type));
+    return (dump + QStringLiteral(" total=%1").arg(grid.GetWeightedTotal())).trimmed();
+}
+
+// Cell type ids of the panels used below.
+enum : int { LampType = 10083, CounterType = 10026, AndType = 10012 };
 
 // A layout with a panel of every shape in every area; every vertical and horizontal
 // shift of it succeeds.
 inline void FillSampleLayout(CPanelGrid& grid)
 {
-    grid.Place(-1, 1, Cell("KEY \tH,P1"));
-    grid.Place(-1, 3, Cell("UARI\tC,5,4"));
-    grid.Place(-2, 1, Cell("LAMP\tH,P1"));
-    grid.Place(-2, 40, Cell("LAMP\tL,P2"));
-    grid.Place(1, 2, Cell("CNT \tC,3,2,1"));
-    grid.Place(2, 1, Cell("AND \tR"));
-    grid.Place(16, 5, Cell("SMOT\t1,10"));
-    grid.Place(5, 40, Cell("JPI \t1,L"));
-    grid.Place(1, 10, Cell("7S_B\t0"));
+    PutAll(grid, {{-1, 1, "KEY \tH,P1"}, {-1, 3, "UARI\tC,5,4"}, {-2, 1, "LAMP\tH,P1"},
+                  {-2, 40, "LAMP\tL,P2"}, {1, 2, "CNT \tC,3,2,1"}, {2, 1, "AND \tR"},
+                  {16, 5, "SMOT\t1,10"}, {5, 40, "JPI \t1,L"}, {1, 10, "7S_B\t0"}});
     grid.ClearJournal();
 }
+
+struct GridFixture : testing::Test
+{
+    CGridMessenger messenger;
+    CPanelGrid grid{messenger};
+};

@@ -21,22 +21,33 @@ QByteArray ReadAll(const QString& path)
     return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray();
 }
 
+bool WriteAll(const QString& path, const QByteArray& bytes)
+{
+    QFile file(path);
+    return file.open(QIODevice::WriteOnly) && file.write(bytes) == bytes.size();
+}
+
 QString Fixture(const char* name)
 {
     return QStringLiteral(QUILLON_TEST_DATA "/layouts/") + QString::fromLatin1(name);
 }
+
+const QString kNotLoaded = QStringLiteral("Some lines of the file were not loaded as they stand:\n");
 
 struct CLayoutFixture : testing::Test
 {
     CRecordingMessenger messenger;
     CPanelGrid grid{messenger};
     CLayoutFile file{nullptr, messenger};
+    QTemporaryDir dir;
 
     QString Line(int column, int row) const
     {
         const CPanelCell* cell = grid.GetCell(column, row);
         return cell && cell->GetPanel() ? cell->GetPanel()->GetLine() : QString();
     }
+
+    QString Path(const char* name) const { return dir.filePath(QString::fromLatin1(name)); }
 };
 
 } // namespace
@@ -50,21 +61,18 @@ TEST_F(CLayoutFixture, GoldenLayoutOfEveryFamilyRoundTripsByteForByte)
     EXPECT_EQ(QString::fromUtf8(CLayoutFile::Write(grid)).split("\r\n"),
               QString::fromUtf8(golden).split("\r\n"));
     EXPECT_EQ(messenger.Texts, QStringList());
-
-    QTemporaryDir dir;
-    const QString copy = dir.filePath("copy.loc");
-    ASSERT_TRUE(file.Save(grid, copy));
-    EXPECT_EQ(ReadAll(copy), golden);
+    ASSERT_TRUE(file.Save(grid, Path("copy.loc")));
+    EXPECT_EQ(ReadAll(Path("copy.loc")), golden);
 }
 
 TEST_F(CLayoutFixture, RecordsForTopCellsOnlyAndEmptyGridWritesTheFrame)
 {
-    EXPECT_EQ(CLayoutFile::Write(grid),
-              "; Quillon\r\n; PANEL LOCATION\r\n;\r\nINPUT\r\n;\r\nPROCESS\r\n;\r\nOUTPUT\r\n");
+    const QByteArray head = "; Quillon\r\n; PANEL LOCATION\r\n;\r\nINPUT\r\n;\r\nPROCESS\r\n";
+    EXPECT_EQ(CLayoutFile::Write(grid), head + ";\r\nOUTPUT\r\n");
     grid.Place(1, 5, std::make_unique<CPanelCell>("CNT\tC,3,2,1"));
     grid.Place(16, 12, std::make_unique<CPanelCell>("AND\tR"));
-    EXPECT_EQ(CLayoutFile::Write(grid), "; Quillon\r\n; PANEL LOCATION\r\n;\r\nINPUT\r\n;\r\nPROCESS\r\n"
-                                        "0105:CNT \tC,3,2,1\r\n1612:AND \tR\r\n;\r\nOUTPUT\r\n");
+    EXPECT_EQ(CLayoutFile::Write(grid),
+              head + "0105:CNT \tC,3,2,1\r\n1612:AND \tR\r\n;\r\nOUTPUT\r\n");
 }
 
 TEST_F(CLayoutFixture, ReadingNamesEveryLineItLeavesOutInOneMessage)
@@ -91,23 +99,20 @@ TEST_F(CLayoutFixture, ReadingNamesEveryLineItLeavesOutInOneMessage)
     EXPECT_EQ(Line(1, 3), "OR  \tD");
     EXPECT_EQ(Line(-1, 4), "LAMP\tH,P3");
     EXPECT_EQ(Line(1, 4), "AND \tX");
-    ASSERT_NE(grid.GetCell(1, 5), nullptr);
-    EXPECT_EQ(grid.GetCell(-1, 0), nullptr);
+    EXPECT_NE(grid.GetCell(1, 5), nullptr);
     EXPECT_EQ(grid.GetCell(-2, 2), nullptr);
     EXPECT_EQ(grid.GetCell(2, 12), nullptr);
     EXPECT_EQ(Line(2, 1), "");
+    const QString unknown = QStringLiteral(
+        "the kind of this gate or wire is unknown; it is placed, and the check names it.\n");
     EXPECT_EQ(messenger.Texts,
-              QStringList{"Some lines of the file were not loaded as they stand:\n"
-                          "Line 3: there is no such position.\n"
-                          "Line 4: there is no such position.\n"
-                          "Line 5: there is no such position.\n"
-                          "Line 6: it is no panel record.\n"
-                          "Line 7: it is no panel record.\n"
-                          "Line 8: there is no panel \"BOGUS\".\n"
-                          "Line 12: the kind of this gate or wire is unknown; it is placed, and the "
-                          "check names it.\n"
-                          "Line 13: the kind of this gate or wire is unknown; it is placed, and the "
-                          "check names it.\n"
+              QStringList{kNotLoaded + "Line 3: there is no such position.\n"
+                                       "Line 4: there is no such position.\n"
+                                       "Line 5: there is no such position.\n"
+                                       "Line 6: it is no panel record.\n"
+                                       "Line 7: it is no panel record.\n"
+                                       "Line 8: there is no panel \"BOGUS\".\n"
+                                       "Line 12: " + unknown + "Line 13: " + unknown +
                           "Line 15: line 14 already put a panel there.\n"
                           "Line 16: the panel reaches below the last row.\n"
                           "Line 18: the panel would cover another panel."});
@@ -119,8 +124,7 @@ TEST_F(CLayoutFixture, DuplicateRecordsAreNamedOnceWithoutAQuestion)
     QString text = "0101:DLY\t1.00S\nI_01:KEY\tH,P1\n";
     for (int i = 0; i < 30; ++i)
         text += "0101:DLY\t2.00S\n";
-    text += "I_01:KEY\tH,P2\n";
-    file.Read(grid, text);
+    file.Read(grid, text + "I_01:KEY\tH,P2\n");
     EXPECT_TRUE(Line(1, 1).endsWith("1.00S"));
     EXPECT_TRUE(Line(-1, 1).endsWith("P1"));
     ASSERT_EQ(messenger.Texts.size(), 1);
@@ -134,30 +138,17 @@ TEST_F(CLayoutFixture, DuplicateRecordsAreNamedOnceWithoutAQuestion)
 
 TEST_F(CLayoutFixture, CarriageReturnLineFeedAndLineFeedAndCarriageReturnAllEndALine)
 {
-    QTemporaryDir dir;
-    for (const char* end : {"\r\n", "\n", "\r"}) {
-        SCOPED_TRACE(QByteArray(end).toHex().toStdString());
+    for (const QByteArray end : {"\r\n", "\n", "\r"}) {
+        SCOPED_TRACE(end.toHex().toStdString());
         messenger.Texts.clear();
         grid.ClearAll();
-        const QString path = dir.filePath("ends.loc");
-        QFile out(path);
-        ASSERT_TRUE(out.open(QIODevice::WriteOnly | QIODevice::Truncate));
-        out.write(QByteArray("; Quillon") + end + "I_01:KEY\tH,P1" + end + "0101:AND\tR" + end +
-                  "0199:AND\tR" + end);
-        out.close();
-        ASSERT_TRUE(file.Load(grid, path)) << file.ErrorString().toStdString();
+        ASSERT_TRUE(WriteAll(Path("ends.loc"), "; Quillon" + end + "I_01:KEY\tH,P1" + end +
+                                                   "0101:AND\tR" + end + "0199:AND\tR" + end));
+        ASSERT_TRUE(file.Load(grid, Path("ends.loc"))) << file.ErrorString().toStdString();
         EXPECT_EQ(Line(-1, 1), "KEY \tH,P1");
         EXPECT_EQ(Line(1, 1), "AND \tR");
-        EXPECT_EQ(messenger.Texts, QStringList{"Some lines of the file were not loaded as they "
-                                               "stand:\nLine 4: there is no such position."});
+        EXPECT_EQ(messenger.Texts, QStringList{kNotLoaded + "Line 4: there is no such position."});
     }
-}
-
-TEST_F(CLayoutFixture, MultiRowPanelIsWrittenOnceAtItsTop)
-{
-    file.Read(grid, "0105:CNT\tC,3,2,1\n");
-    EXPECT_EQ(grid.GetCell(1, 6)->GetPanel(), nullptr);
-    EXPECT_EQ(CLayoutFile::Write(grid).count("CNT"), 1);
 }
 
 TEST_F(CLayoutFixture, CapacityIsAnnouncedOnceAfterTheWholeFileAboveOneThousandOnly)
@@ -165,7 +156,9 @@ TEST_F(CLayoutFixture, CapacityIsAnnouncedOnceAfterTheWholeFileAboveOneThousandO
     QString text;
     for (int column = 1; column <= 10; ++column)
         for (int row = 1; row <= 10; ++row)
-            text += QStringLiteral("%1%2:DLY\t1.00S\n").arg(column, 2, 10, QChar(u'0')).arg(row, 2, 10, QChar(u'0'));
+            text += QStringLiteral("%1%2:DLY\t1.00S\n")
+                        .arg(column, 2, 10, QChar(u'0'))
+                        .arg(row, 2, 10, QChar(u'0'));
     for (const int before : {0, 1}) {
         SCOPED_TRACE(before);
         messenger.Texts.clear();
@@ -193,111 +186,89 @@ TEST_F(CLayoutFixture, JapaneseWindowsFileKeepsItsNames)
 
 TEST_F(CLayoutFixture, FilesThatAreNoLayoutAreRefused)
 {
-    QTemporaryDir dir;
-    const QString binary = dir.filePath("x.loc");
-    QFile out(binary);
-    ASSERT_TRUE(out.open(QIODevice::WriteOnly));
-    out.write(QByteArray("I_01:SW\tH\0\1\2", 12));
-    out.close();
-    EXPECT_FALSE(file.Load(grid, binary));
+    ASSERT_TRUE(WriteAll(Path("x.loc"), QByteArray("I_01:SW\tH\0\1\2", 12)));
+    EXPECT_FALSE(file.Load(grid, Path("x.loc")));
     EXPECT_EQ(file.ErrorString(), "It is no LOC file.");
-
-    const QString prose = dir.filePath("notes.loc");
-    QFile notes(prose);
-    ASSERT_TRUE(notes.open(QIODevice::WriteOnly));
-    notes.write("root:x:0:0:root:/root:/bin/bash\nDear diary,\ntoday I made a blinker.\n");
-    notes.close();
-    EXPECT_FALSE(file.Load(grid, prose));
-    EXPECT_FALSE(file.Load(grid, dir.filePath("missing.loc")));
+    ASSERT_TRUE(WriteAll(Path("notes.loc"), "root:x:0:0:root:/root:/bin/bash\nDear diary,\n"));
+    EXPECT_FALSE(file.Load(grid, Path("notes.loc")));
+    EXPECT_FALSE(file.Load(grid, Path("missing.loc")));
     EXPECT_FALSE(file.ErrorString().isEmpty());
     EXPECT_FALSE(file.Load(grid, QString()));
 }
 
 TEST_F(CLayoutFixture, FailedSaveSaysWhichFileAndWhyAndWritesNothing)
 {
-    QTemporaryDir dir;
     grid.Place(1, 1, std::make_unique<CPanelCell>("AND\tR"));
-    const QString missing = dir.filePath("no/such/folder/x.loc");
+    const QString missing = Path("no/such/folder/x.loc");
     EXPECT_FALSE(file.Save(grid, missing));
-    EXPECT_EQ(messenger.Texts, QStringList{"Error occured. It was not saved.\n" + missing + "\nNo such file or directory"});
-
+    EXPECT_EQ(messenger.Texts, QStringList{"Error occured. It was not saved.\n" + missing +
+                                           "\nNo such file or directory"});
     // A folder standing where the file should be is left as it was.
     ASSERT_TRUE(QDir(dir.path()).mkdir("taken.loc"));
-    EXPECT_FALSE(file.Save(grid, dir.filePath("taken.loc")));
-    EXPECT_TRUE(QFileInfo(dir.filePath("taken.loc")).isDir());
-    EXPECT_EQ(messenger.Texts.size(), 2);
+    EXPECT_FALSE(file.Save(grid, Path("taken.loc")));
+    EXPECT_TRUE(QFileInfo(Path("taken.loc")).isDir());
     EXPECT_EQ(QDir(dir.path()).entryList(QDir::Files | QDir::Hidden), QStringList());
-
     EXPECT_FALSE(file.Save(grid, QString()));
     EXPECT_EQ(messenger.Texts.size(), 2); // no path: no message
-
     // A full disk, as the system reports it.
     if (QFileInfo::exists("/dev/full")) {
         EXPECT_FALSE(file.Save(grid, "/dev/full"));
-        EXPECT_TRUE(messenger.Texts.value(2).endsWith("\n/dev/full\nNo space left on device"))
-            << messenger.Texts.value(2).toStdString();
+        EXPECT_TRUE(messenger.Texts.value(2).endsWith("\n/dev/full\nNo space left on device"));
     }
 }
 
 TEST_F(CLayoutFixture, SavingKeepsLinksAndFallsBackToWritingInPlace)
 {
-    QTemporaryDir dir;
     grid.Place(1, 1, std::make_unique<CPanelCell>("AND\tR"));
     const QByteArray bytes = CLayoutFile::Write(grid);
-    const auto path = [&dir](const char* name) { return dir.filePath(QString::fromLatin1(name)); };
-    const auto write = [](const QString& to, const QByteArray& what) {
-        QFile out(to);
-        return out.open(QIODevice::WriteOnly) && out.write(what) == what.size();
-    };
-
-    // A hard link and a symbolic link still share the file after the save.
-    ASSERT_TRUE(write(path("a.loc"), "old"));
-    ASSERT_TRUE(QFile::link(path("a.loc"), path("symbolic.loc")));
-    ASSERT_EQ(::link(QFile::encodeName(path("a.loc")).constData(), QFile::encodeName(path("hard.loc")).constData()), 0);
-    ASSERT_TRUE(file.Save(grid, path("hard.loc")));
-    EXPECT_EQ(ReadAll(path("a.loc")), bytes);
-    ASSERT_TRUE(file.Save(grid, path("symbolic.loc")));
-    EXPECT_TRUE(QFileInfo(path("symbolic.loc")).isSymLink());
+    // A hard link and a symbolic link still share the file after the save, and a file
+    // replaced whole keeps who may read it.
+    ASSERT_TRUE(WriteAll(Path("a.loc"), "old"));
+    ASSERT_TRUE(WriteAll(Path("c.loc"), "old"));
+    ASSERT_TRUE(QFile::link(Path("c.loc"), Path("symbolic.loc")));
+    ASSERT_EQ(::link(QFile::encodeName(Path("a.loc")).constData(),
+                     QFile::encodeName(Path("hard.loc")).constData()),
+              0);
+    ASSERT_TRUE(file.Save(grid, Path("hard.loc")));
+    EXPECT_EQ(ReadAll(Path("a.loc")), bytes);
+    ASSERT_TRUE(file.Save(grid, Path("symbolic.loc")));
+    EXPECT_TRUE(QFileInfo(Path("symbolic.loc")).isSymLink());
+    EXPECT_EQ(ReadAll(Path("c.loc")), bytes);
+    ASSERT_TRUE(QFile::setPermissions(Path("c.loc"), QFile::ReadOwner | QFile::WriteOwner));
+    const QFile::Permissions permissions = QFile::permissions(Path("c.loc"));
+    ASSERT_TRUE(file.Save(grid, Path("c.loc")));
+    EXPECT_EQ(QFile::permissions(Path("c.loc")), permissions);
 
     // A save killed before its rename left its whole temporary file; the next save of the
     // file removes it. Where no temporary file can be made, the file itself is written.
-    ASSERT_TRUE(write(path(".b.loc.saving"), "stray"));
-    ASSERT_TRUE(file.Save(grid, path("b.loc")));
-    EXPECT_FALSE(QFileInfo::exists(path(".b.loc.saving")));
+    ASSERT_TRUE(WriteAll(Path(".b.loc.saving"), "stray"));
+    ASSERT_TRUE(file.Save(grid, Path("b.loc")));
+    EXPECT_FALSE(QFileInfo::exists(Path(".b.loc.saving")));
     ASSERT_TRUE(QDir(dir.path()).mkdir(".b.loc.saving"));
     grid.Place(2, 1, std::make_unique<CPanelCell>("OR\tR"));
-    ASSERT_TRUE(file.Save(grid, path("b.loc")));
-    EXPECT_EQ(ReadAll(path("b.loc")), CLayoutFile::Write(grid));
+    ASSERT_TRUE(file.Save(grid, Path("b.loc")));
+    EXPECT_EQ(ReadAll(Path("b.loc")), CLayoutFile::Write(grid));
     EXPECT_EQ(messenger.Texts, QStringList());
 }
 
-TEST(LayoutFileOnBoard, EachWireKindTakesTheNameOfItsOwnEntry)
+TEST_F(CLayoutFixture, OnTheBoardWireKindsAreNamedAndAMotorDriverIsLimited)
 {
-    CRecordingMessenger messenger;
     CBoardInfo board;
     ASSERT_TRUE(board.Read(QStringLiteral(QUILLON_BOARDS "/atmega328p"), QString(), messenger));
-    CPanelGrid grid(messenger);
-    CLayoutFile(&board, messenger).Read(grid, "0101:LINE\tLR\n0102:LINE\tUD\n0103:AND\tD\n");
+    grid.SetUseLimits(board.UseLimits());
+    CLayoutFile(&board, messenger)
+        .Read(grid, "0101:LINE\tLR\n0102:LINE\tUD\n0103:AND\tD\n0201:SMOT\t2,20\n"
+                    "0601:SMOT\t1,10\nO_01:SMOTO\t1,100\nO_05:SMOTO\t1,100\n");
     EXPECT_EQ(grid.GetCell(1, 1)->GetPanel()->GetName(), "Wire (left-right)");
     EXPECT_EQ(grid.GetCell(1, 2)->GetPanel()->GetName(), "Wire (up-down)");
     // A turned gate has no entry of its own and takes its gate's.
     EXPECT_EQ(grid.GetCell(1, 3)->GetPanel()->GetName(), "AND");
-}
-
-TEST(LayoutFileOnBoard, AMotorAndItsDriverLoadTogetherAndASecondDriverIsNamed)
-{
-    CRecordingMessenger messenger;
-    CBoardInfo board;
-    ASSERT_TRUE(board.Read(QStringLiteral(QUILLON_BOARDS "/atmega328p"), QString(), messenger));
-    CPanelGrid grid(messenger);
-    grid.SetUseLimits(board.UseLimits());
-    CLayoutFile(&board, messenger)
-        .Read(grid, "0101:SMOT\t2,20\n0601:SMOT\t1,10\nO_01:SMOTO\t1,100\nO_05:SMOTO\t1,100\n");
-    EXPECT_NE(grid.GetCell(1, 1), nullptr);
+    // A motor and its driver load together; the driver's four coils are fixed pins, and
+    // the board has room for one.
+    EXPECT_NE(grid.GetCell(2, 1), nullptr);
     EXPECT_NE(grid.GetCell(6, 1), nullptr);
     EXPECT_NE(grid.GetCell(-2, 1), nullptr);
-    // The driver's four coils are fixed pins: the board has room for one.
     EXPECT_EQ(grid.GetCell(-2, 5), nullptr);
-    EXPECT_EQ(messenger.Texts, QStringList{"Some lines of the file were not loaded as they stand:\n"
-                                           "Line 4: the board allows no more panels of this type."});
+    EXPECT_EQ(messenger.Texts,
+              QStringList{kNotLoaded + "Line 7: the board allows no more panels of this type."});
 }
