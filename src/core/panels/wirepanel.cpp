@@ -74,6 +74,9 @@ bool CWirePanel::SetLine(const QString& line)
 QString CWirePanel::GetLine() const
 {
     const CWireKind* kind = KindOf(m_bitmapId);
+    // A line that names no kind is written as it was read, so a save loses nothing.
+    if (!kind && ArgumentCount() > 1)
+        return CPanel::GetLine();
     QString line = QStringLiteral("LINE\t");
     if (kind)
         line += QStringView(kind->Form);

@@ -108,9 +108,10 @@ TEST(ProcessPanels, WiresReadLooselyAndWriteTheTablesForm)
         {"TeeDown", "LINE\tLR,LD", "", "bitmap=10008|sides=DLR|line=LINE\tLR,LD"},
         {"SwappedPairs", "LINE\tLR,UD", "", "bitmap=10008|sides=DLR|line=LINE\tLR,LD"},
         {"UnknownSecondPair", "LINE\tUD,XX", "", "bitmap=10006|sides=UDLR|line=LINE\tUD,LR"},
-        {"NoSuchPair", "LINE\tUR,LR", "", "bitmap=60000|sides=|line=LINE\t|incomplete=true"},
-        {"ReversedName", "LINE\tDL", "", "bitmap=60000|line=LINE\t"},
-        {"ThreePairs", "LINE\tUR,LD,UD", "", "bitmap=60000|line=LINE\t"},
+        // A wire of no kind keeps its text, so a save loses nothing of it.
+        {"NoSuchPair", "LINE\tUR,LR", "", "bitmap=60000|sides=|line=LINE\tUR,LR|incomplete=true|rereads=true"},
+        {"ReversedName", "LINE\tDL", "", "bitmap=60000|line=LINE\tDL"},
+        {"ThreePairs", "LINE\tUR,LD,UD", "", "bitmap=60000|line=LINE\tUR,LD,UD"},
         {"Bare", "LINE", "", "bitmap=60000|line=LINE\t|incomplete=true|caption="},
     });
 }
