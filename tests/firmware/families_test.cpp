@@ -676,13 +676,14 @@ TEST(FamilyLcd, TextAppearsWithin34MsOfTheEdge)
     LOAD_LAYOUT(sim, "lcd");
     sim.SetInput(PD2, false);
     RunTo(sim, 150);
-    EXPECT_EQ(sim.LcdLine(0), std::string(16, ' '));
+    EXPECT_EQ(sim.LcdLine(1), std::string(16, ' '));
     sim.SetInput(PD2, true);
     RunTo(sim, 152);
-    EXPECT_NE(sim.LcdLine(0), "Hello Quillon   ") << "one character a millisecond";
+    EXPECT_NE(sim.LcdLine(1), "Hello Quillon 16") << "one character a millisecond";
+    // The lower line's last column is the refresh's last position before it starts over.
     RunTo(sim, 186);
-    EXPECT_EQ(sim.LcdLine(0), "Hello Quillon   ");
-    EXPECT_EQ(sim.LcdLine(1), std::string(16, ' '));
+    EXPECT_EQ(sim.LcdLine(1), "Hello Quillon 16");
+    EXPECT_EQ(sim.LcdLine(0), std::string(16, ' '));
 }
 
 TEST(FamilySevenSegment, DigitDecodersLargestWins)
