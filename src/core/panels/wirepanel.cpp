@@ -29,8 +29,14 @@ const CWireKind* KindOf(int bitmapId)
     return nullptr;
 }
 
-int BitmapFor(const QStringList& tokens)
+int BitmapFor(QStringList tokens)
 {
+    // Only the arguments before a comment name the kind.
+    for (qsizetype i = 1; i < tokens.size(); ++i)
+        if (tokens[i].startsWith(u';')) {
+            tokens.resize(i);
+            break;
+        }
     const QString form = tokens.mid(1).join(u',');
     for (const CWireKind& kind : kKinds)
         if (form == QStringView(kind.Form))
@@ -74,8 +80,9 @@ bool CWirePanel::SetLine(const QString& line)
 QString CWirePanel::GetLine() const
 {
     const CWireKind* kind = KindOf(m_bitmapId);
-    // A line that names no kind is written as it was read, so a save loses nothing.
-    if (!kind && ArgumentCount() > 1)
+    // A line that names no kind is written as it was read, so a save loses nothing; a
+    // comment straight after the keyword ends the line, and such a line has nothing to keep.
+    if (!kind && TokenCount() > 1 && !Token(1).startsWith(u';'))
         return CPanel::GetLine();
     QString line = QStringLiteral("LINE\t");
     if (kind)

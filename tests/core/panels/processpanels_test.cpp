@@ -112,6 +112,9 @@ TEST(ProcessPanels, WiresReadLooselyAndWriteTheTablesForm)
         {"NoSuchPair", "LINE\tUR,LR", "", "bitmap=60000|sides=|line=LINE\tUR,LR|incomplete=true|rereads=true"},
         {"ReversedName", "LINE\tDL", "", "bitmap=60000|line=LINE\tDL"},
         {"ThreePairs", "LINE\tUR,LD,UD", "", "bitmap=60000|line=LINE\tUR,LD,UD"},
+        {"CommentFirst", "LINE\t;\tH,PB5\t\t;UR", "", "bitmap=60000|line=LINE\t|rereads=true"},
+        {"CommentAfterTheRun", "LINE\tUD\t\t;x", "", "bitmap=10001|line=LINE\tUD|rereads=true"},
+        {"CommentsAfterARun", "LINE\tLR,\t;0\t;11", "", "bitmap=10002|rereads=true"},
         {"Bare", "LINE", "", "bitmap=60000|line=LINE\t|incomplete=true|caption="},
     });
 }
