@@ -27,14 +27,17 @@ struct CStandIn
 };
 
 const CStandIn kStandIns[] = {
-    {"board_e.xml", "<QUILLON><BOARD name=\"Stand-in\"><PALETTE><INOUT file=\"inout_e.xml\"/>"
-                    "<PARTS file=\"parts_e.xml\"/></PALETTE><CPU><PORT id=\"2\" name=\"PD2\" alias=\"D2\"/>"
-                    "<PORT id=\"8\" name=\"PB0\" alias=\"D8\"/></CPU></BOARD></QUILLON>"},
-    {"inout_e.xml", "<PANELS><PALETTE name=\"In\"><PANEL type=\"KEY\" name=\"Key\"><PORT id=\"2\" name=\"PD2\"/>"
-                    "<USELIMIT value=\"4\"/><WEIGHT value=\"1\"/></PANEL></PALETTE><PALETTE name=\"Out\">"
-                    "<PANEL type=\"LAMP\" name=\"Lamp\"><PORT id=\"8\" name=\"PB0\"/></PANEL></PALETTE></PANELS>"},
-    {"parts_e.xml", "<PANELS><PALETTE name=\"Logic\"><PANEL type=\"AND\" name=\"And\"><WEIGHT value=\"1\"/>"
-                    "</PANEL></PALETTE></PANELS>"},
+    {"board_e.xml",
+     "<QUILLON><BOARD name=\"Stand-in\"><PALETTE><INOUT file=\"inout_e.xml\"/>"
+     "<PARTS file=\"parts_e.xml\"/></PALETTE><CPU><PORT id=\"2\" name=\"PD2\" alias=\"D2\"/>"
+     "<PORT id=\"8\" name=\"PB0\" alias=\"D8\"/></CPU></BOARD></QUILLON>"},
+    {"inout_e.xml",
+     "<PANELS><PALETTE name=\"In\"><PANEL type=\"KEY\" name=\"Key\"><PORT id=\"2\" name=\"PD2\"/>"
+     "<USELIMIT value=\"4\"/><WEIGHT value=\"1\"/></PANEL></PALETTE><PALETTE name=\"Out\">"
+     "<PANEL type=\"LAMP\" name=\"Lamp\"><PORT id=\"8\" name=\"PB0\"/></PANEL></PALETTE></PANELS>"},
+    {"parts_e.xml",
+     "<PANELS><PALETTE name=\"Logic\"><PANEL type=\"AND\" name=\"And\"><WEIGHT value=\"1\"/>"
+     "</PANEL></PALETTE></PANELS>"},
 };
 
 // QFile::copy would sync the file to the disk.

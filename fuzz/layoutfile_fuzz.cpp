@@ -1,8 +1,8 @@
 // Any bytes as a layout file, loaded on the sample board, checked and written again.
 #include "boardinfo.h"
-#include "messenger.h"
 #include "layoutcheck.h"
 #include "layoutfile.h"
+#include "messenger.h"
 #include "panelgrid.h"
 
 #include <cstdint>
@@ -19,7 +19,8 @@ const CBoardInfo& SampleBoard()
 {
     static CSilent messenger;
     static CBoardInfo board;
-    static const bool read = board.Read(QStringLiteral(QUILLON_BOARDS "/atmega328p"), QString(), messenger);
+    static const bool read =
+        board.Read(QStringLiteral(QUILLON_BOARDS "/atmega328p"), QString(), messenger);
     if (!read)
         std::abort();
     return board;
@@ -36,7 +37,8 @@ extern "C" int LLVMFuzzerTestOneInput(const uint8_t* data, size_t size)
     CPanelGrid grid(messenger);
     grid.SetUseLimits(limits);
     CLayoutFile file(&board, messenger);
-    file.Read(grid, CLayoutFile::Decode(QByteArray(reinterpret_cast<const char*>(data), qsizetype(size))));
+    file.Read(grid, CLayoutFile::Decode(
+                        QByteArray(reinterpret_cast<const char*>(data), qsizetype(size))));
     CLayoutCheck::Run(grid);
 
     // What was loaded and written, loaded again, writes the same bytes.

@@ -1,7 +1,7 @@
 // Any text as a panel definition line: every operation a layout load, the editor and the
 // build apply to a panel must hold.
-#include "panelcell.h"
 #include "panel.h"
+#include "panelcell.h"
 
 #include <cstdint>
 #include <cstdlib>

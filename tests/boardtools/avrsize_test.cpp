@@ -7,7 +7,8 @@
 
 TEST(AvrSize, RefusesWhatTheChipCannotHoldAndNamesTheSizes)
 {
-    const QByteArray bigData = "volatile char buffer[1900];\nint main(void) { return buffer[3]; }\n";
+    const QByteArray bigData =
+        "volatile char buffer[1900];\nint main(void) { return buffer[3]; }\n";
     const struct
     {
         const char* Name;
@@ -16,24 +17,43 @@ TEST(AvrSize, RefusesWhatTheChipCannotHoldAndNamesTheSizes)
         int ExitCode;
         QString Pattern; // the whole output, as a regular expression
     } cases[] = {
-        {"a small program fits", "int main(void) { return 0; }\n", {"--stack", "256"}, 0,
-         "Program: \\d+ of 32256 bytes of flash, 0 of 2048 bytes of RAM \\(256 bytes kept for the stack\\)\\.\n"},
-        {"initialised data takes flash as well as RAM", "volatile char data[1000] = {1};\nint main(void) { return data[5]; }\n",
-         {"--stack", "256"}, 0, "Program: 1\\d\\d\\d of 32256 bytes of flash, 1000 of 2048 bytes of RAM .*"},
+        {"a small program fits",
+         "int main(void) { return 0; }\n",
+         {"--stack", "256"},
+         0,
+         "Program: \\d+ of 32256 bytes of flash, 0 of 2048 bytes of RAM \\(256 bytes kept for the "
+         "stack\\)\\.\n"},
+        {"initialised data takes flash as well as RAM",
+         "volatile char data[1000] = {1};\nint main(void) { return data[5]; }\n",
+         {"--stack", "256"},
+         0,
+         "Program: 1\\d\\d\\d of 32256 bytes of flash, 1000 of 2048 bytes of RAM .*"},
         {"a program in the boot loader's flash",
          "#include <avr/pgmspace.h>\nconst char big[32400] PROGMEM = {1};\n"
          "int main(void) { return pgm_read_byte(&big[5]); }\n",
-         {"--stack", "256"}, 1,
-         "The program does not fit the chip: it needs 32\\d\\d\\d bytes of flash, and 32256 bytes are free "
+         {"--stack", "256"},
+         1,
+         "The program does not fit the chip: it needs 32\\d\\d\\d bytes of flash, and 32256 bytes "
+         "are free "
          "beside the boot loader\\.\n"},
-        {"data in the stack's room", bigData, {"--stack", "256"}, 1,
-         "The program does not fit the chip: it needs 1900 bytes of RAM, and 1792 bytes are free beside 256 "
+        {"data in the stack's room",
+         bigData,
+         {"--stack", "256"},
+         1,
+         "The program does not fit the chip: it needs 1900 bytes of RAM, and 1792 bytes are free "
+         "beside 256 "
          "bytes for the stack\\.\n"},
-        {"in Japanese when the board asks", bigData, {"--stack", "256", "--lang", "ja"}, 1,
+        {"in Japanese when the board asks",
+         bigData,
+         {"--stack", "256", "--lang", "ja"},
+         1,
          "プログラムがチップに入りません: RAMが 1900 バイト必要ですが、空きは 1792 "
          "バイトです\\(スタック用に 256 バイトを確保\\)。\n"},
-        {"a file that is no program", "not an ELF file at all, but long enough to hold an ELF header's 52 bytes",
-         {"--stack", "256"}, 2, "BASE\\.elf is no program for the chip\\.\n"},
+        {"a file that is no program",
+         "not an ELF file at all, but long enough to hold an ELF header's 52 bytes",
+         {"--stack", "256"},
+         2,
+         "BASE\\.elf is no program for the chip\\.\n"},
         {"a missing limit", "int main(void) { return 0; }\n", {}, 2, ".*"},
     };
     for (const auto& c : cases) {
@@ -45,13 +65,19 @@ TEST(AvrSize, RefusesWhatTheChipCannotHoldAndNamesTheSizes)
         source.write(c.Source);
         source.close();
         if (program) {
-            ASSERT_EQ(RunProgram("avr-gcc", {"-mmcu=atmega328p", "-Os", "-o", "BASE.elf", "p.c"}, dir.path()).ExitCode, 0);
+            ASSERT_EQ(RunProgram("avr-gcc", {"-mmcu=atmega328p", "-Os", "-o", "BASE.elf", "p.c"},
+                                 dir.path())
+                          .ExitCode,
+                      0);
         }
-        const QStringList limits = c.Limits.isEmpty() ? QStringList{"--flash", "32256"}
-                                                      : QStringList{"--flash", "32256", "--ram", "2048"} + c.Limits;
-        const CProgramRun run = RunProgram(QStringLiteral(QUILLON_AVRSIZE), QStringList{"BASE.elf"} + limits, dir.path());
+        const QStringList limits =
+            c.Limits.isEmpty() ? QStringList{"--flash", "32256"}
+                               : QStringList{"--flash", "32256", "--ram", "2048"} + c.Limits;
+        const CProgramRun run = RunProgram(QStringLiteral(QUILLON_AVRSIZE),
+                                           QStringList{"BASE.elf"} + limits, dir.path());
         EXPECT_EQ(run.ExitCode, c.ExitCode);
-        EXPECT_TRUE(QRegularExpression("^" + c.Pattern + "$", QRegularExpression::DotMatchesEverythingOption)
+        EXPECT_TRUE(QRegularExpression("^" + c.Pattern + "$",
+                                       QRegularExpression::DotMatchesEverythingOption)
                         .match(run.Output)
                         .hasMatch())
             << run.Output.toStdString();

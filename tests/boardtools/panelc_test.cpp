@@ -30,35 +30,66 @@ TEST(PanelcRefuses, WritesTheFaultsToPanelErrAndExitsOne)
 {
     const CRefusal refusals[] = {
         {"two jump-ins with one id join two outputs",
-         CLayoutText().At(1, 1, "ON  \tR").At(2, 1, "JPI \t5,L").At(1, 3, "ON  \tR").At(2, 3, "JPI \t5,L").At(3, 2, "JPO \t5,R"),
+         CLayoutText()
+             .At(1, 1, "ON  \tR")
+             .At(2, 1, "JPI \t5,L")
+             .At(1, 3, "ON  \tR")
+             .At(2, 3, "JPI \t5,L")
+             .At(3, 2, "JPO \t5,R"),
          {"Two outputs drive one signal: [Always on(1,1)] and [Always on(1,3)]"}},
         {"gates feeding themselves through a jump",
-         CLayoutText().At(2, 1, "JPO \t7,D").At(2, 2, "AND \tR").At(3, 2, "NOT \tR").At(4, 2, "JPI \t7,L"),
+         CLayoutText()
+             .At(2, 1, "JPO \t7,D")
+             .At(2, 2, "AND \tR")
+             .At(3, 2, "NOT \tR")
+             .At(4, 2, "JPI \t7,L"),
          {"These gates feed each other in a loop: [AND(2,2)] and [NOT(3,2)]"}},
-        {"a lamp on a data pin of the LCD", CLayoutText().Out(1, "LCD \t1,\"Hi\"").Out(2, "LAMP\tH,PD4"),
+        {"a lamp on a data pin of the LCD",
+         CLayoutText().Out(1, "LCD \t1,\"Hi\"").Out(2, "LAMP\tH,PD4"),
          {"The port PD4 is used by the LCD and by [Lamp]"}},
         {"a key on a digit pin of the display, named after the display",
          CLayoutText().In(1, "KEY \tH,PB3").Out(1, "7SEG4\t\t;7SEG4_D"),
          {"The port PB3 is used by the seven-segment display and by [Push key]"}},
-        {"a lamp on the third coil of the motor driver", CLayoutText().Out(1, "SMOTO\t1,500").Out(5, "LAMP\tH,PC4\t\t;busy"),
+        {"a lamp on the third coil of the motor driver",
+         CLayoutText().Out(1, "SMOTO\t1,500").Out(5, "LAMP\tH,PC4\t\t;busy"),
          {"The port PC4 is used by [Stepping motor driver] and by [Lamp[busy]]"}},
-        {"a flip-flop of no type", CLayoutText().At(3, 4, "FF"), {"The panel [FF(3,4)] has no properties set."}},
-        {"a display of no type", CLayoutText().Out(2, "7SEG"), {"The panel [7-segment LED] has no properties set."}},
-        {"a network panel on a board without network", CLayoutText().In(1, "WEBIN\t2\t\t;net"),
+        {"a flip-flop of no type",
+         CLayoutText().At(3, 4, "FF"),
+         {"The panel [FF(3,4)] has no properties set."}},
+        {"a display of no type",
+         CLayoutText().Out(2, "7SEG"),
+         {"The panel [7-segment LED] has no properties set."}},
+        {"a network panel on a board without network",
+         CLayoutText().In(1, "WEBIN\t2\t\t;net"),
          {"The board cannot run the panel [WEBIN[net]]."}},
-        {"a lamp on a port the board does not have is a lamp without its port", CLayoutText().Out(1, "LAMP\tH,PX9"),
+        {"a lamp on a port the board does not have is a lamp without its port",
+         CLayoutText().Out(1, "LAMP\tH,PX9"),
          {"The panel [Lamp] has no properties set."}},
-        {"a buzzer on a pin without a timer", CLayoutText().Out(1, "BUZZ\tPB4,2000"),
+        {"a buzzer on a pin without a timer",
+         CLayoutText().Out(1, "BUZZ\tPB4,2000"),
          {"The panel [Buzzer] needs a port with a timer of its own: PD3, PB1, PB2."}},
-        {"a buzzer and the PWM output on timer 1", CLayoutText().Out(1, "BUZZ\tPB1,2000").Out(3, "PWM \t1000Hz,50"),
-         {"[Buzzer] and [PWM output] need the same timer of the chip: put one of them on another port."}},
-        {"a PWM frequency beyond the timer", CLayoutText().Out(1, "PWM \t5000000Hz,50"),
+        {"a buzzer and the PWM output on timer 1",
+         CLayoutText().Out(1, "BUZZ\tPB1,2000").Out(3, "PWM \t1000Hz,50"),
+         {"[Buzzer] and [PWM output] need the same timer of the chip: put one of them on another "
+          "port."}},
+        {"a PWM frequency beyond the timer",
+         CLayoutText().Out(1, "PWM \t5000000Hz,50"),
          {"The panel [PWM output] cannot make 5000000 Hz on the port PB2."}},
-        {"a clock source the board has not", CLayoutText().Out(1, "LAMP\tH,PB5"), {"The board has no clock source 2."}, 2},
+        {"a clock source the board has not",
+         CLayoutText().Out(1, "LAMP\tH,PB5"),
+         {"The board has no clock source 2."},
+         2},
         {"every fault one line",
-         CLayoutText().Out(1, "LCD \t1,\"Hi\"").Out(2, "DGO \tH,PB0").At(5, 5, "FF").At(1, 1, "ON  \tR").At(2, 1, "JPI \t5,L")
-             .At(1, 3, "ON  \tR").At(2, 3, "JPI \t5,L"),
-         {"The panel [FF(5,5)] has no properties set.", "Two outputs drive one signal: [Always on(1,1)] and [Always on(1,3)]",
+         CLayoutText()
+             .Out(1, "LCD \t1,\"Hi\"")
+             .Out(2, "DGO \tH,PB0")
+             .At(5, 5, "FF")
+             .At(1, 1, "ON  \tR")
+             .At(2, 1, "JPI \t5,L")
+             .At(1, 3, "ON  \tR")
+             .At(2, 3, "JPI \t5,L"),
+         {"The panel [FF(5,5)] has no properties set.",
+          "Two outputs drive one signal: [Always on(1,1)] and [Always on(1,3)]",
           "The port PB0 is used by the LCD and by [Digital output]"}},
     };
     for (const CRefusal& refusal : refusals) {
@@ -80,7 +111,8 @@ TEST(PanelcRefuses, SpeaksJapaneseWhenOnlyTheJapaneseBoardFileIsThere)
     // A board folder of its own: the compiler's folder is the board folder.
     QTemporaryDir board;
     const QDir source = QFileInfo(QStringLiteral(QUILLON_PANELC)).dir();
-    for (const char* name : {"quillon-panelc", "quillon-avrsize", "board.xml", "inout.xml", "parts.xml"})
+    for (const char* name :
+         {"quillon-panelc", "quillon-avrsize", "board.xml", "inout.xml", "parts.xml"})
         ASSERT_TRUE(QFile::copy(source.filePath(name), QDir(board.path()).filePath(name))) << name;
     QFile::setPermissions(QDir(board.path()).filePath("quillon-panelc"),
                           QFile::permissions(source.filePath("quillon-panelc")));
@@ -91,7 +123,12 @@ TEST(PanelcRefuses, SpeaksJapaneseWhenOnlyTheJapaneseBoardFileIsThere)
 
 namespace {
 
-struct CLayoutCase { const char* Name; CLayoutText Layout; QString Features; };
+struct CLayoutCase
+{
+    const char* Name;
+    CLayoutText Layout;
+    QString Features;
+};
 
 QString Features(const CPanelcWork& work)
 {
@@ -116,13 +153,18 @@ long FlashOf(const CPanelcWork& work)
 TEST(PanelcCompiles, OnlyTheRunTimePartsALayoutUsesToCThatAvrGccTakes)
 {
     const CLayoutCase layouts[] = {
-        {"a key and a lamp", CLayoutText().In(1, "KEY \tH,PD2").WireToOutput(1, 1).Out(1, "LAMP\tH,PB5"), ""},
+        {"a key and a lamp",
+         CLayoutText().In(1, "KEY \tH,PD2").WireToOutput(1, 1).Out(1, "LAMP\tH,PB5"), ""},
         {"a long delay", CLayoutText().At(1, 1, "DLY \t100.00S"), "Q_USE_LONG_TIMES"},
-        {"serial in and out", CLayoutText().In(1, "UARI\tC,1").WireToOutput(1, 1).Out(1, "UARO"), "Q_USE_UART_RX Q_USE_UART_TX"},
-        {"a buzzer on timer 2 and the PWM output on timer 1", CLayoutText().Out(1, "BUZZ\tPD3,500").Out(3, "PWM \t31Hz,50"),
+        {"serial in and out", CLayoutText().In(1, "UARI\tC,1").WireToOutput(1, 1).Out(1, "UARO"),
+         "Q_USE_UART_RX Q_USE_UART_TX"},
+        {"a buzzer on timer 2 and the PWM output on timer 1",
+         CLayoutText().Out(1, "BUZZ\tPD3,500").Out(3, "PWM \t31Hz,50"),
          "Q_USE_WAVE_T1B Q_USE_WAVE_T2B"},
-        {"an analog input and the motor driver", CLayoutText().In(1, "ANI \tL,PC0,512").Out(1, "SMOTO\t2,20"), "Q_USE_ADC Q_USE_MOTOR"},
-        {"the LCD and pulses", CLayoutText().Out(1, "LCD \t0,\"\"").Out(2, "PULS\tH,PC1,100,50,0"), "Q_USE_LCD Q_USE_PULSE"},
+        {"an analog input and the motor driver",
+         CLayoutText().In(1, "ANI \tL,PC0,512").Out(1, "SMOTO\t2,20"), "Q_USE_ADC Q_USE_MOTOR"},
+        {"the LCD and pulses", CLayoutText().Out(1, "LCD \t0,\"\"").Out(2, "PULS\tH,PC1,100,50,0"),
+         "Q_USE_LCD Q_USE_PULSE"},
     };
     for (const CLayoutCase& layout : layouts) {
         SCOPED_TRACE(layout.Name);
@@ -142,19 +184,32 @@ TEST(PanelcCompiles, OnlyTheRunTimePartsALayoutUsesToCThatAvrGccTakes)
 TEST(PanelcCompiles, ABlinkerWithinAThirdOfAHandWrittenOneOfTheSameLogic)
 {
     CPanelcWork work;
-    ASSERT_EQ(work.Compile(CLayoutText().At(1, 1, "ON  \tR").At(2, 1, "TIM \tT,0.50S").WireToOutput(1, 3).Out(1, "LAMP\tH,PB5")).ExitCode, 0);
+    ASSERT_EQ(work.Compile(CLayoutText()
+                               .At(1, 1, "ON  \tR")
+                               .At(2, 1, "TIM \tT,0.50S")
+                               .WireToOutput(1, 3)
+                               .Out(1, "LAMP\tH,PB5"))
+                  .ExitCode,
+              0);
     ASSERT_EQ(work.CompileC().ExitCode, 0);
     const long generated = FlashOf(work);
     // The same logic by hand: the 1 ms tick, the toggle timer's state, the lamp.
     QFile hand(work.Path("hand.c"));
     ASSERT_TRUE(hand.open(QIODevice::WriteOnly));
-    hand.write("#include <avr/io.h>\n#include <stdint.h>\nstatic uint8_t lit;\nstatic uint16_t left;\n"
-               "int main(void) {\n DDRB |= _BV(5);\n TCCR0A = _BV(WGM01); OCR0A = 249; TCCR0B = _BV(CS01) | _BV(CS00);\n"
-               " for (;;) {\n  while (!(TIFR0 & _BV(OCF0A)));\n  TIFR0 = _BV(OCF0A);\n"
-               "  if (lit) PORTB |= _BV(5); else PORTB &= ~_BV(5);\n  if (left == 0) { lit ^= 1; left = 500; }\n  --left;\n }\n}\n");
+    hand.write(
+        "#include <avr/io.h>\n#include <stdint.h>\nstatic uint8_t lit;\nstatic uint16_t left;\n"
+        "int main(void) {\n DDRB |= _BV(5);\n TCCR0A = _BV(WGM01); OCR0A = 249; TCCR0B = _BV(CS01) "
+        "| _BV(CS00);\n"
+        " for (;;) {\n  while (!(TIFR0 & _BV(OCF0A)));\n  TIFR0 = _BV(OCF0A);\n"
+        "  if (lit) PORTB |= _BV(5); else PORTB &= ~_BV(5);\n  if (left == 0) { lit ^= 1; left = "
+        "500; }\n  --left;\n }\n}\n");
     hand.close();
-    ASSERT_EQ(RunProgram("avr-gcc", {"-mmcu=atmega328p", "-Os", "-ffunction-sections", "-fdata-sections", "-Wl,--gc-sections",
-                                     "-o", "BASE.elf", "hand.c"}, work.Folder()).ExitCode, 0);
+    ASSERT_EQ(RunProgram("avr-gcc",
+                         {"-mmcu=atmega328p", "-Os", "-ffunction-sections", "-fdata-sections",
+                          "-Wl,--gc-sections", "-o", "BASE.elf", "hand.c"},
+                         work.Folder())
+                  .ExitCode,
+              0);
     const long byHand = FlashOf(work);
     ASSERT_GT(byHand, 0);
     EXPECT_LE(generated * 10, byHand * 13) << generated << " bytes against " << byHand;
@@ -164,8 +219,17 @@ TEST(PanelcCompiles, GatesRunInTheNetlistsOrderNotTheGridsOrder)
 {
     // The NOT in column 3 feeds the NOT in column 2 through a jump, so it runs first.
     CPanelcWork work;
-    ASSERT_EQ(work.Compile(CLayoutText().At(1, 1, "OFF \tR").At(2, 1, "LINE\tLR").At(3, 1, "NOT \tR").At(4, 1, "JPI \t3,L")
-                               .At(1, 2, "JPO \t3,R").At(2, 2, "NOT \tR").WireToOutput(2, 3).Out(2, "LAMP\tH,PB5")).ExitCode, 0);
+    ASSERT_EQ(work.Compile(CLayoutText()
+                               .At(1, 1, "OFF \tR")
+                               .At(2, 1, "LINE\tLR")
+                               .At(3, 1, "NOT \tR")
+                               .At(4, 1, "JPI \t3,L")
+                               .At(1, 2, "JPO \t3,R")
+                               .At(2, 2, "NOT \tR")
+                               .WireToOutput(2, 3)
+                               .Out(2, "LAMP\tH,PB5"))
+                  .ExitCode,
+              0);
     const QString source = work.Read("BASE.c");
     ASSERT_TRUE(source.contains("[NOT(2,2)]") && source.contains("[NOT(3,1)]"));
     EXPECT_LT(source.indexOf("[NOT(3,1)]"), source.indexOf("[NOT(2,2)]"));

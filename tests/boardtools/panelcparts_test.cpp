@@ -41,7 +41,8 @@ TEST(AvrWave, TheSmallestPrescalerThatReachesTheFrequency)
 TEST(AvrWave, DutyLevelsKeepTheEndsExact)
 {
     const CAvrWave wave = *CAvrWave::For(2, 16000000L, 1000); // top 249
-    const std::pair<int, int> levels[] = {{0, 0}, {100, 250}, {50, 125}, {25, 63}, {1, 3}, {99, 248}};
+    const std::pair<int, int> levels[] = {{0, 0},   {100, 250}, {50, 125},
+                                          {25, 63}, {1, 3},     {99, 248}};
     for (const auto& [percent, level] : levels)
         EXPECT_EQ(wave.Level(percent), level) << percent << "%";
     EXPECT_EQ(wave.Arguments(50), "4, 249, 125");
@@ -58,8 +59,8 @@ TEST(LineValues, TimesAreReadTheWayTheTimerDialogReadsThem)
     {
         const char* Token;
         long Milliseconds;
-    } cases[] = {{"1.50S", 1500}, {"90.45S", 90450}, {"0.05S", 50}, {"2.5S", 2500},
-                 {"3", 3000}, {"32399.00S", 32399000}, {"", 0}, {"1199.95S", 1199950}};
+    } cases[] = {{"1.50S", 1500}, {"90.45S", 90450},       {"0.05S", 50}, {"2.5S", 2500},
+                 {"3", 3000},     {"32399.00S", 32399000}, {"", 0},       {"1199.95S", 1199950}};
     for (const auto& c : cases)
         EXPECT_EQ(CLineValues::Milliseconds(c.Token), c.Milliseconds) << c.Token;
     EXPECT_EQ(CLineValues::TimeConstant(65535), "65535u");
@@ -68,8 +69,17 @@ TEST(LineValues, TimesAreReadTheWayTheTimerDialogReadsThem)
 
 TEST(PanelcArguments, TheBuildsCommandLineAndWhatIsRefused)
 {
-    const struct { const char* Name; QStringList Args; bool Accepted; int Clock; } cases[] = {
-        {"as the build gives it", {"/w/a.loc", "-o", "/out", "-w", "/w", "-x", "16", "-y", "40", "-c1"}, true, 1},
+    const struct
+    {
+        const char* Name;
+        QStringList Args;
+        bool Accepted;
+        int Clock;
+    } cases[] = {
+        {"as the build gives it",
+         {"/w/a.loc", "-o", "/out", "-w", "/w", "-x", "16", "-y", "40", "-c1"},
+         true,
+         1},
         {"no clock source", {"/w/a.loc", "-w", "/w"}, true, 0},
         {"unset clock source", {"/w/a.loc", "-w", "/w", "-c0"}, true, 0},
         {"no work folder", {"/w/a.loc", "-o", "/out"}, false, 0},
@@ -86,7 +96,8 @@ TEST(PanelcArguments, TheBuildsCommandLineAndWhatIsRefused)
         EXPECT_EQ(CPanelcArguments::Parse(c.Args, parsed, error), c.Accepted);
         EXPECT_EQ(error.isEmpty(), c.Accepted);
         if (c.Accepted) {
-            EXPECT_EQ(QStringList({parsed.LocationFile, parsed.WorkFolder, QString::number(parsed.ClockSource)}),
+            EXPECT_EQ(QStringList({parsed.LocationFile, parsed.WorkFolder,
+                                   QString::number(parsed.ClockSource)}),
                       QStringList({"/w/a.loc", "/w", QString::number(c.Clock)}));
         }
     }
@@ -101,10 +112,18 @@ TEST(PanelName, ListsReadAsASentence)
 
 TEST(LcdBytes, WhatTheDisplaysCharacterSetCanShow)
 {
-    const struct { const char* Name; QString Text; QByteArray Bytes; } cases[] = {
+    const struct
+    {
+        const char* Name;
+        QString Text;
+        QByteArray Bytes;
+    } cases[] = {
         {"ASCII as it is", "Hello, 1+1=2", "Hello, 1+1=2"},
-        {"half-width katakana in the display's codes", QString::fromUtf8("ｱｲｳﾟ"), "\xB1\xB2\xB3\xDF"},
-        {"the yen sign where ASCII has the backslash", QString::fromUtf8("¥100"), "\x5C" "100"},
+        {"half-width katakana in the display's codes", QString::fromUtf8("ｱｲｳﾟ"),
+         "\xB1\xB2\xB3\xDF"},
+        {"the yen sign where ASCII has the backslash", QString::fromUtf8("¥100"),
+         "\x5C"
+         "100"},
         {"what the display lacks", QString::fromUtf8("é漢"), "??"},
         {"sixteen characters at most", "0123456789abcdefXYZ", "0123456789abcdef"},
     };

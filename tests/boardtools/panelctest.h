@@ -14,12 +14,20 @@
 // own position.
 class CLayoutText
 {
-public:
-    CLayoutText& In(int row, const QString& line) { return Add(QStringLiteral("I_%1:").arg(row, 2, 10, QChar(u'0')), line); }
-    CLayoutText& Out(int row, const QString& line) { return Add(QStringLiteral("O_%1:").arg(row, 2, 10, QChar(u'0')), line); }
+  public:
+    CLayoutText& In(int row, const QString& line)
+    {
+        return Add(QStringLiteral("I_%1:").arg(row, 2, 10, QChar(u'0')), line);
+    }
+    CLayoutText& Out(int row, const QString& line)
+    {
+        return Add(QStringLiteral("O_%1:").arg(row, 2, 10, QChar(u'0')), line);
+    }
     CLayoutText& At(int column, int row, const QString& line)
     {
-        return Add(QStringLiteral("%1%2:").arg(column, 2, 10, QChar(u'0')).arg(row, 2, 10, QChar(u'0')), line);
+        return Add(
+            QStringLiteral("%1%2:").arg(column, 2, 10, QChar(u'0')).arg(row, 2, 10, QChar(u'0')),
+            line);
     }
     // Straight wires from column `from` to the output column.
     CLayoutText& WireToOutput(int row, int from)
@@ -30,10 +38,11 @@ public:
     }
     QByteArray Bytes() const
     {
-        return ("; Quillon\r\n; PANEL LOCATION\r\n;\r\nINPUT\r\n" + m_records.join("\r\n") + "\r\n").toUtf8();
+        return ("; Quillon\r\n; PANEL LOCATION\r\n;\r\nINPUT\r\n" + m_records.join("\r\n") + "\r\n")
+            .toUtf8();
     }
 
-private:
+  private:
     CLayoutText& Add(const QString& prefix, const QString& line)
     {
         m_records.append(prefix + line);
@@ -48,13 +57,15 @@ struct CProgramRun
     QString Output;
 };
 
-inline CProgramRun RunProgram(const QString& program, const QStringList& args, const QString& folder)
+inline CProgramRun RunProgram(const QString& program, const QStringList& args,
+                              const QString& folder)
 {
     QProcess process;
     process.setProcessChannelMode(QProcess::MergedChannels);
     process.setWorkingDirectory(folder);
     process.start(program, args);
-    const bool ended = process.waitForFinished(120000) && process.exitStatus() == QProcess::NormalExit;
+    const bool ended =
+        process.waitForFinished(120000) && process.exitStatus() == QProcess::NormalExit;
     return {ended ? process.exitCode() : -1, QString::fromUtf8(process.readAll())};
 }
 
@@ -62,8 +73,11 @@ inline CProgramRun RunProgram(const QString& program, const QStringList& args, c
 // runs it.
 class CPanelcWork
 {
-public:
-    explicit CPanelcWork(const QString& compiler = QStringLiteral(QUILLON_PANELC)) : m_compiler(compiler) {}
+  public:
+    explicit CPanelcWork(const QString& compiler = QStringLiteral(QUILLON_PANELC))
+        : m_compiler(compiler)
+    {
+    }
 
     QString Path(const QString& name) const { return QDir(m_dir.path()).filePath(name); }
     QString Folder() const { return m_dir.path(); }
@@ -74,8 +88,10 @@ public:
         file.open(QIODevice::WriteOnly);
         file.write(layout.Bytes());
         file.close();
-        return RunProgram(m_compiler, {Path("layout.loc"), "-o", Folder(), "-w", Folder(), "-x", "16", "-y", "40",
-                                       QStringLiteral("-c%1").arg(clockSource)}, Folder());
+        return RunProgram(m_compiler,
+                          {Path("layout.loc"), "-o", Folder(), "-w", Folder(), "-x", "16", "-y",
+                           "40", QStringLiteral("-c%1").arg(clockSource)},
+                          Folder());
     }
     QString Read(const QString& name) const
     {
@@ -85,15 +101,20 @@ public:
     // The board's command list after the compiler, as its board file states it.
     CProgramRun CompileC() const
     {
-        return RunProgram("avr-gcc", {"-mmcu=atmega328p", "-Os", "-std=gnu11", "-ffunction-sections", "-fdata-sections",
-                                      "-Wl,--gc-sections", "-o", "BASE.elf", "BASE.c", "PANEL.c"}, Folder());
+        return RunProgram("avr-gcc",
+                          {"-mmcu=atmega328p", "-Os", "-std=gnu11", "-ffunction-sections",
+                           "-fdata-sections", "-Wl,--gc-sections", "-o", "BASE.elf", "BASE.c",
+                           "PANEL.c"},
+                          Folder());
     }
     CProgramRun CheckSize() const
     {
-        return RunProgram("./PANEL.avrsize", {"BASE.elf", "--flash", "32256", "--ram", "2048", "--stack", "256"}, Folder());
+        return RunProgram("./PANEL.avrsize",
+                          {"BASE.elf", "--flash", "32256", "--ram", "2048", "--stack", "256"},
+                          Folder());
     }
 
-private:
+  private:
     QTemporaryDir m_dir;
     QString m_compiler;
 };

@@ -12,7 +12,11 @@
 
 namespace {
 
-struct CRun { int Exit = -1; QString Out, Err; };
+struct CRun
+{
+    int Exit = -1;
+    QString Out, Err;
+};
 
 const QString kBoard = QStringLiteral(QUILLON_BOARDS "/atmega328p");
 const QString kLamp = QStringLiteral(QUILLON_EXAMPLES "/pushbutton-lamp.loc");
@@ -30,30 +34,51 @@ CRun Cli(const QStringList& args, const QString& folder = QString())
     process.start(QStringLiteral(QUILLON_CLI), args);
     process.waitForFinished(30000);
     return {process.exitStatus() == QProcess::NormalExit ? process.exitCode() : -1,
-            QString::fromUtf8(process.readAllStandardOutput()), QString::fromUtf8(process.readAllStandardError())};
+            QString::fromUtf8(process.readAllStandardOutput()),
+            QString::fromUtf8(process.readAllStandardError())};
 }
 
 } // namespace
 
 TEST(Cli, CheckExitsByWhatItFindsOneFaultALine)
 {
-    const struct { const char* Behaviour; QStringList Args; int Exit; QString Contains; /* in the output; "": none */ } rows[] = {
+    const struct
+    {
+        const char* Behaviour;
+        QStringList Args;
+        int Exit;
+        QString Contains; /* in the output; "": none */
+    } rows[] = {
         {"a wired layout passes", {"check", kLamp, "--board", kBoard}, 0, ""},
         // The built programs sit beside TARGET/ and quillon.ini, which offers the sample board.
         {"the default board is the one start-up chooses", {"check", kLamp}, 0, ""},
-        {"faults one a line", {"check", kGolden, "--board", kBoard}, 1,
+        {"faults one a line",
+         {"check", kGolden, "--board", kBoard},
+         1,
          "The properties of panel [(2,10)] is none. \n"},
-        // The PWM output runs on the first port of its palette entry, PB2, as the pulse output does.
-        {"the PWM output's port", {"check", kGolden, "--board", kBoard}, 1,
+        // The PWM output runs on the first port of its palette entry, PB2, as the pulse output
+        // does.
+        {"the PWM output's port",
+         {"check", kGolden, "--board", kBoard},
+         1,
          "The port assigned two or more panels. port=PB2\n"},
-        {"in Japanese", {"check", kGolden, "--board", kBoard, "--lang", "ja"}, 1, "の接続が不完全です。"},
+        {"in Japanese",
+         {"check", kGolden, "--board", kBoard, "--lang", "ja"},
+         1,
+         "の接続が不完全です。"},
         {"no command", {}, 2, ""},
         {"no layout", {"check"}, 2, ""},
         {"an unknown command", {"frobnicate", "x"}, 2, ""},
         {"an unknown language", {"check", "x.loc", "--lang", "fr"}, 2, ""},
-        {"a missing layout", {"check", QUILLON_TEST_DATA "/layouts/none.loc", "--board", kBoard}, 2, ""},
+        {"a missing layout",
+         {"check", QUILLON_TEST_DATA "/layouts/none.loc", "--board", kBoard},
+         2,
+         ""},
         {"a file that is no layout", {"check", "/etc/hostname", "--board", kBoard}, 2, ""},
-        {"a board that does not read", {"check", kGolden, "--board", QUILLON_TEST_DATA "/boards/commentfirst"}, 2, ""},
+        {"a board that does not read",
+         {"check", kGolden, "--board", QUILLON_TEST_DATA "/boards/commentfirst"},
+         2,
+         ""},
     };
     for (const auto& row : rows) {
         SCOPED_TRACE(row.Behaviour);
@@ -75,9 +100,17 @@ TEST(Cli, DumpListsPanelsInFileOrderAndSaveWritesTheLayoutAgain)
     const QJsonArray panels = root["panels"].toArray();
     ASSERT_EQ(panels.size(), 18);
     const QJsonObject key = panels.first().toObject();
-    EXPECT_EQ(key, QJsonObject({{"column", -1}, {"row", 1}, {"keyword", "KEY"}, {"line", "KEY \tH,PD2\t\t;button"},
-                                {"bitmapId", 10074}, {"sides", "R"}, {"height", 1}, {"incomplete", false}, {"itemCount", 1},
-                                {"caption", "Push key : PORT=PD2(D2)  ACTIVE=H  "}, {"portIndex", 0}}));
+    EXPECT_EQ(key, QJsonObject({{"column", -1},
+                                {"row", 1},
+                                {"keyword", "KEY"},
+                                {"line", "KEY \tH,PD2\t\t;button"},
+                                {"bitmapId", 10074},
+                                {"sides", "R"},
+                                {"height", 1},
+                                {"incomplete", false},
+                                {"itemCount", 1},
+                                {"caption", "Push key : PORT=PD2(D2)  ACTIVE=H  "},
+                                {"portIndex", 0}}));
     EXPECT_EQ(panels[1].toObject()["column"].toInt(), 1);
     EXPECT_EQ(panels.last().toObject()["column"].toInt(), -2);
 
@@ -108,7 +141,8 @@ struct CCliBuild : testing::Test
         qputenv("QUILLON_FAKE_SCENARIO", scenario);
         // A relative board folder, as a user types it in the folder above the board.
         return Cli(QStringList{"build", layout, "--board", "my board", "--work",
-                               work.isEmpty() ? sandbox.WorkFolder() : work} + more,
+                               work.isEmpty() ? sandbox.WorkFolder() : work} +
+                       more,
                    sandbox.Path("."));
     }
 };
@@ -120,7 +154,8 @@ TEST_F(CCliBuild, FailedBuildExitsOneThoughAnOlderHexLiesBesideTheLayout)
     sandbox.WriteFile("layouts/lamp.hex", ":00000001FF\n");
     const CRun run = Build("err");
     EXPECT_EQ(run.Exit, 1);
-    EXPECT_TRUE(run.Out.endsWith("Panel (3,4): the net has two drivers.\n\nThe compilation stopped.\n"))
+    EXPECT_TRUE(
+        run.Out.endsWith("Panel (3,4): the net has two drivers.\n\nThe compilation stopped.\n"))
         << run.Out.toStdString();
 }
 
@@ -141,7 +176,8 @@ TEST_F(CCliBuild, WithoutWriteTheBuildEndsAtTheQuestionAndWithItUsesThePortGiven
     EXPECT_EQ(run.Out, "The compilation started.\nPass1...\nPass2...\nPass3...\n"
                        "The compilation terminated.\nThe FLASH writing was canceled.\n");
     EXPECT_EQ(sandbox.ReadFile("layouts/lamp.hex"), ":00000001FF\n");
-    EXPECT_TRUE(sandbox.Recorded().value(0).contains(QStringLiteral("[-o] [%1]").arg(sandbox.WorkFolder())))
+    EXPECT_TRUE(
+        sandbox.Recorded().value(0).contains(QStringLiteral("[-o] [%1]").arg(sandbox.WorkFolder())))
         << "the work folder is the compiler's output";
 
     QFile::remove(sandbox.Path("record.txt"));

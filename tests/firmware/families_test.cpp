@@ -13,10 +13,26 @@
 namespace {
 
 // Header pin numbers of the board.
-enum EPin {
-    PD2 = 2, PD3, PD4, PD5, PD6, PD7,
-    PB0 = 8, PB1, PB2, PB3, PB4, PB5,
-    PC0 = 14, PC1, PC2, PC3, PC4, PC5,
+enum EPin
+{
+    PD2 = 2,
+    PD3,
+    PD4,
+    PD5,
+    PD6,
+    PD7,
+    PB0 = 8,
+    PB1,
+    PB2,
+    PB3,
+    PB4,
+    PB5,
+    PC0 = 14,
+    PC1,
+    PC2,
+    PC3,
+    PC4,
+    PC5,
 };
 
 // Each layout is built once for all the tests that run it.
@@ -25,17 +41,20 @@ std::string LayoutHex(const std::string& name)
     static std::map<std::string, std::string> built;
     auto found = built.find(name);
     if (found == built.end())
-        found = built.emplace(name, BuildLayout(std::string(QUILLON_FIRMWARE_LAYOUTS) + "/" + name + ".loc")).first;
+        found = built
+                    .emplace(name, BuildLayout(std::string(QUILLON_FIRMWARE_LAYOUTS) + "/" + name +
+                                               ".loc"))
+                    .first;
     return found->second;
 }
 
-#define LOAD_LAYOUT(simulator, name)                                                       \
-    do {                                                                                   \
-        if (!QUILLON_HAVE_AVR_GCC)                                                         \
-            GTEST_SKIP() << "avr-gcc not found: layouts cannot be built";                 \
-        const std::string hex = LayoutHex(name);                                           \
-        ASSERT_FALSE(hex.empty()) << "the layout " << (name) << " did not build";         \
-        ASSERT_TRUE((simulator).Load(hex)) << (simulator).Error();                        \
+#define LOAD_LAYOUT(simulator, name)                                                               \
+    do {                                                                                           \
+        if (!QUILLON_HAVE_AVR_GCC)                                                                 \
+            GTEST_SKIP() << "avr-gcc not found: layouts cannot be built";                          \
+        const std::string hex = LayoutHex(name);                                                   \
+        ASSERT_FALSE(hex.empty()) << "the layout " << (name) << " did not build";                  \
+        ASSERT_TRUE((simulator).Load(hex)) << (simulator).Error();                                 \
     } while (false)
 
 // The changes of a pin after `fromMs`, in ms.
@@ -44,7 +63,8 @@ std::vector<std::pair<double, bool>> ChangesAfter(const CAvrSimulator& sim, int 
     std::vector<std::pair<double, bool>> changes;
     for (const CPinChange& change : sim.Trace(pin).Changes())
         if (change.Cycle >= CAvrSimulator::Ms(fromMs))
-            changes.emplace_back(double(change.Cycle) / double(CAvrSimulator::CyclesPerMs), change.High);
+            changes.emplace_back(double(change.Cycle) / double(CAvrSimulator::CyclesPerMs),
+                                 change.High);
     return changes;
 }
 
@@ -108,7 +128,10 @@ TEST(FamilyGates, TruthTablesThroughJumps)
 {
     CAvrSimulator sim;
     LOAD_LAYOUT(sim, "gates");
-    struct { bool A, B; } const cases[] = {{false, false}, {true, false}, {false, true}, {true, true}};
+    struct
+    {
+        bool A, B;
+    } const cases[] = {{false, false}, {true, false}, {false, true}, {true, true}};
     for (const auto& c : cases) {
         SCOPED_TRACE(testing::Message() << "a=" << c.A << " b=" << c.B);
         sim.SetInput(PD2, c.A);
@@ -245,8 +268,14 @@ TEST(FamilyWires, CrossingCornersAndBranchesKeepTheirSignals)
 {
     CAvrSimulator sim;
     LOAD_LAYOUT(sim, "wires");
-    struct { bool A, B, C; } const cases[] = {
-        {true, false, false}, {false, true, false}, {false, false, true}, {true, true, true}, {false, false, false}};
+    struct
+    {
+        bool A, B, C;
+    } const cases[] = {{true, false, false},
+                       {false, true, false},
+                       {false, false, true},
+                       {true, true, true},
+                       {false, false, false}};
     for (const auto& c : cases) {
         SCOPED_TRACE(testing::Message() << c.A << c.B << c.C);
         sim.SetInput(PD2, c.A);
@@ -519,9 +548,15 @@ TEST(FamilyBuzzer, TopmostRowChoosesTheTone)
         sim.SetInput(pin, false);
     RunTo(sim, 20);
     EXPECT_EQ(sim.Pulses(PD3, 0, 20), 0) << "silent";
-    struct { bool R2000, R1000, R500; double Hz; } const cases[] = {
-        {false, false, true, 500}, {false, true, true, 1000}, {true, true, true, 2000}, {true, false, false, 2000},
-        {false, true, false, 1000}};
+    struct
+    {
+        bool R2000, R1000, R500;
+        double Hz;
+    } const cases[] = {{false, false, true, 500},
+                       {false, true, true, 1000},
+                       {true, true, true, 2000},
+                       {true, false, false, 2000},
+                       {false, true, false, 1000}};
     for (const auto& c : cases) {
         sim.SetInput(PD2, c.R2000);
         sim.SetInput(PD4, c.R1000);
@@ -547,7 +582,11 @@ TEST(FamilyPwm, TopmostRowChoosesTheDuty)
     sim.SetInput(PD7, false);
     RunTo(sim, 20);
     EXPECT_FALSE(sim.Level(PB2)) << "no row on: 0 %, pin low";
-    struct { bool R75, R25; double Duty; } const cases[] = {{false, true, 0.25}, {true, true, 0.75}, {true, false, 0.75}};
+    struct
+    {
+        bool R75, R25;
+        double Duty;
+    } const cases[] = {{false, true, 0.25}, {true, true, 0.75}, {true, false, 0.75}};
     for (const auto& c : cases) {
         sim.SetInput(PD6, c.R75);
         sim.SetInput(PD7, c.R25);
@@ -690,10 +729,16 @@ TEST(FamilySevenSegment, DigitDecodersLargestWins)
 {
     CAvrSimulator sim;
     LOAD_LAYOUT(sim, "sevenseg-digit");
-    struct { bool D3, D7, Bit1, D12; int Pattern; } const cases[] = {
-        {false, false, false, false, 0},  {true, false, false, false, kFont[3]}, {true, true, false, false, kFont[7]},
-        {false, false, true, false, 0},   // a bit decoder on a digit display does nothing
-        {false, false, false, true, 0},   // 12 is no digit of a one-digit display
+    struct
+    {
+        bool D3, D7, Bit1, D12;
+        int Pattern;
+    } const cases[] = {
+        {false, false, false, false, 0},
+        {true, false, false, false, kFont[3]},
+        {true, true, false, false, kFont[7]},
+        {false, false, true, false, 0}, // a bit decoder on a digit display does nothing
+        {false, false, false, true, 0}, // 12 is no digit of a one-digit display
         {false, true, true, true, kFont[7]}};
     for (const auto& c : cases) {
         sim.SetInput(PB2, c.D3);
@@ -709,9 +754,15 @@ TEST(FamilySevenSegment, SegmentDecodersAddUp)
 {
     CAvrSimulator sim;
     LOAD_LAYOUT(sim, "sevenseg-segment");
-    struct { bool A, G, Dp, D8; int Pattern; } const cases[] = {
-        {false, false, false, false, 0}, {true, false, false, false, 0x01}, {true, true, false, false, 0x41},
-        {true, true, true, false, 0xC1}, {false, false, false, true, 0}};
+    struct
+    {
+        bool A, G, Dp, D8;
+        int Pattern;
+    } const cases[] = {{false, false, false, false, 0},
+                       {true, false, false, false, 0x01},
+                       {true, true, false, false, 0x41},
+                       {true, true, true, false, 0xC1},
+                       {false, false, false, true, 0}};
     for (const auto& c : cases) {
         sim.SetInput(PB2, c.A);
         sim.SetInput(PB3, c.G);
@@ -732,13 +783,15 @@ TEST(FamilySevenSegment, FourDigitsByBitShowLeadingZeros)
     sim.SetInput(PC2, true);
     sim.SetInput(PC3, false);
     RunTo(sim, 20);
-    EXPECT_EQ(FourDigits(sim), (std::array<int, 4>{kFont[0], kFont[0], kFont[2], kFont[1]})) << "0x0021";
+    EXPECT_EQ(FourDigits(sim), (std::array<int, 4>{kFont[0], kFont[0], kFont[2], kFont[1]}))
+        << "0x0021";
     sim.SetInput(PB2, false);
     sim.SetInput(PC1, true);
     sim.SetInput(PC2, false);
     sim.SetInput(PC3, true);
     ASSERT_TRUE(sim.RunMs(5));
-    EXPECT_EQ(FourDigits(sim), (std::array<int, 4>{kFont[8], kFont[0], kFont[0], kFont[4]})) << "0x8004";
+    EXPECT_EQ(FourDigits(sim), (std::array<int, 4>{kFont[8], kFont[0], kFont[0], kFont[4]}))
+        << "0x8004";
     // Each digit is selected one millisecond in four.
     const double from = sim.NowMs();
     ASSERT_TRUE(sim.RunMs(40));
@@ -770,7 +823,8 @@ TEST(FamilySteppingMotor, OnePhaseStepsEverySpeedMs)
     CAvrSimulator sim;
     LOAD_LAYOUT(sim, "motors");
     auto coils = [&] {
-        return int(sim.Level(PB0)) | int(sim.Level(PB1)) << 1 | int(sim.Level(PB2)) << 2 | int(sim.Level(PB3)) << 3;
+        return int(sim.Level(PB0)) | int(sim.Level(PB1)) << 1 | int(sim.Level(PB2)) << 2 |
+               int(sim.Level(PB3)) << 3;
     };
     sim.SetInput(PD2, false);
     sim.SetInput(PD3, false);
@@ -812,7 +866,8 @@ TEST(FamilyMotorDriver, TwoPhaseCoilsOnA2ToA5)
     CAvrSimulator sim;
     LOAD_LAYOUT(sim, "motordriver");
     auto coils = [&] {
-        return int(sim.Level(PC2)) | int(sim.Level(PC3)) << 1 | int(sim.Level(PC4)) << 2 | int(sim.Level(PC5)) << 3;
+        return int(sim.Level(PC2)) | int(sim.Level(PC3)) << 1 | int(sim.Level(PC4)) << 2 |
+               int(sim.Level(PC5)) << 3;
     };
     sim.SetInput(PD4, false);
     sim.SetInput(PD5, false);
@@ -848,9 +903,15 @@ TEST(FamilyAnalogInput, ThresholdRows)
 {
     CAvrSimulator sim;
     LOAD_LAYOUT(sim, "analog");
-    struct { int Reading0, Reading1; bool Above800, Above300, Below512; } const cases[] = {
-        {500, 511, false, true, true}, {800, 512, true, true, false}, {799, 0, false, true, true},
-        {299, 1023, false, false, false}, {300, 100, false, true, true}};
+    struct
+    {
+        int Reading0, Reading1;
+        bool Above800, Above300, Below512;
+    } const cases[] = {{500, 511, false, true, true},
+                       {800, 512, true, true, false},
+                       {799, 0, false, true, true},
+                       {299, 1023, false, false, false},
+                       {300, 100, false, true, true}};
     for (const auto& c : cases) {
         sim.SetAnalogReading(0, c.Reading0);
         sim.SetAnalogReading(1, c.Reading1);

@@ -6,8 +6,8 @@
 #include <filesystem>
 #include <fstream>
 #include <iostream>
-#include <sstream>
 #include <spawn.h>
+#include <sstream>
 #include <sys/wait.h>
 #include <unistd.h>
 #include <vector>
@@ -23,7 +23,7 @@ namespace {
 // ends.
 class CBuiltFolders
 {
-public:
+  public:
     ~CBuiltFolders()
     {
         std::error_code ignored;
@@ -33,7 +33,7 @@ public:
 
     void Add(const fs::path& folder) { m_folders.push_back(folder); }
 
-private:
+  private:
     std::vector<fs::path> m_folders;
 };
 
@@ -74,7 +74,8 @@ CLayoutBuilder::CResult CLayoutBuilder::Build(const std::string& layoutPath)
     const std::string board = QUILLON_BOARD_FOLDER;
     const std::string work = (folder / "work").string();
     const std::string log = (folder / "build.log").string();
-    std::vector<std::string> args = {cli, "build", layout.string(), "--work", work, "--board", board};
+    std::vector<std::string> args = {cli,       "build", layout.string(), "--work", work,
+                                     "--board", board};
     std::vector<char*> argv;
     for (std::string& arg : args)
         argv.push_back(arg.data());
@@ -82,7 +83,8 @@ CLayoutBuilder::CResult CLayoutBuilder::Build(const std::string& layoutPath)
 
     posix_spawn_file_actions_t actions;
     posix_spawn_file_actions_init(&actions);
-    posix_spawn_file_actions_addopen(&actions, STDOUT_FILENO, log.c_str(), O_WRONLY | O_CREAT | O_TRUNC, 0644);
+    posix_spawn_file_actions_addopen(&actions, STDOUT_FILENO, log.c_str(),
+                                     O_WRONLY | O_CREAT | O_TRUNC, 0644);
     posix_spawn_file_actions_adddup2(&actions, STDOUT_FILENO, STDERR_FILENO);
     pid_t child = 0;
     const int failed = posix_spawn(&child, cli.c_str(), &actions, nullptr, argv.data(), environ);
@@ -98,7 +100,8 @@ CLayoutBuilder::CResult CLayoutBuilder::Build(const std::string& layoutPath)
     fs::path hex = layout;
     hex.replace_extension(".hex");
     result.HexPath = hex.string();
-    result.Ok = WIFEXITED(status) && WEXITSTATUS(status) == 0 && fs::file_size(hex, error) > 0 && !error;
+    result.Ok =
+        WIFEXITED(status) && WEXITSTATUS(status) == 0 && fs::file_size(hex, error) > 0 && !error;
     return result;
 }
 

@@ -7,7 +7,7 @@
 // build writes the HEX file beside the layout; the folder is removed when the program ends.
 class CLayoutBuilder
 {
-public:
+  public:
     struct CResult
     {
         bool Ok = false;

@@ -20,7 +20,8 @@ TEST(AvrSimLayoutBuilder, MissingLayoutIsAFault)
 
 TEST(AvrSimLayoutBuilder, FailedBuildKeepsTheLogAndLeavesTheLayoutAlone)
 {
-    const std::filesystem::path folder = std::filesystem::temp_directory_path() / "quillon-layoutbuilder-test";
+    const std::filesystem::path folder =
+        std::filesystem::temp_directory_path() / "quillon-layoutbuilder-test";
     std::filesystem::create_directories(folder);
     const std::filesystem::path layout = folder / "broken.loc";
     std::ofstream(layout) << "this is no layout\n";
@@ -40,14 +41,16 @@ TEST(AvrSimLayoutBuilder, BuiltLayoutGoesWhenTheProgramEnds)
 {
     if (!QUILLON_HAVE_AVR_GCC)
         GTEST_SKIP() << "avr-gcc not found: layouts cannot be built";
-    std::string pattern = (std::filesystem::temp_directory_path() / "quillon-layoutbuilder-XXXXXX").string();
+    std::string pattern =
+        (std::filesystem::temp_directory_path() / "quillon-layoutbuilder-XXXXXX").string();
     ASSERT_NE(mkdtemp(pattern.data()), nullptr);
     const std::filesystem::path temporary(pattern);
     std::fflush(nullptr);
     const pid_t child = fork();
     if (child == 0) {
         setenv("TMPDIR", temporary.c_str(), 1);
-        const bool built = CLayoutBuilder::Build(std::string(QUILLON_FIRMWARE_LAYOUTS) + "/gates.loc").Ok;
+        const bool built =
+            CLayoutBuilder::Build(std::string(QUILLON_FIRMWARE_LAYOUTS) + "/gates.loc").Ok;
         std::exit(built ? 0 : 1);
     }
     int status = 0;

@@ -43,8 +43,7 @@ TEST_F(PropertyDialogs, OutputAndSerialFamilies)
         // The line keeps no port (the build takes the palette's); the panel keeps the choice.
         {"PwmWithSeveralPortsKeepsTheChosenOne", "PWM\t500Hz,50", "PB1,PB2,PB3",
          "index:port=-1|ok=off|down:port=2|shows:port=PB2", "PWM \t500Hz,50", "port=1"},
-        {"WebInWithoutNameStoresLoneSemicolon", "WEBIN\t2", "", "down:bits=2", "WEBIN\t4\t\t;",
-         ""},
+        {"WebInWithoutNameStoresLoneSemicolon", "WEBIN\t2", "", "down:bits=2", "WEBIN\t4\t\t;", ""},
         {"LcdClearDisablesTheText", "LCD\t1,\"Hi\"", "", "press:clear|enabled:text=false",
          "LCD \t0,\"\"", ""},
         {"LcdTextStopsAtSixteenCharacters", "LCD\t3,\"\"", "",
@@ -184,9 +183,8 @@ TEST_F(WriterDialogs, OptionDialogSavesTheChosenDeviceAndKeepsAnUnlistedWait)
     GTEST_SKIP() << "Windows lists COM numbers";
 #endif
     settings.SetWriteWait(7);
-    WhenModal([](QDialog& d) {
-        Drive(d, "index:wait=-1|shows:port=Autoselect|down:port=1|click:ok");
-    });
+    WhenModal(
+        [](QDialog& d) { Drive(d, "index:wait=-1|shows:port=Autoselect|down:port=1|click:ok"); });
     const QList<CSerialDevicePortFinder::CDevice> devices{
         {"USB2.0-Serial", "QinHeng", "/dev/ttyUSB0"}};
     ASSERT_TRUE(CWriterOptionDialog::Run(settings, devices, nullptr));

@@ -2,10 +2,10 @@
 
 // Dialogs driven by real keys and clicks offscreen, step by step.
 #include "core/panels/panelfacts.h"
-#include "panelcell.h"
-#include "panelgrid.h"
-#include "paneldialogs.h"
 #include "layoutfile.h"
+#include "panelcell.h"
+#include "paneldialogs.h"
+#include "panelgrid.h"
 #include "pwmdialog.h"
 #include "stringtable.h"
 #include "support/recordingmessenger.h"
@@ -74,7 +74,9 @@ inline void Drive(QDialog& dialog, const QString& steps, QChar separator = u'|')
         else if (verb == "shows")
             EXPECT_EQ(edit ? edit->text() : combo ? combo->currentText() : "no text", value);
         else if (verb == "index" || verb == "count")
-            EXPECT_EQ(!combo ? -2 : verb == "index" ? combo->currentIndex() : combo->count(),
+            EXPECT_EQ(!combo            ? -2
+                      : verb == "index" ? combo->currentIndex()
+                                        : combo->count(),
                       value.toInt());
         else if (verb == "enabled" || verb == "hidden" || verb == "checked")
             EXPECT_EQ(verb == "enabled"  ? w->isEnabled()

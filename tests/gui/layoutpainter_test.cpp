@@ -78,7 +78,8 @@ TEST_F(LayoutPainterTest, ScreenShowsFramesAndCrossesButNoRowNumbers)
     // A cross at the lower-left corner of the empty process cell (9, 20), one pixel each way.
     const QRect cell = CLayoutGeometry::CellRect(9, 20);
     const QPoint corner(cell.left(), cell.bottom() + 1);
-    for (const QPoint offset : {QPoint(0, 0), QPoint(-1, 0), QPoint(1, 0), QPoint(0, -1), QPoint(0, 1)})
+    for (const QPoint offset :
+         {QPoint(0, 0), QPoint(-1, 0), QPoint(1, 0), QPoint(0, -1), QPoint(0, 1)})
         EXPECT_EQ(image.pixelColor(corner + offset), options.Grid);
     EXPECT_EQ(image.pixelColor(corner + QPoint(2, 0)), options.Background);
     EXPECT_EQ(image.pixelColor(corner + QPoint(1, 1)), options.Background);
@@ -106,7 +107,9 @@ TEST_F(LayoutPainterTest, HeadingsAndPicturesAreDrawnAndTallPanelsCoverTheirRows
 {
     for (const CLayoutPaintOptions& options : {Screen(), CLayoutPaintOptions::ForPrinting()}) {
         const QImage image = Draw(options);
-        const auto marks = [&](const QRect& rect) { return Marks(image, rect, options.Background); };
+        const auto marks = [&](const QRect& rect) {
+            return Marks(image, rect, options.Background);
+        };
         EXPECT_GT(marks(QRect(CLayoutGeometry::InputHeading(), QSize(60, 16))), 20);
         EXPECT_GT(marks(QRect(CLayoutGeometry::OutputHeading(), QSize(60, 16))), 20);
         EXPECT_GT(marks(CLayoutGeometry::CellRect(2, 1)), 100);

@@ -1,8 +1,8 @@
+#include "core/grid/gridtest.h"
 #include "layoutdocument.h"
 #include "layoutgeometry.h"
 #include "layoutview.h"
 #include "panelchooser.h"
-#include "core/grid/gridtest.h"
 
 #include <QApplication>
 #include <QClipboard>
@@ -71,7 +71,10 @@ struct LayoutViewTest : testing::Test
         grid.ClearJournal();
     }
 
-    void Click(int column, int row) { QTest::mouseClick(Port(), Qt::LeftButton, {}, At(column, row)); }
+    void Click(int column, int row)
+    {
+        QTest::mouseClick(Port(), Qt::LeftButton, {}, At(column, row));
+    }
     void Press(QPoint point) { QTest::mousePress(Port(), Qt::LeftButton, {}, point); }
     void Release(QPoint point) { QTest::mouseRelease(Port(), Qt::LeftButton, {}, point); }
 
@@ -86,8 +89,8 @@ struct LayoutViewTest : testing::Test
     void StartDrag(QPoint from, QPoint to, Qt::KeyboardModifiers modifiers = {})
     {
         QTest::mousePress(Port(), Qt::LeftButton, modifiers, from);
-        QTest::mouseMove(Port(), from + QPoint(to.x() > from.x() ? 12 : -12,
-                                               to.y() > from.y() ? 12 : -12));
+        QTest::mouseMove(Port(),
+                         from + QPoint(to.x() > from.x() ? 12 : -12, to.y() > from.y() ? 12 : -12));
         QTest::mouseMove(Port(), to);
     }
 
@@ -105,7 +108,10 @@ struct LayoutViewTest : testing::Test
         QTest::mouseMove(Port(), point);
     }
 
-    void Key(int key, Qt::KeyboardModifiers modifiers = {}) { QTest::keyClick(&view, Qt::Key(key), modifiers); }
+    void Key(int key, Qt::KeyboardModifiers modifiers = {})
+    {
+        QTest::keyClick(&view, Qt::Key(key), modifiers);
+    }
 
     // A drag from a panel bar, as its list starts it: the area, a line feed, the line. It
     // enters the view, moves to the point and drops there; answers whether the view took it.
@@ -124,7 +130,10 @@ struct LayoutViewTest : testing::Test
         return move.isAccepted();
     }
 
-    void SelectBlock(int c1, int r1, int c2, int r2) { Drag(At(c1, r1), At(c2, r2), Qt::ControlModifier); }
+    void SelectBlock(int c1, int r1, int c2, int r2)
+    {
+        Drag(At(c1, r1), At(c2, r2), Qt::ControlModifier);
+    }
 
     // "c1,r1-c2,r2", "" for none.
     QString Selection() const
@@ -146,7 +155,10 @@ struct LayoutViewTest : testing::Test
     }
 
     Qt::CursorShape Cursor() { return Port()->cursor().shape(); }
-    QString Text(const QSignalSpy& spy) const { return spy.isEmpty() ? "none" : spy.last().at(0).toString(); }
+    QString Text(const QSignalSpy& spy) const
+    {
+        return spy.isEmpty() ? "none" : spy.last().at(0).toString();
+    }
 };
 
 } // namespace
@@ -189,16 +201,35 @@ TEST_F(LayoutViewTest, ClickPlacesTheChosenEntryOfItsAreaAndAUsedUpTypeLosesTheC
 
 TEST_F(LayoutViewTest, DropFromTheBarPlacesOnlyWhereTheAreaFits)
 {
-    const struct { const char* Name; int Area; const char* Line; CGridPos Target; bool Chosen;
-                   const char* Placed; } cases[] = {
-        {"process panel on a process cell", CPanel::AreaProcess, "AND \tR", {4, 6}, true,
+    const struct
+    {
+        const char* Name;
+        int Area;
+        const char* Line;
+        CGridPos Target;
+        bool Chosen;
+        const char* Placed;
+    } cases[] = {
+        {"process panel on a process cell",
+         CPanel::AreaProcess,
+         "AND \tR",
+         {4, 6},
+         true,
          "4,6 AND \tR"},
         {"input panel on a process cell", CPanel::AreaInput, "KEY \tH,P1", {4, 6}, true, ""},
-        {"input panel on the input column", CPanel::AreaInput, "KEY \tH,P1", {-1, 2}, true,
+        {"input panel on the input column",
+         CPanel::AreaInput,
+         "KEY \tH,P1",
+         {-1, 2},
+         true,
          "-1,2 KEY \tH,P1"},
         {"output panel on the input column", CPanel::AreaOutput, "LAMP\tH,P1", {-1, 2}, true, ""},
         {"process panel on the output column", CPanel::AreaProcess, "AND \tR", {-2, 2}, true, ""},
-        {"without a choice, the dragged line", CPanel::AreaOutput, "LAMP\tL,P2", {-2, 9}, false,
+        {"without a choice, the dragged line",
+         CPanel::AreaOutput,
+         "LAMP\tL,P2",
+         {-2, 9},
+         false,
          "-2,9 LAMP\tL,P2"},
     };
     for (const auto& c : cases) {
@@ -220,7 +251,12 @@ TEST_F(LayoutViewTest, ThePositionPaneShowsWhatAClickSelectedAndEscapeDropsIt)
 {
     Place({{2, 5, "CNT \tC,3,2,1"}});
     QSignalSpy position(&view, &CLayoutView::PositionText);
-    const struct { QPoint Point; const char* Text; const char* Selection; } cases[] = {
+    const struct
+    {
+        QPoint Point;
+        const char* Text;
+        const char* Selection;
+    } cases[] = {
         {At(-1, 5), "  IN ,  5 ", "-1,5--1,5"},
         {At(-2, 3), "  OUT,  3 ", "-2,3--2,3"},
         {At(12, 7), "  12 ,  7 ", "12,7-12,7"},
@@ -244,11 +280,14 @@ TEST_F(LayoutViewTest, ThePositionPaneShowsWhatAClickSelectedAndEscapeDropsIt)
 
 TEST_F(LayoutViewTest, ASelectionNeverSpansASideColumnAndAnythingElse)
 {
-    const struct { int C1, R1, C2, R2; const char* Selection; } cases[] = {
-        {-1, 5, 3, 7, "-1,5--1,7"},
-        {-2, 5, 3, 7, "-2,5--2,7"},
-        {3, 5, -2, 7, "3,5-16,7"},
-        {3, 5, -1, 7, "1,5-3,7"}};
+    const struct
+    {
+        int C1, R1, C2, R2;
+        const char* Selection;
+    } cases[] = {{-1, 5, 3, 7, "-1,5--1,7"},
+                 {-2, 5, 3, 7, "-2,5--2,7"},
+                 {3, 5, -2, 7, "3,5-16,7"},
+                 {3, 5, -1, 7, "1,5-3,7"}};
     for (const auto& c : cases) {
         view.SetSelection(c.C1, c.R1, c.C2, c.R2);
         EXPECT_EQ(Selection(), c.Selection);
@@ -410,8 +449,13 @@ TEST_F(LayoutViewTest, ArrowsWalkAcrossTheAreasStepOverATallPanelAndCtrlJumpsToT
 {
     Place({{4, 5, "CNT \tC,3,2,1"}});
     const auto ctrl = Qt::ControlModifier;
-    const struct { CGridPos From; int Key; Qt::KeyboardModifiers Modifiers;
-                   const char* Text; } cases[] = {
+    const struct
+    {
+        CGridPos From;
+        int Key;
+        Qt::KeyboardModifiers Modifiers;
+        const char* Text;
+    } cases[] = {
         {{16, 7}, Qt::Key_Right, {}, "  OUT,  7 "},   {{16, 7}, Qt::Key_Left, ctrl, "  IN ,  7 "},
         {{-1, 7}, Qt::Key_Right, ctrl, "  OUT,  7 "}, {{-2, 7}, Qt::Key_Left, {}, "  16 ,  7 "},
         {{1, 7}, Qt::Key_Left, {}, "  IN ,  7 "},     {{-1, 7}, Qt::Key_Right, {}, "   1 ,  7 "},
@@ -422,7 +466,11 @@ TEST_F(LayoutViewTest, ArrowsWalkAcrossTheAreasStepOverATallPanelAndCtrlJumpsToT
     };
     QSignalSpy position(&view, &CLayoutView::PositionText);
     for (const auto& c : cases) {
-        SCOPED_TRACE(QStringLiteral("%1,%2 key %3").arg(c.From.Column).arg(c.From.Row).arg(c.Key).toStdString());
+        SCOPED_TRACE(QStringLiteral("%1,%2 key %3")
+                         .arg(c.From.Column)
+                         .arg(c.From.Row)
+                         .arg(c.Key)
+                         .toStdString());
         view.SetSelection(c.From.Column, c.From.Row);
         Key(c.Key, c.Modifiers);
         EXPECT_EQ(Text(position), c.Text);
@@ -433,7 +481,10 @@ TEST_F(LayoutViewTest, ArrowsWalkAcrossTheAreasStepOverATallPanelAndCtrlJumpsToT
 
 TEST_F(LayoutViewTest, DeleteFillAndRotateWorkOnTheSelection)
 {
-    Place({{-1, 2, "KEY \tH,P1"}, {-1, 3, "KEY \tL,P2"}, {5, 35, "AND \tR"}, {5, 38, "NOT \tR"},
+    Place({{-1, 2, "KEY \tH,P1"},
+           {-1, 3, "KEY \tL,P2"},
+           {5, 35, "AND \tR"},
+           {5, 38, "NOT \tR"},
            {4, 3, "CNT \tC,3"}});
     view.SetSelection(-1, 2, -1, 3);
     messenger.Answers = {EAnswer::Cancel, EAnswer::Ok};
@@ -447,8 +498,7 @@ TEST_F(LayoutViewTest, DeleteFillAndRotateWorkOnTheSelection)
     document.SetModified(false);
     Click(5, 35);
     Key(Qt::Key_Down, Qt::AltModifier); // fills up to the next panel
-    EXPECT_EQ(Cells(grid),
-              "4,3 CNT \tC,3; 5,35 AND \tR; 5,36 AND \tR; 5,37 AND \tR; 5,38 NOT \tR");
+    EXPECT_EQ(Cells(grid), "4,3 CNT \tC,3; 5,35 AND \tR; 5,36 AND \tR; 5,37 AND \tR; 5,38 NOT \tR");
     EXPECT_TRUE(document.IsModified());
     document.SetModified(false);
     Key(Qt::Key_Down, Qt::AltModifier); // nothing left to fill: no change

@@ -1,10 +1,10 @@
 // The editor's window, offscreen: its title, which commands it offers, its recent files.
 #include "boardinfo.h"
-#include "settings.h"
-#include "mainframe.h"
+#include "core/panels/paneltest.h"
 #include "layoutdocument.h"
 #include "layoutview.h"
-#include "core/panels/paneltest.h"
+#include "mainframe.h"
+#include "settings.h"
 #include "stringtable.h"
 #include "support/recordingmessenger.h"
 
@@ -42,7 +42,8 @@ struct MainFrameTest : testing::Test
         profile = std::make_unique<QSettings>(dir.filePath("profile.ini"), QSettings::IniFormat);
         settings = std::make_unique<CSettings>(profile.get(), dir.filePath("quillon.ini"));
         CRecordingMessenger messenger;
-        ASSERT_TRUE(board.Read(QStringLiteral(QUILLON_DIALOG_BOARDS "/atmega328p"), QString(), messenger));
+        ASSERT_TRUE(
+            board.Read(QStringLiteral(QUILLON_DIALOG_BOARDS "/atmega328p"), QString(), messenger));
         frame = std::make_unique<CMainFrame>(board, *settings, editor);
     }
 
@@ -50,7 +51,8 @@ struct MainFrameTest : testing::Test
     {
         frame.reset();
         QApplication::clipboard()->clear();
-        const QString home = QStandardPaths::writableLocation(QStandardPaths::GenericConfigLocation);
+        const QString home =
+            QStandardPaths::writableLocation(QStandardPaths::GenericConfigLocation);
         for (const auto format : {QSettings::NativeFormat, QSettings::IniFormat})
             QSettings::setPath(format, QSettings::UserScope, home);
     }
@@ -124,8 +126,10 @@ TEST_F(MainFrameTest, RecentFilesKeepTheLastFourOpenedNewestFirst)
                 files.append(action->text());
     QStringList expected;
     for (const char* name : {"c.loc", "e.loc", "d.loc", "b.loc"})
-        expected.append(QStringLiteral("&%1 %2").arg(expected.size() + 1).arg(
-            QDir::toNativeSeparators(QDir(dir.path()).absoluteFilePath(name))));
+        expected.append(
+            QStringLiteral("&%1 %2")
+                .arg(expected.size() + 1)
+                .arg(QDir::toNativeSeparators(QDir(dir.path()).absoluteFilePath(name))));
     EXPECT_EQ(files, expected);
 }
 

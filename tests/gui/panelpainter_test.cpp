@@ -84,10 +84,14 @@ bool PinAt(const QImage& image, char side)
     const int w = image.width(), h = image.height();
     const auto at = [&image](int x, int y) { return qAlpha(image.pixel(x, y)) > 128; };
     switch (side) {
-    case 'U': return at(w / 2 - 1, 0) && at(w / 2, 0);
-    case 'D': return at(w / 2 - 1, h - 1) && at(w / 2, h - 1);
-    case 'L': return at(0, h / 2 - 1) && at(0, h / 2);
-    default: return at(w - 1, h / 2 - 1) && at(w - 1, h / 2);
+    case 'U':
+        return at(w / 2 - 1, 0) && at(w / 2, 0);
+    case 'D':
+        return at(w / 2 - 1, h - 1) && at(w / 2, h - 1);
+    case 'L':
+        return at(0, h / 2 - 1) && at(0, h / 2);
+    default:
+        return at(w - 1, h / 2 - 1) && at(w - 1, h / 2);
     }
 }
 
@@ -116,9 +120,9 @@ TEST(PanelPainter, NoTwoKnownIdsLookAlikeAndTwoTimesIsDrawnSharpNotScaledUp)
     QHash<QByteArray, int> seen;
     for (const int id : CPanelPainter::KnownIds()) {
         const QImage image = Bare({id, "", "", ""}, 1);
-        const QByteArray key = QByteArray::number(image.width()) + ':' +
-                               QByteArray(reinterpret_cast<const char*>(image.constBits()),
-                                          image.sizeInBytes());
+        const QByteArray key =
+            QByteArray::number(image.width()) + ':' +
+            QByteArray(reinterpret_cast<const char*>(image.constBits()), image.sizeInBytes());
         EXPECT_FALSE(seen.contains(key)) << id << " looks like " << seen.value(key);
         seen.insert(key, id);
 
@@ -147,16 +151,46 @@ TEST(PanelPainter, TextsOnAPictureChangeIt)
 TEST(PanelPainter, PinsSitOnTheSidesThePanelsWireTo)
 {
     const char* const lines[] = {
-        "NOT \tR",       "NOT \tD",        "AND \tR",         "AND \tD",
-        "OR  \tR",       "OR  \tD",        "XOR \tR",         "XOR \tD",
-        "ON  \tR",       "ON  \tD",        "OFF \tR",         "OFF \tD",
-        "LINE\tUD",      "LINE\tLR",       "LINE\tUR",        "LINE\tLD",
-        "LINE\tUR,LD",   "LINE\tUD,LR",    "LINE\tUR,UD",     "LINE\tLR,LD",
-        "JPI \t7,U",     "JPI \t7,L",      "JPO \t7,R",       "JPO \t7,D",
-        "FF",            "RSFF",           "D_FF",            "T_FF",
-        "DLY \t1.00S",   "TIM \tH,1.00S",  "CNT \tC,5",       "CNT \tC,300,10,5",
-        "UART\t3",       "7S_B\t0",        "7S4_D\t1",        "SMOT\t2,20",
-        "UARI\tC,200,17,5", "KEY \tH,PD2\t\t;start", "LAMP\tH,PB5\t\t;run", "BUZZ\tPB1,2000,500",
+        "NOT \tR",
+        "NOT \tD",
+        "AND \tR",
+        "AND \tD",
+        "OR  \tR",
+        "OR  \tD",
+        "XOR \tR",
+        "XOR \tD",
+        "ON  \tR",
+        "ON  \tD",
+        "OFF \tR",
+        "OFF \tD",
+        "LINE\tUD",
+        "LINE\tLR",
+        "LINE\tUR",
+        "LINE\tLD",
+        "LINE\tUR,LD",
+        "LINE\tUD,LR",
+        "LINE\tUR,UD",
+        "LINE\tLR,LD",
+        "JPI \t7,U",
+        "JPI \t7,L",
+        "JPO \t7,R",
+        "JPO \t7,D",
+        "FF",
+        "RSFF",
+        "D_FF",
+        "T_FF",
+        "DLY \t1.00S",
+        "TIM \tH,1.00S",
+        "CNT \tC,5",
+        "CNT \tC,300,10,5",
+        "UART\t3",
+        "7S_B\t0",
+        "7S4_D\t1",
+        "SMOT\t2,20",
+        "UARI\tC,200,17,5",
+        "KEY \tH,PD2\t\t;start",
+        "LAMP\tH,PB5\t\t;run",
+        "BUZZ\tPB1,2000,500",
     };
     for (const char* line : lines) {
         const CPanelCell cell{QString::fromLatin1(line)};

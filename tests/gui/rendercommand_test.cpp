@@ -22,10 +22,11 @@ struct RenderCommand : testing::Test
         for (const char* name : {"QT_QPA_PLATFORM", "DISPLAY", "WAYLAND_DISPLAY"})
             env.remove(name);
         process.setProcessEnvironment(env);
-        process.start(QStringLiteral(QUILLON_RENDER_CLI),
-                      QStringList{"render", QStringLiteral(QUILLON_RENDER_EXAMPLES "/pushbutton-lamp.loc"),
-                                  dir.filePath(file), "--board", QStringLiteral(QUILLON_RENDER_BOARD)} +
-                          extra);
+        process.start(
+            QStringLiteral(QUILLON_RENDER_CLI),
+            QStringList{"render", QStringLiteral(QUILLON_RENDER_EXAMPLES "/pushbutton-lamp.loc"),
+                        dir.filePath(file), "--board", QStringLiteral(QUILLON_RENDER_BOARD)} +
+                extra);
         process.waitForFinished(60000);
         return process.exitStatus() == QProcess::NormalExit ? process.exitCode() : -1;
     }

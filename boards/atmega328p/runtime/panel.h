@@ -23,12 +23,22 @@ typedef uint16_t q_time_t;
 #define Q_PORT(n) (*((n) < 8 ? &PORTD : (n) < 14 ? &PORTB : &PORTC))
 #define Q_DDR(n) (*((n) < 8 ? &DDRD : (n) < 14 ? &DDRB : &DDRC))
 #define Q_PINS(n) (*((n) < 8 ? &PIND : (n) < 14 ? &PINB : &PINC))
-#define Q_MASK(n) ((uint8_t)(1u << ((n) < 8 ? (n) : (n) < 14 ? (n) - 8 : (n) - 14)))
+#define Q_MASK(n) ((uint8_t)(1u << ((n) < 8 ? (n) : (n) < 14 ? (n)-8 : (n)-14)))
 
 #define Q_PIN_READ(n) ((Q_PINS(n) & Q_MASK(n)) != 0)
-#define Q_PIN_WRITE(n, v) do { if (v) Q_PORT(n) |= Q_MASK(n); else Q_PORT(n) &= (uint8_t)~Q_MASK(n); } while (0)
+#define Q_PIN_WRITE(n, v)                                                                          \
+    do {                                                                                           \
+        if (v)                                                                                     \
+            Q_PORT(n) |= Q_MASK(n);                                                                \
+        else                                                                                       \
+            Q_PORT(n) &= (uint8_t)~Q_MASK(n);                                                      \
+    } while (0)
 /* An output starts at the level given, so an active-low lamp does not flash at reset. */
-#define Q_PIN_OUTPUT(n, v) do { Q_PIN_WRITE(n, v); Q_DDR(n) |= Q_MASK(n); } while (0)
+#define Q_PIN_OUTPUT(n, v)                                                                         \
+    do {                                                                                           \
+        Q_PIN_WRITE(n, v);                                                                         \
+        Q_DDR(n) |= Q_MASK(n);                                                                     \
+    } while (0)
 #define Q_PIN_PULLUP(n) (Q_PORT(n) |= Q_MASK(n))
 
 /* What q_begin starts of each part in use. */
@@ -37,24 +47,24 @@ void q_lcd_begin(void);
 void q_seg_begin(void);
 
 /* Timers, delays and debouncing count scans. */
-typedef struct {
+typedef struct
+{
     uint8_t out;
     uint8_t prev;
     q_time_t count;
 } q_timer_t;
 
-
-typedef struct {
+typedef struct
+{
     uint8_t out;
     uint8_t prev;
 } q_flipflop_t;
 
-
-typedef struct {
+typedef struct
+{
     uint16_t count;
     uint8_t prev;
 } q_counter_t;
-
 
 /* The scan: one pass of the layout every millisecond, timed by timer 0. The small parts
  * of the scan are inline: -Os puts a part used once in place and calls a part used often. */
@@ -69,7 +79,7 @@ static inline void q_begin(void)
     q_uart_begin();
 #endif
 #if Q_USE_ADC
-    ADMUX = _BV(REFS0);                                         /* AVcc reference */
+    ADMUX = _BV(REFS0);                                        /* AVcc reference */
     ADCSRA = _BV(ADEN) | _BV(ADPS2) | _BV(ADPS1) | _BV(ADPS0); /* 125 kHz */
 #endif
 #if Q_USE_LCD
@@ -89,7 +99,7 @@ static inline void q_wait_tick(void)
 
 /* Rising edge since the last call; *prev starts at 0, so an input on from power-up
  * rises in the first scan. */
-static inline q_bit q_rising(uint8_t *prev, q_bit in)
+static inline q_bit q_rising(uint8_t* prev, q_bit in)
 {
     const q_bit rose = in && !*prev;
     *prev = in;
@@ -98,7 +108,7 @@ static inline q_bit q_rising(uint8_t *prev, q_bit in)
 
 /* The output takes the input's level once `time` scans in a row have seen it: debouncing
  * (21 reads, so the pin has held the level for 20 ms) and the delay panel. */
-static inline void q_settle(q_timer_t *t, q_bit in, q_time_t time)
+static inline void q_settle(q_timer_t* t, q_bit in, q_time_t time)
 {
     if (in == t->out) {
         t->count = 0;
@@ -108,7 +118,7 @@ static inline void q_settle(q_timer_t *t, q_bit in, q_time_t time)
     }
 }
 
-static inline void q_timer_hold(q_timer_t *t, q_bit in, q_time_t time)
+static inline void q_timer_hold(q_timer_t* t, q_bit in, q_time_t time)
 {
     if (in) {
         t->out = 1;
@@ -120,7 +130,7 @@ static inline void q_timer_hold(q_timer_t *t, q_bit in, q_time_t time)
 
 /* count holds the scans left until the next turn: 0 while the input is off, so the
  * first scan with the input on turns the output on, also at power-up. */
-static inline void q_timer_toggle(q_timer_t *t, q_bit in, q_time_t time)
+static inline void q_timer_toggle(q_timer_t* t, q_bit in, q_time_t time)
 {
     if (!in) {
         t->out = 0;
@@ -134,7 +144,7 @@ static inline void q_timer_toggle(q_timer_t *t, q_bit in, q_time_t time)
     --t->count;
 }
 
-static inline void q_timer_oneshot(q_timer_t *t, q_bit in, q_time_t time)
+static inline void q_timer_oneshot(q_timer_t* t, q_bit in, q_time_t time)
 {
     const q_bit rose = q_rising(&t->prev, in);
     if (t->out) {
@@ -146,7 +156,7 @@ static inline void q_timer_oneshot(q_timer_t *t, q_bit in, q_time_t time)
     }
 }
 
-static inline void q_timer_retrigger(q_timer_t *t, q_bit in, q_time_t time)
+static inline void q_timer_retrigger(q_timer_t* t, q_bit in, q_time_t time)
 {
     if (q_rising(&t->prev, in)) {
         t->out = 1;
@@ -156,7 +166,7 @@ static inline void q_timer_retrigger(q_timer_t *t, q_bit in, q_time_t time)
     }
 }
 
-static inline void q_rsff(q_flipflop_t *f, q_bit set, q_bit reset)
+static inline void q_rsff(q_flipflop_t* f, q_bit set, q_bit reset)
 {
     if (reset)
         f->out = 0;
@@ -164,13 +174,13 @@ static inline void q_rsff(q_flipflop_t *f, q_bit set, q_bit reset)
         f->out = 1;
 }
 
-static inline void q_dff(q_flipflop_t *f, q_bit data, q_bit clock)
+static inline void q_dff(q_flipflop_t* f, q_bit data, q_bit clock)
 {
     if (q_rising(&f->prev, clock))
         f->out = data;
 }
 
-static inline void q_tff(q_flipflop_t *f, q_bit toggle, q_bit reset)
+static inline void q_tff(q_flipflop_t* f, q_bit toggle, q_bit reset)
 {
     const q_bit rose = q_rising(&f->prev, toggle);
     if (reset)
@@ -180,7 +190,7 @@ static inline void q_tff(q_flipflop_t *f, q_bit toggle, q_bit reset)
 }
 
 /* Hold stops at `largest`; cyclic goes on from 1 after it. */
-static inline void q_count_hold(q_counter_t *c, q_bit in, q_bit reset, uint16_t largest)
+static inline void q_count_hold(q_counter_t* c, q_bit in, q_bit reset, uint16_t largest)
 {
     const q_bit rose = q_rising(&c->prev, in);
     if (reset)
@@ -189,7 +199,7 @@ static inline void q_count_hold(q_counter_t *c, q_bit in, q_bit reset, uint16_t 
         ++c->count;
 }
 
-static inline void q_count_cyclic(q_counter_t *c, q_bit in, q_bit reset, uint16_t largest)
+static inline void q_count_cyclic(q_counter_t* c, q_bit in, q_bit reset, uint16_t largest)
 {
     const q_bit rose = q_rising(&c->prev, in);
     if (reset)
@@ -236,7 +246,7 @@ extern uint8_t q_pulse_phase; /* 0 to 3: the millisecond within the pulse period
 #define Q_LCD_RS 8
 #define Q_LCD_E 9
 /* line 0 clears both lines; line 1 or 2 writes text (in flash) and clears the rest. */
-void q_lcd_show(uint8_t line, const char *text);
+void q_lcd_show(uint8_t line, const char* text);
 void q_lcd_refresh(void);
 #endif
 
@@ -253,7 +263,8 @@ void q_seg_refresh(void);
 #endif
 
 #if Q_USE_MOTOR
-typedef struct {
+typedef struct
+{
     uint8_t out; /* coils A, B, A', B' in bits 0..3 */
     uint8_t pos;
     uint8_t on;
@@ -264,7 +275,7 @@ extern const uint8_t q_motor_one_phase[4] PROGMEM;
 extern const uint8_t q_motor_two_phase[4] PROGMEM;
 extern const uint8_t q_motor_half_step[8] PROGMEM;
 /* While run is on: the coils of the current step at once, one step every `speed` scans. */
-void q_motor(q_motor_t *m, q_bit run, q_bit backward, uint16_t speed, const uint8_t *steps,
+void q_motor(q_motor_t* m, q_bit run, q_bit backward, uint16_t speed, const uint8_t* steps,
              uint8_t count);
 #endif
 

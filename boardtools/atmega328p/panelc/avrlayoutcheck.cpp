@@ -8,8 +8,8 @@
 
 #include "boardinfo.h"
 #include "netlist.h"
-#include "panelpins.h"
 #include "panelgrid.h"
+#include "panelpins.h"
 #include "panelvalues.h"
 #include "stringtable.h"
 
@@ -115,7 +115,8 @@ void CAvrLayoutCheck::CheckPins(QStringList& faults) const
     for (int pin = 0; pin < 20; ++pin) {
         const QStringList all = fixedOwners.value(pin) + owners.value(pin);
         for (qsizetype i = 1; i < all.size(); ++i)
-            faults.append(CStringTable::Format(Ids::PanelcPortTwice, {pins.PortName(pin), all[0], all[i]}));
+            faults.append(
+                CStringTable::Format(Ids::PanelcPortTwice, {pins.PortName(pin), all[0], all[i]}));
     }
 }
 

@@ -26,7 +26,8 @@ void WriteDigital(const CPanel& panel, CGridPos pos, CScanCode& code)
         return;
     }
     const QString state = code.State("q_timer_t");
-    code.Add(CScanCode::Inputs, QStringLiteral("q_settle(&%1, %2, %3);").arg(state, level).arg(kDebounceScans));
+    code.Add(CScanCode::Inputs,
+             QStringLiteral("q_settle(&%1, %2, %3);").arg(state, level).arg(kDebounceScans));
     code.Drive(CScanCode::Inputs, pos, 0, 'R', state + ".out");
 }
 
@@ -51,7 +52,8 @@ void WriteSerial(const CPanel& panel, CGridPos pos, CScanCode& code)
     if (panel.GetTokens().value(1) == u"B") {
         const int bits = qBound(1, LeadingInt(panel.GetTokens().value(2)), 8);
         for (int row = 0; row < bits; ++row)
-            code.Drive(CScanCode::Inputs, pos, row, 'R', QStringLiteral("(q_rx_byte >> %1) & 1").arg(7 - row));
+            code.Drive(CScanCode::Inputs, pos, row, 'R',
+                       QStringLiteral("(q_rx_byte >> %1) & 1").arg(7 - row));
         return;
     }
     const QList<int> values = CLineValues::From(panel, 2);

@@ -1,7 +1,7 @@
 #include "boardinfo.h"
 
-#include "messenger.h"
 #include "folderpath.h"
+#include "messenger.h"
 #include "panel.h"
 #include "panelvalues.h"
 #include "stringtable.h"
@@ -22,7 +22,8 @@ constexpr int kMaxCommandNumber = 1000000;
 QString BoardFilePath(const QString& folder)
 {
     const bool english = CStringTable::GetLanguage() == ELanguage::English;
-    return QDir(folder).filePath(english ? QStringLiteral("board_e.xml") : QStringLiteral("board.xml"));
+    return QDir(folder).filePath(english ? QStringLiteral("board_e.xml")
+                                         : QStringLiteral("board.xml"));
 }
 
 QString Attribute(const QDomElement& element, const char* name)
@@ -48,8 +49,8 @@ bool CBoardInfo::Read(const QString& folder, const QString&, IMessenger& messeng
     // nested that deep is no slip of the pen, and the user should learn why the board was
     // refused.
     if (const QString path = BoardFilePath(m_folder); CXmlDepth::Exceeds(path)) {
-        const QString error = CStringTable::Format(Ids::MsgBoardFileTooDeep,
-                                                   {QDir::toNativeSeparators(path), CXmlDepth::Limit});
+        const QString error = CStringTable::Format(
+            Ids::MsgBoardFileTooDeep, {QDir::toNativeSeparators(path), CXmlDepth::Limit});
         messenger.Message(error, EButtons::Ok, EIcon::Error);
         return Fail(error);
     }
@@ -100,7 +101,8 @@ bool CBoardInfo::ReadBoardFile()
             m_interfaceName = Attribute(child, "name");
         } else if (tag == u"COMPILER") {
             if (const QString bad = ReadCompiler(child); !bad.isEmpty())
-                return Fail(CStringTable::Format(Ids::BoardCommandNumber, {path, bad, kMaxCommandNumber}));
+                return Fail(
+                    CStringTable::Format(Ids::BoardCommandNumber, {path, bad, kMaxCommandNumber}));
         } else if (tag == u"WRITER")
             ReadWriter(child);
         else if (tag == u"PALETTE")

@@ -1,7 +1,7 @@
 #include "paletteentry.h"
 
-#include "panelcell.h"
 #include "panel.h"
+#include "panelcell.h"
 #include "panelfactory.h"
 
 CPaletteEntry::CPaletteEntry(const QString& type, const QString& name, const QString& value)

@@ -99,7 +99,8 @@ const CPaletteEntry* CPaletteInfo::FindEntry(const QString& keyword, int bitmapI
             // Every panel of a layout being read looks for its entry: the keyword is compared
             // in place rather than copied out of the prototype's tokens.
             const CPanel* prototype = entry.GetPrototype();
-            if (!prototype || prototype->GetTokens().isEmpty() || prototype->GetTokens().front() != keyword)
+            if (!prototype || prototype->GetTokens().isEmpty() ||
+                prototype->GetTokens().front() != keyword)
                 continue;
             if (prototype->GetBitmapId() == bitmapId)
                 return &entry;

@@ -164,8 +164,9 @@ void CSettings::LoadIni()
     const QString section = QString::fromLatin1(CSettingKeys::kIniSection);
     m_targets.clear();
     for (int n = 1;; ++n) {
-        const QString target = ini.Value(section, QString::fromLatin1(CSettingKeys::kTargetKey).arg(n))
-                                   .left(CSettingKeys::kTargetBuffer - 1);
+        const QString target =
+            ini.Value(section, QString::fromLatin1(CSettingKeys::kTargetKey).arg(n))
+                .left(CSettingKeys::kTargetBuffer - 1);
         if (target.isEmpty())
             break;
         m_targets.append(target);
@@ -193,8 +194,9 @@ bool CSettings::Save()
 
 QStringList CSettings::GetRecentFiles() const
 {
-    return m_profile ? m_profile->value(QString::fromLatin1(CSettingKeys::kRecentKey)).toStringList()
-                     : QStringList();
+    return m_profile
+               ? m_profile->value(QString::fromLatin1(CSettingKeys::kRecentKey)).toStringList()
+               : QStringList();
 }
 
 void CSettings::AddRecentFile(const QString& path)
@@ -204,6 +206,7 @@ void CSettings::AddRecentFile(const QString& path)
     QStringList files = GetRecentFiles();
     files.removeAll(path);
     files.prepend(path);
-    m_profile->setValue(QString::fromLatin1(CSettingKeys::kRecentKey), QStringList(files.mid(0, kRecentFiles)));
+    m_profile->setValue(QString::fromLatin1(CSettingKeys::kRecentKey),
+                        QStringList(files.mid(0, kRecentFiles)));
     m_profile->sync();
 }

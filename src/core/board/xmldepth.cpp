@@ -13,7 +13,7 @@ namespace {
 // bytes and is left to the stream reader.
 class CByteScan
 {
-public:
+  public:
     explicit CByteScan(QByteArrayView bytes) : m_bytes(bytes) {}
 
     bool Exceeds(int limit)
@@ -40,7 +40,7 @@ public:
         return false;
     }
 
-private:
+  private:
     bool At(char c) const { return m_at < m_bytes.size() && m_bytes[m_at] == c; }
 
     // Past the end mark when the markup at m_at opens with `open`; at the end of the bytes

@@ -8,7 +8,7 @@
 // the DOM parse.
 class CXmlDepth
 {
-public:
+  public:
     // A board file and a panel definition file need four levels; the rest is room for
     // elements a later board may add.
     static constexpr int Limit = 16;

@@ -17,7 +17,7 @@ constexpr int kInput = -1, kOutput = -2;
 // are looked up once, when the check starts.
 class CCheckGrid
 {
-public:
+  public:
     explicit CCheckGrid(const CPanelGrid& grid)
         : m_rows(CPanelGrid::GetRowCount()), m_columns(CPanelGrid::GetColumnCount()),
           m_cells(std::size_t(m_columns + 2) * m_rows)
@@ -46,8 +46,7 @@ public:
 
     // Every position, input column first, then the output column, then the process area
     // column by column.
-    template <class F>
-    void ForEachPanel(F f) const
+    template <class F> void ForEachPanel(F f) const
     {
         for (int column : {kInput, kOutput})
             for (int row = 1; row <= CPanelGrid::GetRowCount(); ++row)
@@ -59,7 +58,7 @@ public:
                     f(*panel, column, row);
     }
 
-private:
+  private:
     // The output column first, then the input column, then the process columns.
     std::size_t Index(int column, int row) const
     {
@@ -68,8 +67,9 @@ private:
 
     const CPanelCell* Cell(int column, int row) const
     {
-        const bool inside = row >= 1 && row <= m_rows &&
-                            (column == kInput || column == kOutput || (column >= 1 && column <= m_columns));
+        const bool inside =
+            row >= 1 && row <= m_rows &&
+            (column == kInput || column == kOutput || (column >= 1 && column <= m_columns));
         return inside ? m_cells[Index(column, row)] : nullptr;
     }
 
@@ -81,7 +81,8 @@ private:
 QString SideName(const CPanel& panel, int id)
 {
     const QString label = panel.GetTrailingComment();
-    return CStringTable::Format(id, {panel.GetName(), label.isEmpty() ? QString() : "[" + label + "]"});
+    return CStringTable::Format(id,
+                                {panel.GetName(), label.isEmpty() ? QString() : "[" + label + "]"});
 }
 
 QString ProcessName(const CPanel& panel, int id, int column, int row)
@@ -91,7 +92,7 @@ QString ProcessName(const CPanel& panel, int id, int column, int row)
 
 class CChecker
 {
-public:
+  public:
     explicit CChecker(const CPanelGrid& grid) : m_grid(grid), m_cells(grid) {}
 
     QString Run()
@@ -105,7 +106,7 @@ public:
         return m_report;
     }
 
-private:
+  private:
     void Add(const QString& fault) { m_report += fault + "\r\n"; }
 
     void CheckCapacity()
@@ -120,7 +121,8 @@ private:
             // A gate or wire whose line names no kind has no sides and no picture: without
             // this it would pass every other check unseen.
             if (panel.GetBitmapId() == CPanel::NoPanel) {
-                Add(CStringTable::Format(Ids::CheckUnknownKind, {panel.GetName(), column, row, panel.GetText()}));
+                Add(CStringTable::Format(Ids::CheckUnknownKind,
+                                         {panel.GetName(), column, row, panel.GetText()}));
                 return;
             }
             if (!panel.NeedsProperties() || !panel.IsIncomplete())
@@ -185,7 +187,8 @@ private:
         for (const QChar side : panel.GetSides()) {
             bool ok = true;
             if (side == u'U')
-                ok = panel.GetBitmapId() == 10026 || m_cells.SidesAt(column, row - 1).contains(u'D');
+                ok =
+                    panel.GetBitmapId() == 10026 || m_cells.SidesAt(column, row - 1).contains(u'D');
             else if (side == u'D')
                 ok = m_cells.SidesAt(column, below).contains(u'U');
             else if (side == u'L')

@@ -2,11 +2,11 @@
 
 #include "boardinfo.h"
 #include "messenger.h"
-#include "panelgrid.h"
 #include "panelfactory.h"
+#include "panelgrid.h"
 #include "panelvalues.h"
-#include "stringtable.h"
 #include "safesave.h"
+#include "stringtable.h"
 
 #include <QDir>
 #include <QFile>
@@ -103,8 +103,8 @@ bool CLayoutFile::Save(const CPanelGrid& grid, const QString& path)
         return false;
     if (!CSafeSave::Write(path, Write(grid), m_error)) {
         // Which file and why, in the system's words, under the message the user knows.
-        m_messenger.Message(CStringTable::Get(Ids::MsgNotSaved) + u'\n' + QDir::toNativeSeparators(path) +
-                                u'\n' + m_error,
+        m_messenger.Message(CStringTable::Get(Ids::MsgNotSaved) + u'\n' +
+                                QDir::toNativeSeparators(path) + u'\n' + m_error,
                             EButtons::Ok, EIcon::Error);
         return false;
     }
@@ -189,7 +189,9 @@ std::unique_ptr<CPanelCell> CLayoutFile::MakeCell(const QString& record) const
     std::unique_ptr<CPanel> panel = CPanelFactory::Create(record);
     if (!panel)
         return nullptr;
-    if (const CPaletteEntry* entry = m_board ? m_board->FindEntry(panel->GetTokens().value(0), panel->GetBitmapId()) : nullptr;
+    if (const CPaletteEntry* entry =
+            m_board ? m_board->FindEntry(panel->GetTokens().value(0), panel->GetBitmapId())
+                    : nullptr;
         entry && entry->GetPrototype()) {
         // The board's entry gives ports, name and weight. The line was read already; with
         // the ports known the panel finds its port, and its name rebuilds the caption.
@@ -222,12 +224,14 @@ void CLayoutFile::ReadRecord(CPanelGrid& grid, const QString& line, int number)
         return AddFault(number, CStringTable::Get(Ids::LoadNoRecord));
     // Loading never asks: a second record for a taken position is named, and the first stays.
     if (grid.GetCell(column, row))
-        return AddFault(number, CStringTable::Format(Ids::LoadDuplicate,
-                                                     {m_placedBy.value(KeyOf(grid.TopOf(column, row)))}));
+        return AddFault(number,
+                        CStringTable::Format(Ids::LoadDuplicate,
+                                             {m_placedBy.value(KeyOf(grid.TopOf(column, row)))}));
 
     std::unique_ptr<CPanelCell> cell = MakeCell(record);
     if (!cell)
-        return AddFault(number, CStringTable::Format(Ids::LoadUnknownPanel, {CPanelFactory::Keyword(record)}));
+        return AddFault(
+            number, CStringTable::Format(Ids::LoadUnknownPanel, {CPanelFactory::Keyword(record)}));
     const int bottom = row + cell->GetHeight() - 1;
     if (bottom > CPanelGrid::GetRowCount())
         return AddFault(number, CStringTable::Get(Ids::LoadTooTall));

@@ -379,7 +379,9 @@ CPanelCell* CPanelGrid::FindByType(int bitmapId) const
                 return cell.get();
     for (int c = 0; c < m_columnCount; ++c)
         for (int r = 0; r < m_rowCount; ++r)
-            if (const std::unique_ptr<CPanelCell>& cell = m_process[std::size_t(r) * m_columnCount + c]; holds(cell))
+            if (const std::unique_ptr<CPanelCell>& cell =
+                    m_process[std::size_t(r) * m_columnCount + c];
+                holds(cell))
                 return cell.get();
     return nullptr;
 }

@@ -60,7 +60,8 @@ bool CJumpPanel::SetLine(const QString& line)
             ++comment;
         if (comment < 3) {
             const int id = comment > 1 ? LeadingInt(Token(1)) : 0;
-            QStringList tokens{keyword, QString::number(id), in ? QStringLiteral("L") : QStringLiteral("R")};
+            QStringList tokens{keyword, QString::number(id),
+                               in ? QStringLiteral("L") : QStringLiteral("R")};
             if (comment < m_tokens.size())
                 tokens.append(m_tokens[comment]);
             m_tokens = tokens;

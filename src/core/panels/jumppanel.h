@@ -7,7 +7,7 @@
 // gives it out to its right or lower neighbour. Rotate switches the side.
 class CJumpPanel : public CPanel
 {
-public:
+  public:
     explicit CJumpPanel(const QString& line = QString());
 
     QString GetPortName(int i) const override;
@@ -17,6 +17,6 @@ public:
     bool EditProperties(IPropertyEditor& editor) override;
     void AcceptProperties(const QStringList& tokens, int portIndex) override;
 
-private:
+  private:
     void UpdateSides();
 };

@@ -6,13 +6,13 @@
 // and the side its output leaves by ("R" or "D"); Rotate flips that side.
 class CLogicPanel : public CPanel
 {
-public:
+  public:
     explicit CLogicPanel(const QString& line = QString());
 
     bool Rotate() override;
     // Refuses (false) a line that names no gate and side; the panel keeps its kind.
     bool SetLine(const QString& line) override;
 
-private:
+  private:
     void UpdateSides();
 };

@@ -102,8 +102,8 @@ bool CPanel::MakeImage(CPanelImage& image)
         return true;
     }
     for (int i = 0; i < qMax(m_itemCount, 1); ++i) {
-        const int id = m_itemCount <= 1 ? single
-                       : i == 0         ? top
+        const int id = m_itemCount <= 1       ? single
+                       : i == 0               ? top
                        : i == m_itemCount - 1 ? bottom
                                               : middle;
         image.Add(id, m_name, GetPortName(i), GetComment(i));

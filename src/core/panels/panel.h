@@ -10,7 +10,8 @@ class CPanel;
 
 // The property dialogs a panel family opens. The editor supplies the dialogs; the model
 // only says which one a panel wants.
-enum class EPanelDialog {
+enum class EPanelDialog
+{
     None,
     Switch,
     FlipFlop,
@@ -35,7 +36,7 @@ enum class EPanelDialog {
 // tokens back through CPanel::AcceptProperties and the call answers true.
 class IPropertyEditor
 {
-public:
+  public:
     virtual ~IPropertyEditor() = default;
     virtual bool Edit(CPanel& panel, EPanelDialog dialog) = 0;
 };
@@ -59,9 +60,18 @@ struct CPanelDefaults
 // constructors and override some of the virtual operations below, kept in slot order.
 class CPanel
 {
-public:
-    enum { NoPanel = 60000 };
-    enum EArea { AreaNone = 0, AreaInput = 1, AreaOutput = 2, AreaProcess = 3 };
+  public:
+    enum
+    {
+        NoPanel = 60000
+    };
+    enum EArea
+    {
+        AreaNone = 0,
+        AreaInput = 1,
+        AreaOutput = 2,
+        AreaProcess = 3
+    };
 
     virtual QString GetCaption() const;
     virtual QString GetPortName(int i) const;
@@ -131,7 +141,7 @@ public:
     static QString JoinLine(const QStringList& tokens);
     static QStringList SplitLine(const QString& line);
 
-protected:
+  protected:
     explicit CPanel(const CPanelDefaults& defaults);
     // Called at the end of every family constructor: virtual dispatch reaches the family
     // only once the family's own constructor runs.

@@ -30,8 +30,7 @@ namespace {
 
 using CMaker = std::unique_ptr<CPanel> (*)(const QString&);
 
-template <class T>
-std::unique_ptr<CPanel> Make(const QString& line)
+template <class T> std::unique_ptr<CPanel> Make(const QString& line)
 {
     return std::make_unique<T>(line);
 }
@@ -133,7 +132,8 @@ QString CPanelFactory::Keyword(const QString& line)
 std::unique_ptr<CPanel> CPanelFactory::Create(const QString& line)
 {
     const QString longKeyword = line.size() > kShortLine ? Keyword(line) : QString();
-    const QStringView keyword = line.size() > kShortLine ? QStringView(longKeyword) : ShortLineKeyword(line);
+    const QStringView keyword =
+        line.size() > kShortLine ? QStringView(longKeyword) : ShortLineKeyword(line);
     for (const CKeyword& k : kKeywords)
         if (keyword == k.Keyword)
             return k.Maker(line);

@@ -32,8 +32,9 @@ QStringList DescendingDistinct(const QStringList& values)
         if (std::none_of(result.begin(), result.end(), same))
             result.append(value);
     }
-    std::stable_sort(result.begin(), result.end(),
-                     [](const QString& a, const QString& b) { return LeadingInt(a) > LeadingInt(b); });
+    std::stable_sort(result.begin(), result.end(), [](const QString& a, const QString& b) {
+        return LeadingInt(a) > LeadingInt(b);
+    });
     return result;
 }
 

@@ -44,5 +44,9 @@ struct CFieldRange
 // "," ends a token and control characters (TAB, CR, LF) end a token or the line; the blanks
 // that end a token are trimmed when it is read, so a name, which ends its token, cannot end
 // in one, while a quoted text (the LCD's) can.
-enum class ELineText { Name, Quoted };
+enum class ELineText
+{
+    Name,
+    Quoted
+};
 bool FitsInLine(const QString& text, ELineText kind);

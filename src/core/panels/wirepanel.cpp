@@ -15,10 +15,10 @@ struct CWireKind
 
 // In the order GetLine looks a picture up.
 constexpr CWireKind kKinds[] = {
-    {10004, u"LD", u"DL", u"LD"},          {10002, u"LR", u"LR", u"LR"},
-    {10008, u"LR,LD", u"DLR", u"LRD"},     {10001, u"UD", u"UD", u"UD"},
-    {10006, u"UD,LR", u"UDLR", u"UD,LR"},  {10003, u"UR", u"UR", u"UR"},
-    {10005, u"UR,LD", u"UDLR", u"UR,LD"},  {10007, u"UR,UD", u"UDR", u"UDR"},
+    {10004, u"LD", u"DL", u"LD"},         {10002, u"LR", u"LR", u"LR"},
+    {10008, u"LR,LD", u"DLR", u"LRD"},    {10001, u"UD", u"UD", u"UD"},
+    {10006, u"UD,LR", u"UDLR", u"UD,LR"}, {10003, u"UR", u"UR", u"UR"},
+    {10005, u"UR,LD", u"UDLR", u"UR,LD"}, {10007, u"UR,UD", u"UDR", u"UDR"},
 };
 
 const CWireKind* KindOf(int bitmapId)

@@ -6,7 +6,7 @@
 // branch, two corners), named by the cell sides each piece joins.
 class CWirePanel : public CPanel
 {
-public:
+  public:
     explicit CWirePanel(const QString& line = QString());
 
     // True for a wire whose line named no kind of the table.
@@ -17,7 +17,7 @@ public:
     // no kind.
     QStringList GetPieces() const;
 
-private:
+  private:
     // Once a line named a kind, a later line that names none leaves the wire complete.
     bool m_kindNamed = false;
 };

@@ -1,7 +1,7 @@
 #pragma once
 
-#include "propertydialog.h"
 #include "lcddialoglogic.h"
+#include "propertydialog.h"
 
 class CPanel;
 class QLabel;
@@ -11,11 +11,11 @@ class QRadioButton;
 // The LCD panel's "LCD Setting".
 class CLcdDialog : public CPropertyDialog
 {
-public:
+  public:
     // Answers true on OK, after handing the tokens to the panel.
     static bool Run(CPanel& panel, QWidget* parent);
 
-private:
+  private:
     CLcdDialog(CPanel& panel, QWidget* parent);
     bool Commit() override;
     // Reads the controls into the logic and enables OK by it.

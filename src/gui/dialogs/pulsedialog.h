@@ -12,11 +12,11 @@ class QRadioButton;
 // The PULS panel's "Pulse Setting".
 class CPulseDialog : public CPropertyDialog
 {
-public:
+  public:
     // Answers true on OK, after handing the tokens to the panel.
     static bool Run(CPanel& panel, QWidget* parent);
 
-private:
+  private:
     CPulseDialog(CPanel& panel, QWidget* parent);
     bool Commit() override;
     // Reads the controls into the logic and enables OK by it.

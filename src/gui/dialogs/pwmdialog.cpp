@@ -44,8 +44,8 @@ CPwmDialog::CPwmDialog(CPanel& panel, QWidget* parent)
     m_frequency->setMaxLength(5);
     row->addWidget(m_frequency);
     row->addWidget(new QLabel(CStringTable::Get(Ids::UnitHz), frequency));
-    row->addWidget(new QLabel(CStringTable::Format(Ids::NoteFreqRange, {m_logic.LowFreq, m_logic.HighFreq}),
-                              frequency));
+    row->addWidget(new QLabel(
+        CStringTable::Format(Ids::NoteFreqRange, {m_logic.LowFreq, m_logic.HighFreq}), frequency));
     AddRow(Ids::LblFrequency, frequency);
     connect(m_frequency, &QLineEdit::textEdited, this, &CPwmDialog::Refresh);
 

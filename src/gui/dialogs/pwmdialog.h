@@ -10,13 +10,13 @@ class QLineEdit;
 // The PWM panel's "PWM Setting"; the frequency limits are the board's.
 class CPwmDialog : public CPropertyDialog
 {
-public:
+  public:
     // Answers true on OK, after handing the tokens to the panel.
     static bool Run(CPanel& panel, QWidget* parent);
     // The board's frequency range, once the application has read the board.
     static void SetFrequencyLimits(int lowFreq, int highFreq);
 
-private:
+  private:
     CPwmDialog(CPanel& panel, QWidget* parent);
     bool Commit() override;
     // Reads the controls into the logic and enables OK by it.

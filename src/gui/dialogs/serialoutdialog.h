@@ -9,11 +9,11 @@ class QComboBox;
 // The send panel's "UART Setting": shows the port and the fixed line settings.
 class CSerialOutDialog : public CPropertyDialog
 {
-public:
+  public:
     // Answers true on OK, after handing the tokens to the panel.
     static bool Run(CPanel& panel, QWidget* parent);
 
-private:
+  private:
     CSerialOutDialog(CPanel& panel, QWidget* parent);
     bool Commit() override;
 

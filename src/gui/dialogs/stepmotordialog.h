@@ -9,11 +9,11 @@ class QComboBox;
 // The SMOT panel's "Stepping Mortor Setting".
 class CStepMotorDialog : public CPropertyDialog
 {
-public:
+  public:
     // Answers true on OK, after handing the tokens to the panel.
     static bool Run(CPanel& panel, QWidget* parent);
 
-private:
+  private:
     CStepMotorDialog(CPanel& panel, QWidget* parent);
     bool Commit() override;
     // Reads the controls into the logic and enables OK by it.

@@ -1,26 +1,28 @@
 #include "mainframe.h"
 
 #include "boardinfo.h"
-#include "settings.h"
-#include "startup.h"
-#include "targetdialog.h"
 #include "builddialog.h"
 #include "buildpipeline.h"
-#include "usedportdialog.h"
-#include "writeroptiondialog.h"
 #include "layoutdocument.h"
 #include "layoutview.h"
-#include "panelbar.h"
-#include "pwmdialog.h"
 #include "paletteentry.h"
 #include "panel.h"
+#include "panelbar.h"
 #include "panelcell.h"
+#include "pwmdialog.h"
+#include "settings.h"
+#include "startup.h"
 #include "stringtable.h"
+#include "targetdialog.h"
+#include "usedportdialog.h"
+#include "writeroptiondialog.h"
 
 #include <QApplication>
 #include <QCloseEvent>
 #include <QDesktopServices>
+#include <QDir>
 #include <QFileDialog>
+#include <QFileInfo>
 #include <QFontDatabase>
 #include <QLabel>
 #include <QMenuBar>
@@ -29,8 +31,6 @@
 #include <QPrinter>
 #include <QStatusBar>
 #include <QToolBar>
-#include <QDir>
-#include <QFileInfo>
 #include <QUrl>
 
 namespace {
@@ -62,9 +62,8 @@ CMainFrame::CMainFrame(const CBoardInfo& board, CSettings& settings, IPropertyEd
 
     CreateActions();
     CreateStatusBar();
-    connect(m_view, &CLayoutView::StatusText, this, [this](const QString& text) {
-        statusBar()->showMessage(text);
-    });
+    connect(m_view, &CLayoutView::StatusText, this,
+            [this](const QString& text) { statusBar()->showMessage(text); });
     connect(m_view, &CLayoutView::PositionText, m_positionPane, &QLabel::setText);
     connect(m_view, &CLayoutView::UsageChanged, this, [this](int percent) {
         m_usePane->setText(CStringTable::Format(Ids::StatusUsed, {percent}));
@@ -115,28 +114,34 @@ void CMainFrame::CreateActions()
     AddAction(file, Ids::MenuFileExit, {QKeySequence::Quit}, [this] { close(); });
 
     QMenu* edit = menuBar()->addMenu(Text(Ids::MenuEdit));
-    AddAction(edit, Ids::MenuEditUndo, {QKeySequence::Undo, QKeySequence(Qt::ALT | Qt::Key_Backspace)},
+    AddAction(edit, Ids::MenuEditUndo,
+              {QKeySequence::Undo, QKeySequence(Qt::ALT | Qt::Key_Backspace)},
               [this] { Edit(&CLayoutView::Undo); });
     edit->addSeparator();
     AddAction(edit, Ids::MenuEditCut, {QKeySequence::Cut}, [this] { Edit(&CLayoutView::Cut); });
     AddAction(edit, Ids::MenuEditCopy, {QKeySequence::Copy}, [this] { Edit(&CLayoutView::Copy); });
-    AddAction(edit, Ids::MenuEditPaste, {QKeySequence::Paste}, [this] { Edit(&CLayoutView::Paste); });
-    AddAction(edit, Ids::MenuEditDelete, {QKeySequence::Delete}, [this] { Edit(&CLayoutView::Delete); });
+    AddAction(edit, Ids::MenuEditPaste, {QKeySequence::Paste},
+              [this] { Edit(&CLayoutView::Paste); });
+    AddAction(edit, Ids::MenuEditDelete, {QKeySequence::Delete},
+              [this] { Edit(&CLayoutView::Delete); });
     edit->addSeparator();
-    AddAction(edit, Ids::MenuEditRotate, {QKeySequence(Qt::CTRL | Qt::Key_R)}, [this] { Edit(&CLayoutView::Rotate); });
+    AddAction(edit, Ids::MenuEditRotate, {QKeySequence(Qt::CTRL | Qt::Key_R)},
+              [this] { Edit(&CLayoutView::Rotate); });
     AddAction(edit, Ids::MenuEditShiftUp, {}, [this] { Edit(&CLayoutView::ShiftAllUp); });
     AddAction(edit, Ids::MenuEditShiftDown, {}, [this] { Edit(&CLayoutView::ShiftAllDown); });
     AddAction(edit, Ids::MenuEditShiftRight, {}, [this] { Edit(&CLayoutView::ShiftAllRight); });
     AddAction(edit, Ids::MenuEditShiftLeft, {}, [this] { Edit(&CLayoutView::ShiftAllLeft); });
     edit->addSeparator();
-    AddAction(edit, Ids::MenuEditProperty, {QKeySequence(Qt::Key_F4)}, [this] { Edit(&CLayoutView::EditSelection); });
+    AddAction(edit, Ids::MenuEditProperty, {QKeySequence(Qt::Key_F4)},
+              [this] { Edit(&CLayoutView::EditSelection); });
 
     // Alt with an arrow repeats the selected panel into the empty cells that way.
     const struct
     {
         Qt::Key Key;
         char16_t Direction;
-    } fills[] = {{Qt::Key_Down, u'D'}, {Qt::Key_Up, u'U'}, {Qt::Key_Left, u'L'}, {Qt::Key_Right, u'R'}};
+    } fills[] = {
+        {Qt::Key_Down, u'D'}, {Qt::Key_Up, u'U'}, {Qt::Key_Left, u'L'}, {Qt::Key_Right, u'R'}};
     for (const auto& fill : fills) {
         auto* action = new QAction(this);
         action->setShortcut(QKeySequence(Qt::ALT | fill.Key));
@@ -149,17 +154,20 @@ void CMainFrame::CreateActions()
     }
 
     QMenu* view = menuBar()->addMenu(Text(Ids::MenuView));
-    AddAction(view, Ids::MenuViewAssignedPorts, {}, [this] { CUsedPortDialog::Run(m_document->Grid(), this); });
+    AddAction(view, Ids::MenuViewAssignedPorts, {},
+              [this] { CUsedPortDialog::Run(m_document->Grid(), this); });
     QToolBar* tools = addToolBar(Text(Ids::MenuViewToolbar));
     tools->setObjectName("Toolbar");
     QAction* toolbar = tools->toggleViewAction();
     toolbar->setText(Text(Ids::MenuViewToolbar));
     view->addAction(toolbar);
     view->addSeparator();
-    AddAction(view, Ids::MenuViewZoomIn, {QKeySequence::ZoomIn, QKeySequence(Qt::CTRL | Qt::Key_Equal)},
+    AddAction(view, Ids::MenuViewZoomIn,
+              {QKeySequence::ZoomIn, QKeySequence(Qt::CTRL | Qt::Key_Equal)},
               [this] { m_view->ZoomIn(); });
     AddAction(view, Ids::MenuViewZoomOut, {QKeySequence::ZoomOut}, [this] { m_view->ZoomOut(); });
-    AddAction(view, Ids::MenuViewZoomReset, {QKeySequence(Qt::CTRL | Qt::Key_0)}, [this] { m_view->ResetZoom(); });
+    AddAction(view, Ids::MenuViewZoomReset, {QKeySequence(Qt::CTRL | Qt::Key_0)},
+              [this] { m_view->ResetZoom(); });
 
     QMenu* run = menuBar()->addMenu(Text(Ids::MenuRun));
     AddAction(run, Ids::MenuRunBuild, {QKeySequence(Qt::Key_F7)}, [this] { RunBuild(); });
@@ -167,9 +175,11 @@ void CMainFrame::CreateActions()
     QMenu* settingsMenu = menuBar()->addMenu(Text(Ids::MenuSettings));
     AddAction(settingsMenu, Ids::MenuSettingsBoard, {}, [this] {
         CTargetDialog::Run(m_board, m_settings,
-                           CStartup::TargetFolder(QCoreApplication::applicationDirPath()), m_messenger, this);
+                           CStartup::TargetFolder(QCoreApplication::applicationDirPath()),
+                           m_messenger, this);
     });
-    AddAction(settingsMenu, Ids::MenuSettingsWriter, {}, [this] { CWriterOptionDialog::Run(m_settings, this); });
+    AddAction(settingsMenu, Ids::MenuSettingsWriter, {},
+              [this] { CWriterOptionDialog::Run(m_settings, this); });
     // The PWM dialog's frequency range is the board's.
     CPwmDialog::SetFrequencyLimits(m_board.GetPwmLowFreq(), m_board.GetPwmHighFreq());
 
@@ -227,7 +237,8 @@ bool CMainFrame::HasChosen() const
 int CMainFrame::ChosenArea() const
 {
     const CPaletteEntry* entry = Chosen();
-    return entry && entry->GetPrototype() ? entry->GetPrototype()->GetArea() : int(CPanel::AreaNone);
+    return entry && entry->GetPrototype() ? entry->GetPrototype()->GetArea()
+                                          : int(CPanel::AreaNone);
 }
 
 void CMainFrame::ClearChoice()
@@ -282,7 +293,8 @@ void CMainFrame::RunBuild()
     CBuildDialog dialog(
         [this, settings, path](IBuildLog& log, CStopRequest& stop) {
             const std::unique_ptr<IPortFinder> finder = CreatePlatformPortFinder();
-            CBuildPipeline pipeline(m_document->Grid(), m_board, settings, log, m_messenger, *finder);
+            CBuildPipeline pipeline(m_document->Grid(), m_board, settings, log, m_messenger,
+                                    *finder);
             pipeline.SetStopRequest(&stop);
             return pipeline.Build(path);
         },
@@ -300,14 +312,16 @@ void CMainFrame::HelpManual()
     // The Japanese manual stands beside the English one with "_ja" before its extension.
     if (CStringTable::GetLanguage() == ELanguage::Japanese) {
         const QFileInfo info(manual);
-        const QString japanese = info.dir().filePath(info.completeBaseName() + "_ja." + info.suffix());
+        const QString japanese =
+            info.dir().filePath(info.completeBaseName() + "_ja." + info.suffix());
         if (QFileInfo::exists(japanese))
             manual = japanese;
     }
     if (m_settings.GetMan().isEmpty() || !QFileInfo::exists(manual) ||
         !QDesktopServices::openUrl(QUrl::fromLocalFile(manual)))
-        m_messenger.Message(CStringTable::Format(Ids::MsgManualMissing, {QDir::toNativeSeparators(manual)}),
-                            EButtons::Ok, EIcon::Warning);
+        m_messenger.Message(
+            CStringTable::Format(Ids::MsgManualMissing, {QDir::toNativeSeparators(manual)}),
+            EButtons::Ok, EIcon::Warning);
 }
 
 void CMainFrame::HelpVersion()

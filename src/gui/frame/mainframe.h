@@ -26,7 +26,7 @@ class CMainFrame : public QMainWindow, public IPanelChooser
 {
     Q_OBJECT
 
-public:
+  public:
     CMainFrame(const CBoardInfo& board, CSettings& settings, IPropertyEditor& editor,
                QWidget* parent = nullptr);
     ~CMainFrame() override;
@@ -44,12 +44,12 @@ public:
     void ClearChoice() override;
     void Refresh() override;
 
-protected:
+  protected:
     void closeEvent(QCloseEvent* event) override;
     void dragEnterEvent(QDragEnterEvent* event) override;
     void dropEvent(QDropEvent* event) override;
 
-private:
+  private:
     void CreateActions();
     void CreateStatusBar();
     QAction* AddAction(QMenu* menu, int text, const QList<QKeySequence>& keys,

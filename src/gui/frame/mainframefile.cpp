@@ -1,24 +1,24 @@
 // The main window's File menu: new, open, save, print and the recent files.
 #include "mainframe.h"
 
-#include "settings.h"
 #include "layoutdocument.h"
 #include "layoutgeometry.h"
 #include "layoutpainter.h"
-#include "layoutview.h"
-#include "stringtable.h"
 #include "layoutpaintoptions.h"
+#include "layoutview.h"
+#include "settings.h"
+#include "stringtable.h"
 
 #include <QApplication>
+#include <QDir>
 #include <QFileDialog>
+#include <QFileInfo>
 #include <QMenuBar>
 #include <QPageSetupDialog>
 #include <QPainter>
 #include <QPrintDialog>
 #include <QPrintPreviewDialog>
 #include <QPrinter>
-#include <QDir>
-#include <QFileInfo>
 
 namespace {
 
@@ -92,10 +92,11 @@ bool CMainFrame::OpenLayout(const QString& path)
     if (!m_document->Open(path)) {
         // A file that is no layout gets its own message; one that cannot be read says why.
         const QString error = m_document->ErrorString();
-        m_messenger.Message(error == Text(Ids::MsgNotLocFile)
-                                ? error
-                                : CStringTable::Format(Ids::MsgCantOpen, {QDir::toNativeSeparators(path), error}),
-                            EButtons::Ok, EIcon::Error);
+        m_messenger.Message(
+            error == Text(Ids::MsgNotLocFile)
+                ? error
+                : CStringTable::Format(Ids::MsgCantOpen, {QDir::toNativeSeparators(path), error}),
+            EButtons::Ok, EIcon::Error);
         return false;
     }
     m_view->Reset();
@@ -117,9 +118,9 @@ bool CMainFrame::FileSave()
 
 bool CMainFrame::FileSaveAs()
 {
-    QString path = QFileDialog::getSaveFileName(this, QString(),
-                                                m_document->GetPath().isEmpty() ? SaveFolder() : m_document->GetPath(),
-                                                FileFilter());
+    QString path = QFileDialog::getSaveFileName(
+        this, QString(), m_document->GetPath().isEmpty() ? SaveFolder() : m_document->GetPath(),
+        FileFilter());
     if (path.isEmpty())
         return false;
     if (QFileInfo(path).suffix().isEmpty())
@@ -164,7 +165,8 @@ void CMainFrame::UpdateRecentMenu()
     const QStringList files = m_settings.GetRecentFiles();
     for (int i = 0; i < files.size(); ++i) {
         const QString path = files[i];
-        QAction* action = m_recentMenu->addAction(QStringLiteral("&%1 %2").arg(i + 1).arg(QDir::toNativeSeparators(path)));
+        QAction* action = m_recentMenu->addAction(
+            QStringLiteral("&%1 %2").arg(i + 1).arg(QDir::toNativeSeparators(path)));
         connect(action, &QAction::triggered, this, [this, path] {
             if (MayDiscard())
                 OpenLayout(path);

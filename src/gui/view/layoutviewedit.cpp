@@ -9,7 +9,6 @@
 #include <QGuiApplication>
 #include <QMimeData>
 
-
 // --- Commands -------------------------------------------------------------------------
 
 void CLayoutView::Changed()

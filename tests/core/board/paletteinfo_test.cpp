@@ -26,7 +26,8 @@ bool Read(CPaletteInfo& palette, const char* file, IMessenger& messenger)
     CPortList ports;
     ports.Add({"1", "P1", "D1"});
     ports.Add({"2", "P2", ""});
-    return palette.Read(QDir(QStringLiteral(QUILLON_TEST_DATA "/boards/shared")).filePath(file), messenger, ports);
+    return palette.Read(QDir(QStringLiteral(QUILLON_TEST_DATA "/boards/shared")).filePath(file),
+                        messenger, ports);
 }
 
 // Page titles, then each page's entries as type, use limit, weight and ports.
@@ -41,7 +42,8 @@ QStringList Contents(const CPaletteInfo& palette)
             if (const CPanel* prototype = entry->GetPrototype()) {
                 line += u' ' + QString::number(prototype->GetWeight());
                 for (int p = 0; p < prototype->GetPortList().GetCount(); ++p)
-                    line += u' ' + prototype->GetPortList().DisplayName(prototype->GetPortList().GetAt(p));
+                    line += u' ' +
+                            prototype->GetPortList().DisplayName(prototype->GetPortList().GetAt(p));
             }
             text << line;
         }
@@ -59,9 +61,11 @@ TEST(PaletteInfo, EntriesMakeTheirPrototypesWithWeightPortsAndLimitInFileOrder)
     EXPECT_TRUE(messenger.Texts.isEmpty());
     // Elements of other names are skipped; no USELIMIT is no limit, WEIGHT 12abc reads 12, a
     // port the board does not list has no alias, and without WEIGHT the panel keeps its own.
-    EXPECT_EQ(Contents(inOut), QStringList({"In:", "KEY 2 15 P1(D1) P2", "Out:", "LAMP -1 12 P9 P2", "SMOTO 3 10 P1(D1)"}));
+    EXPECT_EQ(Contents(inOut), QStringList({"In:", "KEY 2 15 P1(D1) P2", "Out:", "LAMP -1 12 P9 P2",
+                                            "SMOTO 3 10 P1(D1)"}));
     // An unknown type keeps its place without a prototype, and is not offered.
-    EXPECT_EQ(Contents(parts), QStringList({"Wires:", "LINE -1 0", "Misc:", "SMOT 1 10", "KEY -1 10", "BOGUS 4"}));
+    EXPECT_EQ(Contents(parts),
+              QStringList({"Wires:", "LINE -1 0", "Misc:", "SMOT 1 10", "KEY -1 10", "BOGUS 4"}));
     EXPECT_EQ(parts.GetEntry(1, 2)->GetValue(), "kept");
     EXPECT_EQ(parts.FindEntry("BOGUS"), nullptr);
     const CPanel& key = *inOut.GetEntry(0, 0)->GetPrototype();
@@ -76,13 +80,19 @@ TEST(PaletteInfo, EntriesMakeTheirPrototypesWithWeightPortsAndLimitInFileOrder)
     EXPECT_EQ(parts.FindEntry("KEY"), parts.GetEntry(1, 1));
     EXPECT_EQ(inOut.FindEntry("SMOT"), nullptr);
     EXPECT_EQ(inOut.FindEntry(""), nullptr);
-    EXPECT_TRUE(inOut.GetEntry(0, 1) == nullptr && inOut.GetEntry(0, -1) == nullptr && inOut.GetEntry(2, 0) == nullptr &&
-                inOut.GetEntry(-1, 0) == nullptr && inOut.GetEntryCount(5) == 0 && inOut.GetPageTitle(5).isEmpty());
+    EXPECT_TRUE(inOut.GetEntry(0, 1) == nullptr && inOut.GetEntry(0, -1) == nullptr &&
+                inOut.GetEntry(2, 0) == nullptr && inOut.GetEntry(-1, 0) == nullptr &&
+                inOut.GetEntryCount(5) == 0 && inOut.GetPageTitle(5).isEmpty());
 }
 
 TEST(PaletteInfo, AFaultIsReportedOnceAsAnErrorInTheInterfaceLanguage)
 {
-    const struct { const char* File; ELanguage Language; const char* Message; /* "" when the file reads */ } rows[] = {
+    const struct
+    {
+        const char* File;
+        ELanguage Language;
+        const char* Message; /* "" when the file reads */
+    } rows[] = {
         {"nopages.xml", ELanguage::English, ""}, // an empty palette and no fault
         {"broken.xml", ELanguage::English, "Error found in panel definition file."},
         {"nosuchfile.xml", ELanguage::English, "Error found in panel definition file."},

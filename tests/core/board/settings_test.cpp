@@ -18,7 +18,10 @@ struct CSettingsPlace
     QTemporaryDir Dir;
     std::unique_ptr<QSettings> Profile = Open();
 
-    std::unique_ptr<QSettings> Open() const { return std::make_unique<QSettings>(Dir.filePath("p.ini"), QSettings::IniFormat); }
+    std::unique_ptr<QSettings> Open() const
+    {
+        return std::make_unique<QSettings>(Dir.filePath("p.ini"), QSettings::IniFormat);
+    }
     QString Ini() const { return Dir.filePath(CSettings::kIniFileName); }
     void WriteIni(const QByteArray& text) const
     {
@@ -38,12 +41,21 @@ struct CSettingsPlace
 };
 
 // A key's value no other key has, so a key read under another's name shows.
-struct CKey { const char* Key; std::function<QString(const CSettings&)> Get; std::function<void(CSettings&, const QString&)> Set;
-              const char* Default; const char* Other; };
+struct CKey
+{
+    const char* Key;
+    std::function<QString(const CSettings&)> Get;
+    std::function<void(CSettings&, const QString&)> Set;
+    const char* Default;
+    const char* Other;
+};
 
-#define SETTINGS_KEY(Key, Name, Type, Default, Other)                                          \
-    {Key, [](const CSettings& s) { return QVariant::fromValue(s.Get##Name()).toString(); },   \
-     [](CSettings& s, const QString& v) { s.Set##Name(QVariant(v).value<Type>()); }, Default, Other}
+#define SETTINGS_KEY(Key, Name, Type, Default, Other)                                              \
+    {                                                                                              \
+        Key, [](const CSettings& s) { return QVariant::fromValue(s.Get##Name()).toString(); },     \
+            [](CSettings& s, const QString& v) { s.Set##Name(QVariant(v).value<Type>()); },        \
+            Default, Other                                                                         \
+    }
 
 const CKey kKeys[] = {
     SETTINGS_KEY("Settings/Load", Load, int, "1", "41"),
@@ -53,7 +65,8 @@ const CKey kKeys[] = {
     SETTINGS_KEY("Settings/ClockSource", ClockSource, int, "-1", "45"),
     SETTINGS_KEY("Settings/SaveBeforeCompile", SaveBeforeCompile, int, "0", "46"),
     SETTINGS_KEY("Settings/SelectWriter", SelectWriter, int, "0", "47"),
-    SETTINGS_KEY("Settings/IPAddress", IPAddress, quint32, "0", "3232235530"), // above the signed range
+    SETTINGS_KEY("Settings/IPAddress", IPAddress, quint32, "0",
+                 "3232235530"), // above the signed range
     SETTINGS_KEY("Settings/IPMask", IPMask, quint32, "0", "4294967040"),
     SETTINGS_KEY("Settings/Target", Target, QString, "", "atmega328p"),
     SETTINGS_KEY("Settings/Writer", Writer, QString, "", "C:/tools/writer.exe"),
@@ -106,12 +119,18 @@ TEST(Settings, EveryKeyIsReadAndSavedUnderItsOwnName)
     }
     QFile ini(saved.Ini());
     ASSERT_TRUE(ini.open(QIODevice::ReadOnly));
-    EXPECT_EQ(ini.readAll(), "[Quillon]\r\nTarget1=board\r\n") << "the initialisation file is never written";
+    EXPECT_EQ(ini.readAll(), "[Quillon]\r\nTarget1=board\r\n")
+        << "the initialisation file is never written";
 }
 
 TEST(Settings, ProfileValuesAreReadLenientlyUnderNamesInAnyCase)
 {
-    const struct { const char* Key; /* as written in the profile */ const char* Text; const char* Expected; } rows[] = {
+    const struct
+    {
+        const char* Key; /* as written in the profile */
+        const char* Text;
+        const char* Expected;
+    } rows[] = {
         {"Settings/ClockSource", "3", "3"},
         {"Settings/ClockSource", " -2", "-2"},
         {"Settings/ClockSource", "12abc", "12"},
@@ -131,7 +150,12 @@ TEST(Settings, ProfileValuesAreReadLenientlyUnderNamesInAnyCase)
 
 TEST(Settings, IniFileIsReadAsAWindowsProfileFileIs)
 {
-    const struct { const char* Name; QByteArray Ini; const char* Targets; } rows[] = {
+    const struct
+    {
+        const char* Name;
+        QByteArray Ini;
+        const char* Targets;
+    } rows[] = {
         {"targets in order", "[Quillon]\nTarget1=a\nTarget2=b\nTarget3=c\n", "a|b|c"},
         {"a gap ends the targets", "[Quillon]\nTarget1=a\nTarget3=c\n", "a"},
         {"no Target1, no targets", "[Quillon]\nTarget2=b\nTarget3=c\n", ""},
@@ -154,9 +178,11 @@ TEST(Settings, IniFileIsReadAsAWindowsProfileFileIs)
     // A key present but empty stays empty, only a missing one takes its default; values are
     // cut to their buffers.
     CSettingsPlace place;
-    place.WriteIni("[Quillon]\nSaveDir=\nMan=manual.pdf\nWorkDir=" + QByteArray(400, 'w') + "\nTarget1=" + QByteArray(1500, 't'));
+    place.WriteIni("[Quillon]\nSaveDir=\nMan=manual.pdf\nWorkDir=" + QByteArray(400, 'w') +
+                   "\nTarget1=" + QByteArray(1500, 't'));
     CSettings settings = place.Loaded();
-    EXPECT_EQ(QStringList({settings.GetSaveDir(), settings.GetWorkDir(), settings.GetMan(), settings.GetTargets().join(u'|')}),
+    EXPECT_EQ(QStringList({settings.GetSaveDir(), settings.GetWorkDir(), settings.GetMan(),
+                           settings.GetTargets().join(u'|')}),
               QStringList({"", QString(259, u'w'), "manual.pdf", QString(1023, u't')}));
     // Loading again forgets values that are no longer there.
     place.Profile->setValue("Settings/WriteCOM", 4);
@@ -166,6 +192,7 @@ TEST(Settings, IniFileIsReadAsAWindowsProfileFileIs)
     place.Profile->remove("Settings/WriteCOM");
     settings.Load();
     EXPECT_EQ(settings.GetWriteCOM(), 0);
-    EXPECT_EQ(QStringList({settings.GetSaveDir(), settings.GetWorkDir(), settings.GetTargets().join(u'|')}),
+    EXPECT_EQ(QStringList(
+                  {settings.GetSaveDir(), settings.GetWorkDir(), settings.GetTargets().join(u'|')}),
               QStringList({"save", "work", "other"}));
 }

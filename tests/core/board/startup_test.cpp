@@ -15,7 +15,12 @@
 
 TEST(Startup, SwitchesChooseTheLanguageAndTheLayout)
 {
-    const struct { QStringList Arguments; bool UserIsJapanese; ELanguage Language; } rows[] = {
+    const struct
+    {
+        QStringList Arguments;
+        bool UserIsJapanese;
+        ELanguage Language;
+    } rows[] = {
         {{"quillon"}, false, ELanguage::English},
         {{"quillon"}, true, ELanguage::Japanese},
         {{"quillon", "-jpn"}, false, ELanguage::Japanese},
@@ -66,7 +71,10 @@ TEST(BoardChooser, SavedBoardThenTheFirstCandidateThatReadsAndNothingOutsideTarg
     } rows[] = {
         {"the saved board wins when it reads", "uno2", "Target1=uno", "uno2", {}},
         {"a deleted saved board falls back", "gone", "Target1=broken\nTarget2=uno", "uno", {}},
-        {"no saved board and no candidate stop with a message", "", "Target2=uno", "",
+        {"no saved board and no candidate stop with a message",
+         "",
+         "Target2=uno",
+         "",
          {"Invalid Setting.\nQuillon is stopped."}},
         {"no candidate that reads ends silently", "", "Target1=broken\nTarget2=missing", "", {}},
         {"a board by absolute path is never read", dir.filePath("elsewhere"), outside, "uno", {}},

@@ -90,8 +90,12 @@ TEST(TargetAddress, ReadsDottedQuads)
         const char* Text;
         bool Ok;
         quint32 Value;
-    } rows[] = {{"192.168.0.10", true, 0xC0A8000A}, {"0.0.0.0", true, 0}, {"255.255.255.255", true, 0xFFFFFFFF},
-                {"256.1.1.1", false, 0}, {"1.2.3", false, 0}, {"1..3.4", false, 0}};
+    } rows[] = {{"192.168.0.10", true, 0xC0A8000A},
+                {"0.0.0.0", true, 0},
+                {"255.255.255.255", true, 0xFFFFFFFF},
+                {"256.1.1.1", false, 0},
+                {"1.2.3", false, 0},
+                {"1..3.4", false, 0}};
     for (const auto& row : rows) {
         quint32 value = 12345;
         EXPECT_EQ(CTargetSettingsLogic::ReadAddress(row.Text, value), row.Ok) << row.Text;

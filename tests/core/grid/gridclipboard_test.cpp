@@ -14,21 +14,75 @@ const QList<CPut> kBlock = {{1, 2, "CNT \tC,3,2,1"}, {2, 1, "AND \tR"}};
 // Paste geometry: the block is where the copied panels lie, not where the selection was.
 TEST_F(GridClipboardTest, PasteRecreatesTheCopiedPanelsAtTheirOffsets)
 {
-    const struct { const char* Name; QList<CPut> Panels; int C1, R1, C2, R2; int Width, Height;
-                   CGridPos Target; QList<CPut> Pasted; } cases[] = {
-        {"counter and gate", kBlock, 1, 1, 2, 4, 2, 4, {5, 10},
+    const struct
+    {
+        const char* Name;
+        QList<CPut> Panels;
+        int C1, R1, C2, R2;
+        int Width, Height;
+        CGridPos Target;
+        QList<CPut> Pasted;
+    } cases[] = {
+        {"counter and gate",
+         kBlock,
+         1,
+         1,
+         2,
+         4,
+         2,
+         4,
+         {5, 10},
          {{5, 11, "CNT \tC,3,2,1"}, {5, 12, "+"}, {5, 13, "+"}, {6, 10, "AND \tR"}}},
-        {"empty top rows and left column", {{2, 5, "AND \tR"}, {3, 6, "NOT \tR"}}, 1, 1, 3, 6, 2,
-         2, {8, 10}, {{8, 10, "AND \tR"}, {9, 11, "NOT \tR"}}},
-        {"fits above the last row", {{2, 5, "AND \tR"}, {3, 6, "NOT \tR"}}, 1, 1, 3, 6, 2, 2,
-         {1, 39}, {{1, 39, "AND \tR"}, {2, 40, "NOT \tR"}}},
+        {"empty top rows and left column",
+         {{2, 5, "AND \tR"}, {3, 6, "NOT \tR"}},
+         1,
+         1,
+         3,
+         6,
+         2,
+         2,
+         {8, 10},
+         {{8, 10, "AND \tR"}, {9, 11, "NOT \tR"}}},
+        {"fits above the last row",
+         {{2, 5, "AND \tR"}, {3, 6, "NOT \tR"}},
+         1,
+         1,
+         3,
+         6,
+         2,
+         2,
+         {1, 39},
+         {{1, 39, "AND \tR"}, {2, 40, "NOT \tR"}}},
         {"top rows covered by a tall panel from above",
-         {{1, 2, "CNT \tC,3,2,1"}, {2, 4, "NOT \tR"}}, 1, 3, 2, 4, 1, 1, {8, 8},
+         {{1, 2, "CNT \tC,3,2,1"}, {2, 4, "NOT \tR"}},
+         1,
+         3,
+         2,
+         4,
+         1,
+         1,
+         {8, 8},
          {{8, 8, "NOT \tR"}}},
-        {"a tall panel counts to its bottom", {{3, 3, "CNT \tC,3,2,1"}}, 1, 1, 4, 9, 1, 3,
-         {5, 38}, {{5, 38, "CNT \tC,3,2,1"}, {5, 39, "+"}, {5, 40, "+"}}},
-        {"side column", {{-1, 1, "UARI\tC,5,4"}, {-1, 3, "KEY \tH,P1"}}, -1, 1, -1, 8, 1, 3,
-         {-1, 38}, {{-1, 38, "UARI\tC,5,4"}, {-1, 39, "+"}, {-1, 40, "KEY \tH,P1"}}},
+        {"a tall panel counts to its bottom",
+         {{3, 3, "CNT \tC,3,2,1"}},
+         1,
+         1,
+         4,
+         9,
+         1,
+         3,
+         {5, 38},
+         {{5, 38, "CNT \tC,3,2,1"}, {5, 39, "+"}, {5, 40, "+"}}},
+        {"side column",
+         {{-1, 1, "UARI\tC,5,4"}, {-1, 3, "KEY \tH,P1"}},
+         -1,
+         1,
+         -1,
+         8,
+         1,
+         3,
+         {-1, 38},
+         {{-1, 38, "UARI\tC,5,4"}, {-1, 39, "+"}, {-1, 40, "KEY \tH,P1"}}},
     };
     for (const auto& c : cases) {
         SCOPED_TRACE(c.Name);
@@ -75,10 +129,15 @@ TEST_F(GridClipboardTest, EachPasteIsAnIndependentCopyAndItsOwnStep)
 
 TEST_F(GridClipboardTest, CanPasteKeepsSideAndProcessBlocksApart)
 {
-    PutAll(grid, {{-1, 1, "UARI\tC,5,4"}, {-2, 1, "LAMP\tH,P1"}, {1, 1, "AND \tR"},
-                  {3, 2, "AND \tR"}});
-    const struct { const char* Name; int C1, R1, C2, R2; int Column, Row;
-                   bool CanPaste; } cases[] = {
+    PutAll(grid,
+           {{-1, 1, "UARI\tC,5,4"}, {-2, 1, "LAMP\tH,P1"}, {1, 1, "AND \tR"}, {3, 2, "AND \tR"}});
+    const struct
+    {
+        const char* Name;
+        int C1, R1, C2, R2;
+        int Column, Row;
+        bool CanPaste;
+    } cases[] = {
         {"input into input", -1, 1, -1, 2, -1, 39, true},
         {"input past the last row", -1, 1, -1, 2, -1, 40, false},
         {"input into output", -1, 1, -1, 2, -2, 5, false},
@@ -121,8 +180,14 @@ TEST_F(GridClipboardTest, PasteOutOfTheGridSaysSoAndChangesNothing)
 TEST_F(GridClipboardTest, PasteOverPanelsAsksYesNoCancel)
 {
     // AtTwoOne: where a NOT already stands
-    const struct { const char* Name; EAnswer Answer; bool Pasted; const char* AtTwoOne;
-                   int Gates; } cases[] = {
+    const struct
+    {
+        const char* Name;
+        EAnswer Answer;
+        bool Pasted;
+        const char* AtTwoOne;
+        int Gates;
+    } cases[] = {
         {"Yes replaces", EAnswer::Yes, true, "AND \tR", 4},
         {"No keeps the existing panel", EAnswer::No, true, "NOT \tR", 3},
         {"Cancel changes nothing", EAnswer::Cancel, false, "NOT \tR", 2},
@@ -149,14 +214,37 @@ TEST_F(GridClipboardTest, PasteOverPanelsAsksYesNoCancel)
 
 TEST_F(GridClipboardTest, APasteThatCannotFinishUndoesAll)
 {
-    const struct { const char* Name; QList<CPut> Panels; int C1, R1, C2, R2; CPut Blocker;
-                   int Limit; CGridPos Target; QStringList Texts; } cases[] = {
+    const struct
+    {
+        const char* Name;
+        QList<CPut> Panels;
+        int C1, R1, C2, R2;
+        CPut Blocker;
+        int Limit;
+        CGridPos Target;
+        QStringList Texts;
+    } cases[] = {
         // The gate lands at (7, 2) first; the counter's rows 3-5 of column 8 then meet the NOT.
-        {"a tall panel blocked", {{1, 1, "AND \tR"}, {2, 2, "CNT \tC,3,2,1"}}, 1, 1, 2, 4,
-         {8, 4, "NOT \tR"}, -1, {7, 2},
+        {"a tall panel blocked",
+         {{1, 1, "AND \tR"}, {2, 2, "CNT \tC,3,2,1"}},
+         1,
+         1,
+         2,
+         4,
+         {8, 4, "NOT \tR"},
+         -1,
+         {7, 2},
          {Text(Ids::MsgPasteOverPanels), Text(Ids::MsgNotAllPasted)}},
-        {"over the use limit", {{1, 1, "AND \tR"}, {1, 2, "AND \tR"}}, 1, 1, 1, 2,
-         {9, 9, "NOT \tR"}, 3, {5, 5}, {Text(Ids::MsgPasteOverLimit)}},
+        {"over the use limit",
+         {{1, 1, "AND \tR"}, {1, 2, "AND \tR"}},
+         1,
+         1,
+         1,
+         2,
+         {9, 9, "NOT \tR"},
+         3,
+         {5, 5},
+         {Text(Ids::MsgPasteOverLimit)}},
     };
     for (const auto& c : cases) {
         SCOPED_TRACE(c.Name);
@@ -236,8 +324,11 @@ TEST_F(GridClipboardTest, CutAnsweredCancelStillRemovesWhatLiesInsideAndUndoRest
 TEST_F(GridClipboardTest, CountPanelsCountsTopCellsOnly)
 {
     PutAll(grid, kBlock);
-    const struct { int C1, R1, C2, R2; int Count; } cases[] = {
-        {1, 1, 2, 4, 2}, {1, 3, 1, 4, 0}, {1, 2, 1, 2, 1}, {3, 1, 16, 40, 0}};
+    const struct
+    {
+        int C1, R1, C2, R2;
+        int Count;
+    } cases[] = {{1, 1, 2, 4, 2}, {1, 3, 1, 4, 0}, {1, 2, 1, 2, 1}, {3, 1, 16, 40, 0}};
     for (const auto& c : cases)
         EXPECT_EQ(grid.CountPanels(c.C1, c.R1, c.C2, c.R2), c.Count)
             << c.C1 << "," << c.R1 << "-" << c.C2 << "," << c.R2;

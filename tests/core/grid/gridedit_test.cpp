@@ -4,8 +4,15 @@ using GridEditTest = GridFixture;
 
 TEST_F(GridEditTest, DeletingACompletePanelAsksOnceAndCancelKeepsAll)
 {
-    const struct { const char* Name; const char* First; const char* Second; EAnswer Answer;
-                   bool Asked; bool Deleted; } cases[] = {
+    const struct
+    {
+        const char* Name;
+        const char* First;
+        const char* Second;
+        EAnswer Answer;
+        bool Asked;
+        bool Deleted;
+    } cases[] = {
         {"complete, OK", "LAMP\tH,P1", "LAMP\tL,P2", EAnswer::Ok, true, true},
         {"complete, Cancel", "LAMP\tH,P1", "LAMP\tL,P2", EAnswer::Cancel, true, false},
         {"incomplete only", "LAMP\tH", "LAMP\tL", EAnswer::Cancel, false, true},
@@ -17,8 +24,10 @@ TEST_F(GridEditTest, DeletingACompletePanelAsksOnceAndCancelKeepsAll)
         const QString before = Dump(layout);
         messenger.Reset({c.Answer});
         EXPECT_EQ(layout.DeleteRange(-2, 1, -2, 2), c.Deleted);
-        EXPECT_EQ(messenger.Texts, c.Asked ? QStringList{Text(Ids::MsgDeletePanel)} : QStringList{});
-        EXPECT_EQ(messenger.Buttons, c.Asked ? QList<EButtons>{EButtons::OkCancel} : QList<EButtons>{});
+        EXPECT_EQ(messenger.Texts,
+                  c.Asked ? QStringList{Text(Ids::MsgDeletePanel)} : QStringList{});
+        EXPECT_EQ(messenger.Buttons,
+                  c.Asked ? QList<EButtons>{EButtons::OkCancel} : QList<EButtons>{});
         EXPECT_EQ(Dump(layout), c.Deleted ? "total=0" : before);
     }
     // A panel reaching out of the range stays; a range without panels deletes nothing.
@@ -31,11 +40,30 @@ TEST_F(GridEditTest, DeletingACompletePanelAsksOnceAndCancelKeepsAll)
 
 TEST_F(GridEditTest, MoveTakesThePanelsByTheSelectionsOffset)
 {
-    const struct { const char* Name; QList<CPut> Panels; int C1, R1, C2, R2, Column, Row;
-                   const char* After; } cases[] = {
-        {"a block", {{1, 1, "CNT \tC,3,2,1"}, {2, 2, "AND \tR"}}, 1, 1, 2, 3, 4, 20,
+    const struct
+    {
+        const char* Name;
+        QList<CPut> Panels;
+        int C1, R1, C2, R2, Column, Row;
+        const char* After;
+    } cases[] = {
+        {"a block",
+         {{1, 1, "CNT \tC,3,2,1"}, {2, 2, "AND \tR"}},
+         1,
+         1,
+         2,
+         3,
+         4,
+         20,
          "4,20 CNT \tC,3,2,1; 4,21 +; 4,22 +; 5,21 AND \tR"},
-        {"onto its own rows", {{3, 1, "CNT \tC,3,2,1"}}, 3, 1, 3, 3, 3, 2,
+        {"onto its own rows",
+         {{3, 1, "CNT \tC,3,2,1"}},
+         3,
+         1,
+         3,
+         3,
+         3,
+         2,
          "3,2 CNT \tC,3,2,1; 3,3 +; 3,4 +"},
         {"a selection with empty edges", {{3, 5, "AND \tR"}}, 2, 2, 4, 6, 8, 30, "9,33 AND \tR"},
     };
@@ -59,14 +87,29 @@ TEST_F(GridEditTest, MoveTakesThePanelsByTheSelectionsOffset)
 
 TEST_F(GridEditTest, MoveThatCannotBePastedUndoesTheCut)
 {
-    const struct { const char* Name; int C2, R2, Column, Row; QList<EAnswer> Answers;
-                   QStringList Texts; } cases[] = {
+    const struct
+    {
+        const char* Name;
+        int C2, R2, Column, Row;
+        QList<EAnswer> Answers;
+        QStringList Texts;
+    } cases[] = {
         {"past the last row", 3, 3, 3, 39, {}, {}},
         {"into a side column", 3, 3, -1, 1, {}, {}},
         {"onto a panel, Cancel", 3, 3, 8, 1, {EAnswer::Cancel}, {Text(Ids::MsgPasteOverPanels)}},
-        {"tall panel blocked, No", 3, 3, 8, 1, {EAnswer::No},
+        {"tall panel blocked, No",
+         3,
+         3,
+         8,
+         1,
+         {EAnswer::No},
          {Text(Ids::MsgPasteOverPanels), Text(Ids::MsgNotAllPasted)}},
-        {"protruding selection, Cancel", 4, 2, 10, 10, {EAnswer::Cancel},
+        {"protruding selection, Cancel",
+         4,
+         2,
+         10,
+         10,
+         {EAnswer::Cancel},
          {Text(Ids::MsgProtrudedPanel)}},
     };
     for (const auto& c : cases) {
@@ -85,7 +128,13 @@ TEST_F(GridEditTest, MoveThatCannotBePastedUndoesTheCut)
 
 TEST_F(GridEditTest, ReplaceRefusesACopyTallerThanTheRoomBelow)
 {
-    const struct { const char* Name; int Row; const char* Replacement; bool Fits; } cases[] = {
+    const struct
+    {
+        const char* Name;
+        int Row;
+        const char* Replacement;
+        bool Fits;
+    } cases[] = {
         {"same height", 5, "CNT \tH,9", true},
         {"two rows up to the next panel", 5, "CNT \tH,9,8", true},
         {"three rows onto the next panel", 5, "CNT \tH,9,8,7", false},

@@ -6,8 +6,14 @@ using GridShiftTest = GridFixture;
 // crosses the lost edge is dropped without a question.
 TEST_F(GridShiftTest, EveryShiftMovesItsAreasByOneAndDropsTheLostEdge)
 {
-    const struct { const char* Name; bool (CPanelGrid::*Shift)(); int Code; const char* Expected;
-                   int Total; } cases[] = {
+    const struct
+    {
+        const char* Name;
+        bool (CPanelGrid::*Shift)();
+        int Code;
+        const char* Expected;
+        int Total;
+    } cases[] = {
         {"down", &CPanelGrid::ShiftDown, CPanelGrid::OpShiftDown,
          "-1,2 KEY \tH,P1; -1,4 UARI\tC,5,4; -1,5 +; -2,2 LAMP\tH,P1; 1,3 CNT \tC,3,2,1; 1,4 +; "
          "1,5 +; 1,11 7S_B\t0; 2,2 AND \tR; 16,6 SMOT\t1,10; 16,7 +; 16,8 +; 16,9 +",
@@ -39,7 +45,12 @@ TEST_F(GridShiftTest, EveryShiftMovesItsAreasByOneAndDropsTheLostEdge)
 
 TEST_F(GridShiftTest, VerticalShiftRefusesAMultiRowPanelOnTheLostEdge)
 {
-    const struct { const char* Name; CPut Panel; bool (CPanelGrid::*Shift)(); } cases[] = {
+    const struct
+    {
+        const char* Name;
+        CPut Panel;
+        bool (CPanelGrid::*Shift)();
+    } cases[] = {
         {"down, counter reaching row 40", {3, 38, "CNT \tC,3,2,1"}, &CPanelGrid::ShiftDown},
         {"down, input panel reaching row 40", {-1, 39, "UARI\tC,5,4"}, &CPanelGrid::ShiftDown},
         {"up, counter starting in row 1", {3, 1, "CNT \tC,3,2,1"}, &CPanelGrid::ShiftUp},

@@ -1,7 +1,7 @@
 #pragma once
 
-#include "panelgrid.h"
 #include "core/panels/paneltest.h"
+#include "panelgrid.h"
 #include "stringtable.h"
 #include "support/recordingmessenger.h"
 
@@ -30,11 +30,21 @@ class CGridMessenger : public CRecordingMessenger
     QList<EButtons> Buttons;
 };
 
-inline std::unique_ptr<CPanelCell> Cell(const QString& line) { return std::make_unique<CPanelCell>(line); }
-inline QString Text(int id) { return CStringTable::Get(id); }
+inline std::unique_ptr<CPanelCell> Cell(const QString& line)
+{
+    return std::make_unique<CPanelCell>(line);
+}
+inline QString Text(int id)
+{
+    return CStringTable::Get(id);
+}
 
 // A panel and where it goes.
-struct CPut { int Column, Row; const char* Line; };
+struct CPut
+{
+    int Column, Row;
+    const char* Line;
+};
 
 inline void PutAll(CPanelGrid& grid, const QList<CPut>& panels)
 {
@@ -77,15 +87,26 @@ inline QString Dump(const CPanelGrid& grid)
 }
 
 // Cell type ids of the panels used below.
-enum : int { LampType = 10083, CounterType = 10026, AndType = 10012 };
+enum : int
+{
+    LampType = 10083,
+    CounterType = 10026,
+    AndType = 10012
+};
 
 // A layout with a panel of every shape in every area; every vertical and horizontal
 // shift of it succeeds.
 inline void FillSampleLayout(CPanelGrid& grid)
 {
-    PutAll(grid, {{-1, 1, "KEY \tH,P1"}, {-1, 3, "UARI\tC,5,4"}, {-2, 1, "LAMP\tH,P1"},
-                  {-2, 40, "LAMP\tL,P2"}, {1, 2, "CNT \tC,3,2,1"}, {2, 1, "AND \tR"},
-                  {16, 5, "SMOT\t1,10"}, {5, 40, "JPI \t1,L"}, {1, 10, "7S_B\t0"}});
+    PutAll(grid, {{-1, 1, "KEY \tH,P1"},
+                  {-1, 3, "UARI\tC,5,4"},
+                  {-2, 1, "LAMP\tH,P1"},
+                  {-2, 40, "LAMP\tL,P2"},
+                  {1, 2, "CNT \tC,3,2,1"},
+                  {2, 1, "AND \tR"},
+                  {16, 5, "SMOT\t1,10"},
+                  {5, 40, "JPI \t1,L"},
+                  {1, 10, "7S_B\t0"}});
     grid.ClearJournal();
 }
 

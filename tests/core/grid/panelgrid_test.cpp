@@ -38,9 +38,15 @@ TEST_F(GridTest, TopAndBottomOfAMultiRowPanelFromAnyOfItsRows)
 
 TEST_F(GridTest, TallPanelMustEndWithinTheLastRow)
 {
-    const struct { const char* Line; int Row; bool Fits; } cases[] = {
-        {"CNT \tC,3,2,1", 38, true}, {"CNT \tC,3,2,1", 39, false},
-        {"SMOT\t1,10", 37, true},    {"SMOT\t1,10", 38, false}};
+    const struct
+    {
+        const char* Line;
+        int Row;
+        bool Fits;
+    } cases[] = {{"CNT \tC,3,2,1", 38, true},
+                 {"CNT \tC,3,2,1", 39, false},
+                 {"SMOT\t1,10", 37, true},
+                 {"SMOT\t1,10", 38, false}};
     for (const auto& c : cases) {
         CPanelGrid fresh(messenger);
         EXPECT_EQ(fresh.Place(1, c.Row, Cell(c.Line)), c.Fits) << c.Line << " at " << c.Row;
@@ -52,8 +58,13 @@ TEST_F(GridTest, TallPanelMustEndWithinTheLastRow)
 
 TEST_F(GridTest, UseLimitRefusesSilentlyAlsoWhileLoadingAndFreesOnRemove)
 {
-    const struct { const char* Name; QHash<int, int> Limits; bool LimitFlag;
-                   int Placed; } cases[] = {
+    const struct
+    {
+        const char* Name;
+        QHash<int, int> Limits;
+        bool LimitFlag;
+        int Placed;
+    } cases[] = {
         {"limit 2", {{LampType, 2}}, true, 2},
         {"limit 2 while loading", {{LampType, 2}}, false, 2},
         {"limit 0", {{LampType, 0}}, true, 0},
@@ -81,8 +92,12 @@ TEST_F(GridTest, UseLimitRefusesSilentlyAlsoWhileLoadingAndFreesOnRemove)
 
 TEST_F(GridTest, CapacityMessageOnlyAboveOneThousand)
 {
-    const struct { int Weight; bool LimitFlag; bool Message; } cases[] = {
-        {990, true, false}, {991, true, true}, {991, false, false}};
+    const struct
+    {
+        int Weight;
+        bool LimitFlag;
+        bool Message;
+    } cases[] = {{990, true, false}, {991, true, true}, {991, false, false}};
     for (const auto& c : cases) {
         SCOPED_TRACE(c.Weight);
         messenger.Reset();
@@ -93,7 +108,8 @@ TEST_F(GridTest, CapacityMessageOnlyAboveOneThousand)
         ASSERT_TRUE(fresh.Place(3, 3, std::move(heavy)));
         EXPECT_TRUE(fresh.Place(-2, 1, Cell("LAMP\tH,P1"))); // placed even over the limit
         EXPECT_EQ(fresh.GetWeightedTotal(), c.Weight + 10);
-        EXPECT_EQ(messenger.Texts, c.Message ? QStringList{Text(Ids::MsgOverLimit)} : QStringList{});
+        EXPECT_EQ(messenger.Texts,
+                  c.Message ? QStringList{Text(Ids::MsgOverLimit)} : QStringList{});
     }
 }
 
@@ -101,26 +117,71 @@ TEST_F(GridTest, CapacityMessageOnlyAboveOneThousand)
 // whose lower rows would meet another panel is refused.
 TEST_F(GridTest, PlacingOverPanels)
 {
-    const struct { const char* Name; QList<CPut> Existing; CPut New; EAnswer Answer; bool Asked;
-                   bool Placed; const char* After; } cases[] = {
-        {"complete, OK replaces", {{-2, 4, "LAMP\tH,P1"}}, {-2, 4, "LAMP\tL,P9"}, EAnswer::Ok, true,
-         true, "-2,4 LAMP\tL,P9 #10083=1 total=10"},
-        {"complete, Cancel keeps", {{-2, 4, "LAMP\tH,P1"}}, {-2, 4, "LAMP\tL,P9"},
-         EAnswer::Cancel, true, false, "-2,4 LAMP\tH,P1 #10083=1 total=10"},
-        {"incomplete is replaced unasked", {{-2, 4, "LAMP\tH"}}, {-2, 4, "LAMP\tL,P9"},
-         EAnswer::Cancel, false, true, "-2,4 LAMP\tL,P9 #10083=1 total=10"},
-        {"tall over a taller complete panel asks first", {{2, 1, "SMOT\t1,10"}},
-         {2, 1, "CNT \tC,3,2,1"}, EAnswer::Ok, true, true,
+    const struct
+    {
+        const char* Name;
+        QList<CPut> Existing;
+        CPut New;
+        EAnswer Answer;
+        bool Asked;
+        bool Placed;
+        const char* After;
+    } cases[] = {
+        {"complete, OK replaces",
+         {{-2, 4, "LAMP\tH,P1"}},
+         {-2, 4, "LAMP\tL,P9"},
+         EAnswer::Ok,
+         true,
+         true,
+         "-2,4 LAMP\tL,P9 #10083=1 total=10"},
+        {"complete, Cancel keeps",
+         {{-2, 4, "LAMP\tH,P1"}},
+         {-2, 4, "LAMP\tL,P9"},
+         EAnswer::Cancel,
+         true,
+         false,
+         "-2,4 LAMP\tH,P1 #10083=1 total=10"},
+        {"incomplete is replaced unasked",
+         {{-2, 4, "LAMP\tH"}},
+         {-2, 4, "LAMP\tL,P9"},
+         EAnswer::Cancel,
+         false,
+         true,
+         "-2,4 LAMP\tL,P9 #10083=1 total=10"},
+        {"tall over a taller complete panel asks first",
+         {{2, 1, "SMOT\t1,10"}},
+         {2, 1, "CNT \tC,3,2,1"},
+         EAnswer::Ok,
+         true,
+         true,
          "2,1 CNT \tC,3,2,1; 2,2 +; 2,3 + #10026=1 total=10"},
-        {"tall over a complete panel as tall, Cancel keeps", {{2, 1, "CNT \tH,9,8,7"}},
-         {2, 1, "CNT \tC,3,2,1"}, EAnswer::Cancel, true, false,
+        {"tall over a complete panel as tall, Cancel keeps",
+         {{2, 1, "CNT \tH,9,8,7"}},
+         {2, 1, "CNT \tC,3,2,1"},
+         EAnswer::Cancel,
+         true,
+         false,
          "2,1 CNT \tH,9,8,7; 2,2 +; 2,3 + #10026=1 total=10"},
-        {"on a continuation replaces the whole panel above", {{1, 2, "CNT \tC,3,2,1"}},
-         {1, 3, "AND \tR"}, EAnswer::Ok, true, true, "1,3 AND \tR #10012=1 total=10"},
-        {"tall panel meeting a panel below", {{1, 5, "AND \tR"}}, {1, 3, "CNT \tC,3,2,1"},
-         EAnswer::Ok, false, false, "1,5 AND \tR #10012=1 total=10"},
-        {"tall panel replacing one meeting a panel below", {{1, 4, "AND \tD"}, {1, 5, "AND \tR"}},
-         {1, 4, "CNT \tC,3,2,1"}, EAnswer::Ok, false, false,
+        {"on a continuation replaces the whole panel above",
+         {{1, 2, "CNT \tC,3,2,1"}},
+         {1, 3, "AND \tR"},
+         EAnswer::Ok,
+         true,
+         true,
+         "1,3 AND \tR #10012=1 total=10"},
+        {"tall panel meeting a panel below",
+         {{1, 5, "AND \tR"}},
+         {1, 3, "CNT \tC,3,2,1"},
+         EAnswer::Ok,
+         false,
+         false,
+         "1,5 AND \tR #10012=1 total=10"},
+        {"tall panel replacing one meeting a panel below",
+         {{1, 4, "AND \tD"}, {1, 5, "AND \tR"}},
+         {1, 4, "CNT \tC,3,2,1"},
+         EAnswer::Ok,
+         false,
+         false,
          "1,4 AND \tD; 1,5 AND \tR #10012=1 #10013=1 total=20"},
     };
     for (const auto& c : cases) {
@@ -130,8 +191,10 @@ TEST_F(GridTest, PlacingOverPanels)
         messenger.Reset({c.Answer});
         EXPECT_EQ(fresh.Place(c.New.Column, c.New.Row, Cell(c.New.Line)), c.Placed);
         EXPECT_EQ(Dump(fresh), c.After);
-        EXPECT_EQ(messenger.Texts, c.Asked ? QStringList{Text(Ids::MsgReplacePanel)} : QStringList{});
-        EXPECT_EQ(messenger.Buttons, c.Asked ? QList<EButtons>{EButtons::OkCancel} : QList<EButtons>{});
+        EXPECT_EQ(messenger.Texts,
+                  c.Asked ? QStringList{Text(Ids::MsgReplacePanel)} : QStringList{});
+        EXPECT_EQ(messenger.Buttons,
+                  c.Asked ? QList<EButtons>{EButtons::OkCancel} : QList<EButtons>{});
     }
 }
 
@@ -140,7 +203,12 @@ TEST_F(GridTest, PlacingOverPanels)
 TEST_F(GridTest, UndoAfterEveryJournaledOperationRestoresTheGridExactly)
 {
     using Op = std::function<bool(CPanelGrid&)>;
-    const struct { const char* Name; QList<EAnswer> Answers; Op Operation; } cases[] = {
+    const struct
+    {
+        const char* Name;
+        QList<EAnswer> Answers;
+        Op Operation;
+    } cases[] = {
         {"Place on empty", {}, [](CPanelGrid& g) { return g.Place(4, 4, Cell("AND \tR")); }},
         {"Place replacing", {}, [](CPanelGrid& g) { return g.Place(1, 3, Cell("AND \tR")); }},
         {"Insert", {}, [](CPanelGrid& g) { return g.Insert(-1, 20, Cell("UARI\tC,5,4")); }},
@@ -203,7 +271,9 @@ TEST_F(GridTest, OnlyTheLastStepIsUndoneAndClearingMakesEverythingFinal)
 TEST_F(GridTest, FindByTypeSearchesSideColumnsThenProcessColumnByColumn)
 {
     EXPECT_EQ(grid.FindByType(AndType), nullptr);
-    const CPut order[] = {{2, 1, "AND \tR"}, {1, 30, "AND \tR\t\t;a"}, {-2, 40, "AND \tR\t\t;b"},
+    const CPut order[] = {{2, 1, "AND \tR"},
+                          {1, 30, "AND \tR\t\t;a"},
+                          {-2, 40, "AND \tR\t\t;b"},
                           {-1, 40, "AND \tR\t\t;c"}};
     for (const CPut& put : order) {
         ASSERT_TRUE(grid.Place(put.Column, put.Row, Cell(put.Line)));
@@ -218,9 +288,12 @@ TEST_F(GridTest, DecodersFollowTheFirstSevenSegmentDisplay)
     grid.RefreshDecoders();
     EXPECT_EQ(grid.GetDecoderVariant(), 2);
     // Inserted decoders take the variant; 7S4_S is refreshed but not given it when inserted.
-    const struct { const char* Line; int OnInsert; } decoders[] = {
-        {"7S_\t0", 2},  {"7S4_\t0", 2},  {"7S_B\t0", 2},  {"7S_D\t0", 2},
-        {"7S_S\t0", 2}, {"7S4_B\t0", 2}, {"7S4_D\t0", 2}, {"7S4_S\t0", 0}};
+    const struct
+    {
+        const char* Line;
+        int OnInsert;
+    } decoders[] = {{"7S_\t0", 2},  {"7S4_\t0", 2},  {"7S_B\t0", 2},  {"7S_D\t0", 2},
+                    {"7S_S\t0", 2}, {"7S4_B\t0", 2}, {"7S4_D\t0", 2}, {"7S4_S\t0", 0}};
     int column = 1;
     for (const auto& d : decoders) {
         ASSERT_TRUE(grid.Place(column, 1, Cell(d.Line)));
@@ -247,11 +320,15 @@ TEST_F(GridTest, DecodersFollowTheFirstSevenSegmentDisplay)
 TEST_F(GridTest, RotateTurnsGatesAndJumpsOnlyAndIsNotUndoable)
 {
     // Turned: 0: cannot turn
-    const struct { const char* Line; int Turned; const char* TurnedLine; } cases[] = {
-        {"AND \tR", 10013, "AND \tD"},
-        {"JPI \t1,L", 10033, "JPI \t1,U"},
-        {"JPO \t1,R", 10036, "JPO \t1,D"},
-        {"CNT \tC,3,2", 0, "CNT \tC,3,2"}};
+    const struct
+    {
+        const char* Line;
+        int Turned;
+        const char* TurnedLine;
+    } cases[] = {{"AND \tR", 10013, "AND \tD"},
+                 {"JPI \t1,L", 10033, "JPI \t1,U"},
+                 {"JPO \t1,R", 10036, "JPO \t1,D"},
+                 {"CNT \tC,3,2", 0, "CNT \tC,3,2"}};
     for (const auto& c : cases) {
         SCOPED_TRACE(c.Line);
         CPanelGrid fresh(messenger);
@@ -277,8 +354,14 @@ TEST_F(GridTest, RotateTurnsGatesAndJumpsOnlyAndIsNotUndoable)
 
 TEST_F(GridTest, FillRepeatsIntoEmptyCellsUpToAPanelOrTheEdge)
 {
-    const struct { const char* Source; QChar Direction; int Column, Row, Limit; bool Fills;
-                   int Filled; } cases[] = {
+    const struct
+    {
+        const char* Source;
+        QChar Direction;
+        int Column, Row, Limit;
+        bool Fills;
+        int Filled;
+    } cases[] = {
         {"AND \tR", u'D', 5, 5, -1, true, 2}, // up to the NOT at (5, 8)
         {"AND \tR", u'U', 5, 5, -1, true, 4},
         {"AND \tR", u'L', 5, 5, -1, true, 2}, // up to the NOT at (2, 5)
@@ -294,7 +377,10 @@ TEST_F(GridTest, FillRepeatsIntoEmptyCellsUpToAPanelOrTheEdge)
         {"", u'D', 3, 3, -1, false, 0},
     };
     for (const auto& c : cases) {
-        SCOPED_TRACE(QStringLiteral("%1 from %2,%3").arg(c.Direction).arg(c.Column).arg(c.Row)
+        SCOPED_TRACE(QStringLiteral("%1 from %2,%3")
+                         .arg(c.Direction)
+                         .arg(c.Column)
+                         .arg(c.Row)
                          .toStdString());
         CPanelGrid fresh(messenger);
         fresh.SetUseLimits({{AndType, c.Limit}, {CounterType, c.Limit}});

@@ -1,10 +1,10 @@
 // What the time, timer, switch, flip-flop, buzzer, counter, seven-segment and one-number
 // dialogs open with, when they enable OK and the tokens they give.
 #include "buzzerdialoglogic.h"
+#include "core/panels/panelfacts.h"
 #include "counterdialoglogic.h"
 #include "flipflopdialoglogic.h"
 #include "numberdialoglogic.h"
-#include "core/panels/panelfacts.h"
 #include "sevensegdialoglogic.h"
 #include "switchdialoglogic.h"
 #include "timedialoglogic.h"
@@ -14,24 +14,27 @@
 TEST(TimeText, ReadsTokensAndKeepsTheTwentiethSecondGrid)
 {
     // name, token, the time dialog's text
-    const std::tuple<CText, CText, CText> read[] = {
-        {"MinuteAndAHalf", "90.45S", "000130.45"},
-        {"OneDigitFractionIsTenths", "2.5", "000002.50"},
-        {"LeadingZeroFraction", "2.05S", "000002.05"},
-        {"ThirdDecimalIgnored", "1.479S", "000001.47"},
-        {"NoDotIsWholeSeconds", "3", "000003.00"},
-        {"Longest", "32399.00S", "085959.00"},
-        {"NoNumberIsZero", "abc", "000000.00"},
-        {"DotFirstIsZero", ".5S", "000000.00"},
-    }, written[] = {
-        {"RoundsDownToFive", "1.45S", "000001.47"},
-        {"KeepsAMultipleOfFive", "90.45S", "000130.45"},
-        {"Shortest", "0.05S", "000000.05"},
-        {"Longest", "32399.00S", "085959.00"},
-        {"NinetyNineBecomesNinetyFive", "1199.95S", "001959.99"},
-        {"ThreeDigitFraction", "1.45S", "000001.470"},
-        {"NoFractionIsZero", "0.00S", "000130."},
-    };
+    const std::tuple<CText, CText, CText> read[] =
+        {
+            {"MinuteAndAHalf", "90.45S", "000130.45"},
+            {"OneDigitFractionIsTenths", "2.5", "000002.50"},
+            {"LeadingZeroFraction", "2.05S", "000002.05"},
+            {"ThirdDecimalIgnored", "1.479S", "000001.47"},
+            {"NoDotIsWholeSeconds", "3", "000003.00"},
+            {"Longest", "32399.00S", "085959.00"},
+            {"NoNumberIsZero", "abc", "000000.00"},
+            {"DotFirstIsZero", ".5S", "000000.00"},
+        },
+                                          written[] = {
+                                              {"RoundsDownToFive", "1.45S", "000001.47"},
+                                              {"KeepsAMultipleOfFive", "90.45S", "000130.45"},
+                                              {"Shortest", "0.05S", "000000.05"},
+                                              {"Longest", "32399.00S", "085959.00"},
+                                              {"NinetyNineBecomesNinetyFive", "1199.95S",
+                                               "001959.99"},
+                                              {"ThreeDigitFraction", "1.45S", "000001.470"},
+                                              {"NoFractionIsZero", "0.00S", "000130."},
+                                          };
     for (const auto& [name, token, text] : read)
         EXPECT_EQ(CTimeText::FromToken(token).Text(), text) << name;
     for (const auto& [name, token, text] : written)

@@ -1,9 +1,9 @@
 // What the motor, serial, pulse, PWM, network and LCD dialogs open with, when they enable
 // OK and the tokens they give; and the rules every numeric and text field shares.
+#include "core/panels/panelfacts.h"
 #include "counterdialoglogic.h"
 #include "lcddialoglogic.h"
 #include "numberdialoglogic.h"
-#include "core/panels/panelfacts.h"
 #include "pulsedialoglogic.h"
 #include "pwmdialoglogic.h"
 #include "serialindialoglogic.h"
@@ -81,8 +81,7 @@ TEST(SerialInDialogLogic, WritesItsModeValuesAndKeyword)
         {"BitModeSavesTheCount", "UARI", "RxD6", L::Bit, "", 2, "UARI,B,3"},
         {"BitModeWithoutCount", "UARI", "RxD6", L::Bit, "", -1, ""},
         {"NoModeKeepsOkOff", "UARI", "RxD6", L::NoMode, "1", -1, ""},
-        {"NameIsTheLastToken", "UARI,C,1,;Door", "RxD6", L::Compare, "9", -1,
-         "UARI,C,9,;Door"},
+        {"NameIsTheLastToken", "UARI,C,1,;Door", "RxD6", L::Compare, "9", -1, "UARI,C,9,;Door"},
     };
     for (const auto& [name, tokens, port, mode, values, bits, saved] : rows) {
         SCOPED_TRACE(name);
@@ -191,8 +190,7 @@ TEST(WebInAndLcdDialogLogic, OpenAndSave)
     const std::tuple<CText, CText, L::EMode, CText, L::EMode, CText> lcdRows[] = {
         {"ClearStoresTwoQuotes", "LCD,1,\"Hi\"", L::Above, "Hi", L::Clear, "LCD,0,\"\""},
         {"BelowWrapsTheText", "LCD,1,\"Hi\"", L::Above, "Hi", L::Below, "LCD,2,\"Hi\""},
-        {"OwnQuotesStayInside", "LCD,2,\"\"a\"\"", L::Below, "\"a\"", L::Below,
-         "LCD,2,\"\"a\"\""},
+        {"OwnQuotesStayInside", "LCD,2,\"\"a\"\"", L::Below, "\"a\"", L::Below, "LCD,2,\"\"a\"\""},
         {"UnknownModeChecksNothing", "LCD,3,\"x\"", L::NoMode, "x", L::NoMode, ""},
         {"ClearLineOpensEmptyAndNeedsText", "LCD,0,\"\"", L::Clear, "", L::Above, ""},
     };
@@ -249,28 +247,50 @@ std::map<QString, QString> Verdicts(const QString& text)
 TEST(NumericFields, TakeOnlyNumbersInTheirRange)
 {
     const std::tuple<CText, CText, CText> rows[] = {
-        {"CounterValue", "32767", "taken"},   {"CounterValue", " 12 ", "taken"},
-        {"CounterValue", "", "taken"},        {"CounterValue", "x", "selected"},
-        {"CounterValue", "-", "selected"},    {"CounterValue", "1 2", "selected"},
-        {"CounterValue", "32768", "selected"}, {"SerialValue", "255", "taken"},
-        {"SerialValue", "x", "selected"},     {"SerialValue", "-", "selected"},
-        {"SerialValue", "256", "selected"},   {"PwmDuty", "100", "taken"},
-        {"PwmDuty", "x", "selected"},         {"PwmDuty", "-", "selected"},
-        {"PwmDuty", "101", "selected"},       {"PwmFrequency", " 500 ", "taken"},
-        {"PwmFrequency", "100x", "selected"}, {"PwmFrequency", "81921", "selected"},
-        {"PwmFrequency", "9", "refused"},     {"PwmFrequency", "", "refused"},
-        {"MotorSpeed", "25", "taken"},        {"MotorSpeed", "25x", "selected"},
-        {"MotorSpeed", "30001", "selected"},  {"MotorSpeed", "2", "refused"},
-        {"SerialBit", "7", "taken"},          {"SerialBit", "x", "selected"},
-        {"SerialBit", "-", "selected"},       {"SerialBit", "8", "selected"},
-        {"SerialBit", "", "refused"},         {"JumpId", "99", "taken"},
-        {"JumpId", "9x", "selected"},         {"JumpId", "+9", "selected"},
-        {"JumpId", "100", "selected"},        {"JumpId", "0", "refused"},
-        {"Hours", "8", "taken"},              {"Hours", "", "taken"},
-        {"Hours", "x", "selected"},           {"Hours", "12", "selected"},
-        {"Minutes", "59", "taken"},           {"Minutes", "5m", "selected"},
-        {"Minutes", "60", "selected"},        {"Seconds", "-", "selected"},
-        {"Hundredths", "99", "taken"},        {"Hundredths", "x", "selected"},
+        {"CounterValue", "32767", "taken"},
+        {"CounterValue", " 12 ", "taken"},
+        {"CounterValue", "", "taken"},
+        {"CounterValue", "x", "selected"},
+        {"CounterValue", "-", "selected"},
+        {"CounterValue", "1 2", "selected"},
+        {"CounterValue", "32768", "selected"},
+        {"SerialValue", "255", "taken"},
+        {"SerialValue", "x", "selected"},
+        {"SerialValue", "-", "selected"},
+        {"SerialValue", "256", "selected"},
+        {"PwmDuty", "100", "taken"},
+        {"PwmDuty", "x", "selected"},
+        {"PwmDuty", "-", "selected"},
+        {"PwmDuty", "101", "selected"},
+        {"PwmFrequency", " 500 ", "taken"},
+        {"PwmFrequency", "100x", "selected"},
+        {"PwmFrequency", "81921", "selected"},
+        {"PwmFrequency", "9", "refused"},
+        {"PwmFrequency", "", "refused"},
+        {"MotorSpeed", "25", "taken"},
+        {"MotorSpeed", "25x", "selected"},
+        {"MotorSpeed", "30001", "selected"},
+        {"MotorSpeed", "2", "refused"},
+        {"SerialBit", "7", "taken"},
+        {"SerialBit", "x", "selected"},
+        {"SerialBit", "-", "selected"},
+        {"SerialBit", "8", "selected"},
+        {"SerialBit", "", "refused"},
+        {"JumpId", "99", "taken"},
+        {"JumpId", "9x", "selected"},
+        {"JumpId", "+9", "selected"},
+        {"JumpId", "100", "selected"},
+        {"JumpId", "0", "refused"},
+        {"Hours", "8", "taken"},
+        {"Hours", "", "taken"},
+        {"Hours", "x", "selected"},
+        {"Hours", "12", "selected"},
+        {"Minutes", "59", "taken"},
+        {"Minutes", "5m", "selected"},
+        {"Minutes", "60", "selected"},
+        {"Seconds", "-", "selected"},
+        {"Hundredths", "99", "taken"},
+        {"Hundredths", "x", "selected"},
     };
     for (const auto& [field, text, verdict] : rows)
         EXPECT_EQ(Verdicts(QString::fromUtf8(text)).at(field), verdict)
@@ -293,8 +313,7 @@ TEST(NumericFields, AreWrittenAsPlainNumbers)
 
 // A name or text typed into a dialog, written as a line and read back through the factory
 // and the dialog again: what comes back, or "refused" while OK is off.
-template <class Logic>
-QString RoundTrip(const char* tokens, const QString& text)
+template <class Logic> QString RoundTrip(const char* tokens, const QString& text)
 {
     const auto open = [](const QStringList& line) {
         if constexpr (std::is_constructible_v<Logic, QStringList, CPortList>)

@@ -57,9 +57,9 @@ inline QString Fact(CPanel& panel, const QString& key, const QString& value)
         {"rereads", [](CPanel& p) { return MakePanel(p.GetLine())->GetLine() == p.GetLine(); }},
     };
     static const char* const kDialogs[] = {
-        "None",      "Switch",   "FlipFlop",  "Delay",     "Buzzer", "Counter",
+        "None",      "Switch",    "FlipFlop",     "Delay", "Buzzer",   "Counter",
         "SevenSeg",  "StepMotor", "StepMotorOut", "Timer", "SerialIn", "SerialBit",
-        "SerialOut", "Pulse",    "Pwm",       "WebIn",     "Lcd",    "Jump"};
+        "SerialOut", "Pulse",     "Pwm",          "WebIn", "Lcd",      "Jump"};
     CFakeEditor editor;
     if (key == ">name")
         panel.SetName(value);
@@ -123,9 +123,7 @@ inline void CheckPanels(std::initializer_list<std::tuple<CText, CText, CText, CT
 }
 
 // What a dialog's OK writes, tokens joined by commas; "" while OK is disabled.
-template <class Logic>
-QString Saved(const Logic& logic)
+template <class Logic> QString Saved(const Logic& logic)
 {
     return logic.IsOkEnabled() ? logic.Tokens().join(u',') : QString();
 }
-

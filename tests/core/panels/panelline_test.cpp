@@ -78,8 +78,9 @@ TEST(PanelLine, CopyFromTakesWhatTheLineDoesNotCarry)
 
 TEST(PanelValues, ReadNumbersLenientlyAndSortDistinctValues)
 {
-    const std::pair<CText, int> ints[] = {{"8000MHz", 8000}, {"  -12x", -12}, {"+7", 7},
-                {"abc", 0},        {"", 0},         {"99999999999", INT_MAX}};
+    const std::pair<CText, int> ints[] = {{"8000MHz", 8000}, {"  -12x", -12},
+                                          {"+7", 7},         {"abc", 0},
+                                          {"", 0},           {"99999999999", INT_MAX}};
     for (const auto& [text, value] : ints)
         EXPECT_EQ(LeadingInt(text), value) << text;
     const std::pair<QStringList, CText> lists[] = {

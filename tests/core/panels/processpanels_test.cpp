@@ -1,7 +1,7 @@
 // Panels of the process area: counter, delay, flip-flops, jumps, gates, timer, wires,
 // segment decoders, the serial bit and the stepping motor.
-#include "logicpanel.h"
 #include "core/panels/panelfacts.h"
+#include "logicpanel.h"
 
 TEST(ProcessPanels, ShowTheirLine)
 {
@@ -26,7 +26,8 @@ TEST(ProcessPanels, ShowTheirLine)
          "bitmap=10023|>line=FF|bitmap=10023|incomplete=true"},
         {"FlipFlopOkSetsTypeAndPicture", "FF\t\t;old", "",
          "dialog=FlipFlop|>ok=T_FF|line=T_FF|bitmap=10025|incomplete=false"},
-        {"JumpInUp", "JPI\t5,U", "", "bitmap=10033|sides=U|ref=5|line=JPI \t5,U|rotates=true|weight=0"},
+        {"JumpInUp", "JPI\t5,U", "",
+         "bitmap=10033|sides=U|ref=5|line=JPI \t5,U|rotates=true|weight=0"},
         {"JumpInLeft", "JPI\t5,L", "", "bitmap=10034|sides=L|line=JPI \t5,L"},
         {"JumpInOddSideIsLeft", "JPI\t5,Q", "", "bitmap=10034|sides=L|line=JPI \t5,Q"},
         {"JumpOutOddSideIsRight", "JPO\t7,X", "", "bitmap=10035|sides=R|ref=7|line=JPO \t7,X"},
@@ -109,7 +110,8 @@ TEST(ProcessPanels, WiresReadLooselyAndWriteTheTablesForm)
         {"SwappedPairs", "LINE\tLR,UD", "", "bitmap=10008|sides=DLR|line=LINE\tLR,LD"},
         {"UnknownSecondPair", "LINE\tUD,XX", "", "bitmap=10006|sides=UDLR|line=LINE\tUD,LR"},
         // A wire of no kind keeps its text, so a save loses nothing of it.
-        {"NoSuchPair", "LINE\tUR,LR", "", "bitmap=60000|sides=|line=LINE\tUR,LR|incomplete=true|rereads=true"},
+        {"NoSuchPair", "LINE\tUR,LR", "",
+         "bitmap=60000|sides=|line=LINE\tUR,LR|incomplete=true|rereads=true"},
         {"ReversedName", "LINE\tDL", "", "bitmap=60000|line=LINE\tDL"},
         {"ThreePairs", "LINE\tUR,LD,UD", "", "bitmap=60000|line=LINE\tUR,LD,UD"},
         {"CommentFirst", "LINE\t;\tH,PB5\t\t;UR", "", "bitmap=60000|line=LINE\t|rereads=true"},

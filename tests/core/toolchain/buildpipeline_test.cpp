@@ -30,7 +30,8 @@ struct CPipelineFixture : testing::Test
         messenger.Answers = {EAnswer::Cancel}; // the FLASH question
     }
 
-    bool Build(const CFakeBoardDefinition& fake, const char* scenario, const QString& layout = "layouts/a.loc")
+    bool Build(const CFakeBoardDefinition& fake, const char* scenario,
+               const QString& layout = "layouts/a.loc")
     {
         EXPECT_TRUE(sandbox.ReadBoard(fake, board));
         qputenv("QUILLON_FAKE_SCENARIO", scenario);
@@ -48,8 +49,9 @@ TEST_F(CPipelineFixture, SuccessfulBuildCopiesTheHexAndAsksBeforeWriting)
     settings.ClockSource = 2;
     settings.OutputFolder = sandbox.Path("layouts");
     EXPECT_FALSE(Build({}, "hex"));
-    EXPECT_EQ(log.Lines, (QStringList{"The compilation started.", "Pass1...", "Pass2...", "Pass3...",
-                                      "The compilation terminated.", "The FLASH writing was canceled."}));
+    EXPECT_EQ(log.Lines,
+              (QStringList{"The compilation started.", "Pass1...", "Pass2...", "Pass3...",
+                           "The compilation terminated.", "The FLASH writing was canceled."}));
     EXPECT_EQ(messenger.Texts, QStringList{"Build Completed.\nStart to write on FLASH."});
     EXPECT_EQ(sandbox.ReadFile("layouts/a.hex"), ":00000001FF\n");
     // The location file is the layout as saved, in the work folder; the compiler gets its
@@ -70,11 +72,13 @@ TEST_F(CPipelineFixture, FileNamesNeverBecomeArguments)
     EXPECT_TRUE(Build({.WriterCommand = "faketool"}, "hex", R"(layouts/x" -o "y/a" -o "evil.loc)"));
     const QStringList recorded = sandbox.Recorded();
     ASSERT_EQ(recorded.size(), 2);
-    EXPECT_TRUE(recorded[0].startsWith(QStringLiteral("hex [%1] [-o] [").arg(sandbox.Path(R"(work/a" -o "evil.loc)"))))
+    EXPECT_TRUE(recorded[0].startsWith(
+        QStringLiteral("hex [%1] [-o] [").arg(sandbox.Path(R"(work/a" -o "evil.loc)"))))
         << recorded[0].toStdString();
     // The board writer gets the HEX file beside the layout.
-    EXPECT_EQ(recorded[1], QStringLiteral("hex [/C/dev/ttyACM0] [/W2] [%1] cwd=%2")
-                               .arg(sandbox.Path(R"(layouts/x" -o "y/a" -o "evil.hex)"), sandbox.WorkFolder()));
+    EXPECT_EQ(recorded[1],
+              QStringLiteral("hex [/C/dev/ttyACM0] [/W2] [%1] cwd=%2")
+                  .arg(sandbox.Path(R"(layouts/x" -o "y/a" -o "evil.hex)"), sandbox.WorkFolder()));
 }
 
 TEST_F(CPipelineFixture, EveryOutcomeEndsTheLogAsTheUserSeesIt)
@@ -90,32 +94,65 @@ TEST_F(CPipelineFixture, EveryOutcomeEndsTheLogAsTheUserSeesIt)
     };
     const QString stopped = "The compilation stopped.", tool = "\"%tool%\" --x";
     const CRow rows[] = {
-        {"the compiler's error file after an empty line", "err", {"Pass2...", "", "Panel (3,4): the net has two drivers.\r\n", stopped}},
+        {"the compiler's error file after an empty line",
+         "err",
+         {"Pass2...", "", "Panel (3,4): the net has two drivers.\r\n", stopped}},
         {"a crashing compiler", "crash", {"Pass2...", "", stopped}},
-        {"a missing compiler", "hex", {"Pass2...", "Command execution error.\n(nothere,2)", "No such file or directory", "", stopped},
+        {"a missing compiler",
+         "hex",
+         {"Pass2...", "Command execution error.\n(nothere,2)", "No such file or directory", "",
+          stopped},
          {.Compiler = "nothere"}},
-        {"no compiler: the board folder cannot be run", "hex",
-         {"Pass2...", "Command execution error.\n(,13)", "Permission denied", "", stopped}, {.Compiler = ""}},
+        {"no compiler: the board folder cannot be run",
+         "hex",
+         {"Pass2...", "Command execution error.\n(,13)", "Permission denied", "", stopped},
+         {.Compiler = ""}},
         {"an empty HEX file", "empty-hex", {"HEX file was not created."}},
         {"no HEX file", "ok", {"HEX file was not created."}},
-        {"every command runs, empty positions skipped", "hex",
-         {"Pass3...", "first line", "second line", "first line", "second line", "The compilation terminated.",
-          "The FLASH writing was canceled."}, {.Commands = {"@print", "", "@print"}}},
-        {"a failing command stops the list", "hex", {"Pass3...", stopped}, {.Commands = {"@fail", "@print"}}},
-        {"a missing program", "hex", {"Command execution error.\n(" + tool + ",2)", "No such file or directory", stopped},
+        {"every command runs, empty positions skipped",
+         "hex",
+         {"Pass3...", "first line", "second line", "first line", "second line",
+          "The compilation terminated.", "The FLASH writing was canceled."},
+         {.Commands = {"@print", "", "@print"}}},
+        {"a failing command stops the list",
+         "hex",
+         {"Pass3...", stopped},
+         {.Commands = {"@fail", "@print"}}},
+        {"a missing program",
+         "hex",
+         {"Command execution error.\n(" + tool + ",2)", "No such file or directory", stopped},
          {.Commands = {tool}}},
-        {"neither a program nor a script", "hex", {"Command execution error.\n(" + tool + ",8)", "Exec format error", stopped},
-         {.Commands = {tool}}, EAnswer::Cancel, "echo hi\n"},
-        {"a script whose interpreter is missing", "hex",
-         {"Command execution error.\n(" + tool + ",2)", "No such file or directory", stopped}, {.Commands = {tool}},
-         EAnswer::Cancel, "#!/no/such/sh\n"},
+        {"neither a program nor a script",
+         "hex",
+         {"Command execution error.\n(" + tool + ",8)", "Exec format error", stopped},
+         {.Commands = {tool}},
+         EAnswer::Cancel,
+         "echo hi\n"},
+        {"a script whose interpreter is missing",
+         "hex",
+         {"Command execution error.\n(" + tool + ",2)", "No such file or directory", stopped},
+         {.Commands = {tool}},
+         EAnswer::Cancel,
+         "#!/no/such/sh\n"},
         // Lines are passed on whole, however the output arrives; a last one without its end too.
-        {"output in pieces", "hex", {"Pass3...", "first half", "no end", "The compilation terminated.", "The FLASH writing was canceled."},
-         {.Commands = {tool}}, EAnswer::Cancel, "#!/bin/sh\nprintf 'first '\nsleep 0.3\nprintf 'half\\n'\nprintf 'no end'\n"},
-        {"writing needs a writer", "hex", {"The compilation terminated.", "FLASH writer was not setting."}, {}, EAnswer::Ok},
-        {"OK starts the board writer", "hex",
-         {"The compilation terminated.", "The FLASH writing started.", "The FLASH writing terminated."},
-         {.WriterCommand = "faketool"}, EAnswer::Ok},
+        {"output in pieces",
+         "hex",
+         {"Pass3...", "first half", "no end", "The compilation terminated.",
+          "The FLASH writing was canceled."},
+         {.Commands = {tool}},
+         EAnswer::Cancel,
+         "#!/bin/sh\nprintf 'first '\nsleep 0.3\nprintf 'half\\n'\nprintf 'no end'\n"},
+        {"writing needs a writer",
+         "hex",
+         {"The compilation terminated.", "FLASH writer was not setting."},
+         {},
+         EAnswer::Ok},
+        {"OK starts the board writer",
+         "hex",
+         {"The compilation terminated.", "The FLASH writing started.",
+          "The FLASH writing terminated."},
+         {.WriterCommand = "faketool"},
+         EAnswer::Ok},
     };
     settings.Writer.Port = "/dev/ttyACM0";
     const QString script = sandbox.BoardFolder() + "/tool";
@@ -128,10 +165,13 @@ TEST_F(CPipelineFixture, EveryOutcomeEndsTheLogAsTheUserSeesIt)
         }
         CFakeBoardDefinition fake = row.Board;
         for (QString& command : fake.Commands)
-            command = command.startsWith(u'@') ? sandbox.ToolActing(command.mid(1)) : command.replace("%tool%", script);
+            command = command.startsWith(u'@') ? sandbox.ToolActing(command.mid(1))
+                                               : command.replace("%tool%", script);
         messenger.Answers = {row.Answer};
-        EXPECT_EQ(Build(fake, row.Scenario), row.Tail.last().startsWith("The FLASH writing terminated"));
-        EXPECT_EQ(log.Tail(row.Tail.size()), QStringList(row.Tail).replaceInStrings("%tool%", script));
+        EXPECT_EQ(Build(fake, row.Scenario),
+                  row.Tail.last().startsWith("The FLASH writing terminated"));
+        EXPECT_EQ(log.Tail(row.Tail.size()),
+                  QStringList(row.Tail).replaceInStrings("%tool%", script));
     }
 }
 
@@ -160,11 +200,13 @@ TEST_F(CPipelineFixture, CleaningRemovesOldFilesButNotFolders)
 {
     QDir work(sandbox.WorkFolder());
     work.mkdir("BASE.x");
-    for (const char* name : {"old.hex", "BASE.c", "PANEL.txt", "a.inc", "b.log", "c.err", "d.loc", "keep.txt"})
+    for (const char* name :
+         {"old.hex", "BASE.c", "PANEL.txt", "a.inc", "b.log", "c.err", "d.loc", "keep.txt"})
         sandbox.WriteFile(QStringLiteral("work/") + name, "x");
     ASSERT_TRUE(sandbox.ReadBoard({}, board));
     CBuildPipeline(grid, board, settings, log, messenger, finder).CleanWorkFolder();
-    EXPECT_EQ(work.entryList(QDir::AllEntries | QDir::NoDotAndDotDot), (QStringList{"BASE.x", "keep.txt"}));
+    EXPECT_EQ(work.entryList(QDir::AllEntries | QDir::NoDotAndDotDot),
+              (QStringList{"BASE.x", "keep.txt"}));
 }
 
 TEST_F(CPipelineFixture, StopEndsTheRunningProgramAndStartsNothingAfterIt)
@@ -172,9 +214,11 @@ TEST_F(CPipelineFixture, StopEndsTheRunningProgramAndStartsNothingAfterIt)
     QTimer::singleShot(200, [this] { stop.Request(); });
     QElapsedTimer timer;
     timer.start();
-    EXPECT_FALSE(Build({.Commands = {sandbox.ToolActing("sleep"), sandbox.ToolActing("ok")}}, "hex"));
+    EXPECT_FALSE(
+        Build({.Commands = {sandbox.ToolActing("sleep"), sandbox.ToolActing("ok")}}, "hex"));
     EXPECT_LT(timer.elapsed(), 4000) << "the sleeping tool was ended, not waited for";
-    EXPECT_EQ(log.Tail(3), (QStringList{"Pass3...", "Stopped at the user's request.", "The compilation stopped."}));
+    EXPECT_EQ(log.Tail(3), (QStringList{"Pass3...", "Stopped at the user's request.",
+                                        "The compilation stopped."}));
     EXPECT_EQ(sandbox.Recorded().size(), 2) << "the compiler and the sleeping tool, nothing after";
 }
 
@@ -186,8 +230,15 @@ TEST_F(CPipelineFixture, UsersSettingsTakeTheBoardsClockWhenUnsetAndTheWorkFolde
     user.Load();
     user.SetWritePort("/dev/ttyUSB0");
     user.SetWriteCOM(3);
-    ASSERT_TRUE(board.Read(QStringLiteral(QUILLON_TEST_DATA "/boards/netboard"), QString(), messenger)); // clock 1
-    const struct { int Clock; const char* Project; const char* Option; /* the compiler's */ const char* Output; } rows[] = {
+    ASSERT_TRUE(board.Read(QStringLiteral(QUILLON_TEST_DATA "/boards/netboard"), QString(),
+                           messenger)); // clock 1
+    const struct
+    {
+        int Clock;
+        const char* Project;
+        const char* Option; /* the compiler's */
+        const char* Output;
+    } rows[] = {
         {-1, "Project", "-c2", "Project"}, {0, "", "-c1", "work"}, {2, "none", "-c3", "work"}};
     for (const auto& row : rows) {
         user.SetClockSource(row.Clock);
@@ -195,7 +246,10 @@ TEST_F(CPipelineFixture, UsersSettingsTakeTheBoardsClockWhenUnsetAndTheWorkFolde
         const CBuildSettings build = CBuildSettings::From(user, board, sandbox.Path("."));
         EXPECT_EQ(build.WorkFolder, sandbox.WorkFolder());
         EXPECT_EQ(build.OutputFolder, sandbox.Path(row.Output)) << row.Project;
-        EXPECT_EQ(CBuildPipeline(grid, board, build, log, messenger, finder).CompilerCommand().Arguments.last(), row.Option);
+        EXPECT_EQ(CBuildPipeline(grid, board, build, log, messenger, finder)
+                      .CompilerCommand()
+                      .Arguments.last(),
+                  row.Option);
 #ifdef Q_OS_WIN
         EXPECT_EQ(build.Writer.Port, "3");
 #else

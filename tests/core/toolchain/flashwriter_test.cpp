@@ -18,8 +18,10 @@ struct CWriterFixture : testing::Test
     // The board writer's command line as the writer receives it: program, then arguments.
     QStringList Compose(const QString& writerCommand, const QString& param = QString())
     {
-        EXPECT_TRUE(sandbox.ReadBoard({.WriterCommand = writerCommand, .WriterParam = param}, board));
-        const CCommandLine command = CFlashWriter(board, settings, finder, log).BoardCommand("/l/a b.hex");
+        EXPECT_TRUE(
+            sandbox.ReadBoard({.WriterCommand = writerCommand, .WriterParam = param}, board));
+        const CCommandLine command =
+            CFlashWriter(board, settings, finder, log).BoardCommand("/l/a b.hex");
         return command.IsEmpty() ? QStringList() : QStringList{command.Program} + command.Arguments;
     }
 
@@ -52,14 +54,47 @@ struct CWriterFixture : testing::Test
 
 TEST_F(CWriterFixture, BoardWriterCommandLines)
 {
-    const struct { const char* Name; const char* Template; const char* Param; const char* Port; int Wait;
-                   QStringList Expected; /* after the writer's path */ const char* Found = nullptr; /* asked: its answer */ } rows[] = {
-        {"options in order", "w.exe", "-b 115200", "3", 4, {"/C3", "/W4", "/P", "-b", "115200", "/l/a b.hex"}},
-        {"a port in the template gets no second", "w.exe /c3", "", "", 2, {"/c3", "/W2", "/l/a b.hex"}},
+    const struct
+    {
+        const char* Name;
+        const char* Template;
+        const char* Param;
+        const char* Port;
+        int Wait;
+        QStringList Expected;        /* after the writer's path */
+        const char* Found = nullptr; /* asked: its answer */
+    } rows[] = {
+        {"options in order",
+         "w.exe",
+         "-b 115200",
+         "3",
+         4,
+         {"/C3", "/W4", "/P", "-b", "115200", "/l/a b.hex"}},
+        {"a port in the template gets no second",
+         "w.exe /c3",
+         "",
+         "",
+         2,
+         {"/c3", "/W2", "/l/a b.hex"}},
         {"nor a wait", "w.exe /w1 /C7", "", "", 2, {"/w1", "/C7", "/l/a b.hex"}},
-        {"zero wait is still passed", "w", "", "/dev/ttyUSB0", 0, {"/C/dev/ttyUSB0", "/W0", "/l/a b.hex"}},
-        {"quoted template arguments stay whole", "w \"-x a b\"", "", "5", 2, {"-x a b", "/C5", "/W2", "/l/a b.hex"}},
-        {"an unset port is found by the board's interface name", "w", "", "", 2, {"/C/dev/ttyACM1", "/W2", "/l/a b.hex"},
+        {"zero wait is still passed",
+         "w",
+         "",
+         "/dev/ttyUSB0",
+         0,
+         {"/C/dev/ttyUSB0", "/W0", "/l/a b.hex"}},
+        {"quoted template arguments stay whole",
+         "w \"-x a b\"",
+         "",
+         "5",
+         2,
+         {"-x a b", "/C5", "/W2", "/l/a b.hex"}},
+        {"an unset port is found by the board's interface name",
+         "w",
+         "",
+         "",
+         2,
+         {"/C/dev/ttyACM1", "/W2", "/l/a b.hex"},
          "/dev/ttyACM1"},
         {"no board found, no command", "w", "", "", 2, {}, ""},
     };
@@ -72,23 +107,31 @@ TEST_F(CWriterFixture, BoardWriterCommandLines)
         const QStringList command = Compose(row.Template, row.Param);
         EXPECT_EQ(command.mid(1), row.Expected);
         if (!row.Expected.isEmpty()) {
-            EXPECT_EQ(command.value(0), sandbox.BoardFolder() + "/" + QString(row.Template).section(u' ', 0, 0));
+            EXPECT_EQ(command.value(0),
+                      sandbox.BoardFolder() + "/" + QString(row.Template).section(u' ', 0, 0));
         }
         EXPECT_EQ(finder.AskedFor, row.Found ? "FakeSerial" : "");
     }
-    EXPECT_EQ(log.Lines, QStringList{"COM-port scanning was not completed.\r\nPlease set the COM-port number."});
+    EXPECT_EQ(
+        log.Lines,
+        QStringList{"COM-port scanning was not completed.\r\nPlease set the COM-port number."});
 }
 
 TEST_F(CWriterFixture, UserWriterTakesTheHexWhereThePlaceholderStands)
 {
-    const struct { const char* Options; QStringList Arguments; } rows[] = {
+    const struct
+    {
+        const char* Options;
+        QStringList Arguments;
+    } rows[] = {
         {"-f %hex% -v", {"-f", "/l/a \" b.hex", "-v"}},
         {"-v", {}},
         {"%hex% %hex%", {"/l/a \" b.hex", "%hex%"}},
         {"\"-Uflash:w:%hex%:i\" -q", {"-Uflash:w:/l/a \" b.hex:i", "-q"}},
     };
     for (const auto& row : rows) {
-        const CCommandLine command = CFlashWriter::UserCommand("/opt/my writer", row.Options, "/l/a \" b.hex");
+        const CCommandLine command =
+            CFlashWriter::UserCommand("/opt/my writer", row.Options, "/l/a \" b.hex");
         EXPECT_EQ(command.Program, "/opt/my writer") << row.Options;
         EXPECT_EQ(command.Arguments, row.Arguments) << row.Options;
     }
@@ -97,7 +140,13 @@ TEST_F(CWriterFixture, UserWriterTakesTheHexWhereThePlaceholderStands)
 TEST_F(CWriterFixture, BoardWriterIsWatchedAndItsExitCodeDecides)
 {
     settings.Port = "1";
-    const struct { const char* Writer; const char* Scenario; int Readings; QStringList Tail; } rows[] = {
+    const struct
+    {
+        const char* Writer;
+        const char* Scenario;
+        int Readings;
+        QStringList Tail;
+    } rows[] = {
         {"faketool", "ok", 100, {"The FLASH writing terminated."}},
         {"faketool", "fail", 100, {"Error on write on FLASH. code=3"}},
         {"faketool", "crash", 100, {"Error on write on FLASH. code=6"}},
@@ -109,7 +158,8 @@ TEST_F(CWriterFixture, BoardWriterIsWatchedAndItsExitCodeDecides)
     for (const auto& row : rows) {
         SCOPED_TRACE(row.Scenario);
         ASSERT_TRUE(sandbox.ReadBoard({.WriterCommand = row.Writer}, board));
-        EXPECT_EQ(Write(row.Scenario, row.Readings), row.Tail.last() == "The FLASH writing terminated.");
+        EXPECT_EQ(Write(row.Scenario, row.Readings),
+                  row.Tail.last() == "The FLASH writing terminated.");
         EXPECT_EQ(log.Tail(row.Tail.size()), row.Tail);
     }
     qunsetenv("QUILLON_FAKE_SLEEP_MS");

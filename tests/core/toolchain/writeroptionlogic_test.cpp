@@ -13,8 +13,8 @@ struct WriterOption : testing::Test
     QTemporaryDir dir;
     QSettings profile{dir.filePath("profile.ini"), QSettings::IniFormat};
     CSettings settings{&profile, dir.filePath("quillon.ini")};
-    const QList<CSerialDevicePortFinder::CDevice> devices{{"USB2.0-Serial", "QinHeng", "/dev/ttyUSB0"},
-                                                         {"", "", "/dev/ttyS0"}};
+    const QList<CSerialDevicePortFinder::CDevice> devices{
+        {"USB2.0-Serial", "QinHeng", "/dev/ttyUSB0"}, {"", "", "/dev/ttyS0"}};
     void SetUp() override { settings.Load(); }
 };
 
