@@ -19,13 +19,6 @@ namespace {
 // large is a typo, not a plan.
 constexpr int kMaxCommandNumber = 1000000;
 
-QString BoardFilePath(const QString& folder)
-{
-    const bool english = CStringTable::GetLanguage() == ELanguage::English;
-    return QDir(folder).filePath(english ? QStringLiteral("board_e.xml")
-                                         : QStringLiteral("board.xml"));
-}
-
 QString Attribute(const QDomElement& element, const char* name)
 {
     return element.attribute(QString::fromLatin1(name));
@@ -45,16 +38,7 @@ bool CBoardInfo::Read(const QString& folder, const QString&, IMessenger& messeng
 {
     *this = CBoardInfo();
     m_folder = QDir(folder).absolutePath();
-    // Faults of the board file fail the read without a message, except this one: a file
-    // nested that deep is no slip of the pen, and the user should learn why the board was
-    // refused.
-    if (const QString path = BoardFilePath(m_folder); CXmlDepth::Exceeds(path)) {
-        const QString error = CStringTable::Format(
-            Ids::MsgBoardFileTooDeep, {QDir::toNativeSeparators(path), CXmlDepth::Limit});
-        messenger.Message(error, EButtons::Ok, EIcon::Error);
-        return Fail(error);
-    }
-    if (!ReadBoardFile())
+    if (!ReadBoardFile(messenger))
         return false;
     const QDir dir(m_folder);
     // The palettes are named by the board file: they must not lead out of the board folder.
@@ -72,17 +56,29 @@ bool CBoardInfo::Fail(const QString& error)
     return false;
 }
 
-bool CBoardInfo::ReadBoardFile()
+bool CBoardInfo::ReadBoardFile(IMessenger& messenger)
 {
-    const QString path = BoardFilePath(m_folder);
+    const bool english = CStringTable::GetLanguage() == ELanguage::English;
+    const QString path = QDir(m_folder).filePath(english ? QStringLiteral("board_e.xml")
+                                                         : QStringLiteral("board.xml"));
     QFile file(path);
     if (!file.open(QIODevice::ReadOnly))
         return Fail(CStringTable::Format(Ids::BoardFileUnreadable, {path, file.errorString()}));
+    const QByteArray bytes = file.readAll();
+    // Faults of the board file fail the read without a message, except this one: a file
+    // nested that deep is no slip of the pen, and the user should learn why the board was
+    // refused.
+    if (CXmlDepth::Exceeds(bytes)) {
+        const QString error = CStringTable::Format(
+            Ids::MsgBoardFileTooDeep, {QDir::toNativeSeparators(path), CXmlDepth::Limit});
+        messenger.Message(error, EButtons::Ok, EIcon::Error);
+        return Fail(error);
+    }
     QDomDocument document;
     QString xmlError;
     int line = 0;
     int column = 0;
-    if (!document.setContent(&file, &xmlError, &line, &column))
+    if (!document.setContent(bytes, &xmlError, &line, &column))
         return Fail(CStringTable::Format(Ids::BoardXmlError, {path, line, column, xmlError}));
 
     // BOARD must be the very first node inside the document element; not even a comment

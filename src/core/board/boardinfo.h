@@ -80,7 +80,7 @@ class CBoardInfo
     QHash<int, int> UseLimits() const;
 
   private:
-    bool ReadBoardFile();
+    bool ReadBoardFile(IMessenger& messenger);
     bool Fail(const QString& error);
     // The tag of a numbered command whose number is out of range, "" when all read.
     QString ReadCompiler(const QDomElement& compiler);

@@ -41,16 +41,16 @@ CPaletteEntry ReadEntry(const QDomElement& panel, const CPortList& boardPorts)
 bool CPaletteInfo::Read(const QString& path, IMessenger& messenger, const CPortList& boardPorts)
 {
     Clear();
-    if (CXmlDepth::Exceeds(path)) {
+    QFile file(path);
+    const QByteArray bytes = file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray();
+    if (CXmlDepth::Exceeds(bytes)) {
         messenger.Message(CStringTable::Format(Ids::MsgPanelDefinitionTooDeep,
                                                {QDir::toNativeSeparators(path), CXmlDepth::Limit}),
                           EButtons::Ok, EIcon::Error);
         return false;
     }
-    QFile file(path);
     QDomDocument document;
-    if (!file.open(QIODevice::ReadOnly) || !document.setContent(&file) ||
-        document.documentElement().isNull()) {
+    if (!file.isOpen() || !document.setContent(bytes) || document.documentElement().isNull()) {
         messenger.Message(CStringTable::Get(Ids::MsgPanelDefinitionError), EButtons::Ok,
                           EIcon::Error);
         return false;

@@ -1,7 +1,6 @@
 #include "xmldepth.h"
 
 #include <QByteArrayView>
-#include <QFile>
 #include <QXmlStreamReader>
 
 namespace {
@@ -122,11 +121,7 @@ bool StreamExceeds(const QByteArray& bytes, int limit)
 
 } // namespace
 
-bool CXmlDepth::Exceeds(const QString& path)
+bool CXmlDepth::Exceeds(const QByteArray& bytes)
 {
-    QFile file(path);
-    if (!file.open(QIODevice::ReadOnly))
-        return false;
-    const QByteArray bytes = file.readAll();
     return bytes.contains('\0') ? StreamExceeds(bytes, Limit) : CByteScan(bytes).Exceeds(Limit);
 }

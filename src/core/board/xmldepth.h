@@ -1,6 +1,6 @@
 #pragma once
 
-#include <QString>
+#include <QByteArray>
 
 // The XML files of a board folder are small and a few levels deep, but the DOM reader takes
 // time that grows with the square of the nesting depth: a 700 KB file nested 100,000 levels
@@ -13,7 +13,7 @@ class CXmlDepth
     // elements a later board may add.
     static constexpr int Limit = 16;
 
-    // True when an element of the file lies more than Limit levels deep. A file that cannot
-    // be opened or is no XML answers false: the parse that follows finds that fault.
-    static bool Exceeds(const QString& path);
+    // True when an element of the file's bytes lies more than Limit levels deep. Bytes that
+    // are no XML answer false: the parse that follows finds that fault.
+    static bool Exceeds(const QByteArray& bytes);
 };

@@ -19,7 +19,7 @@ class CCheckGrid
 {
   public:
     explicit CCheckGrid(const CPanelGrid& grid)
-        : m_rows(CPanelGrid::GetRowCount()), m_columns(CPanelGrid::GetColumnCount()),
+        : m_grid(grid), m_rows(CPanelGrid::GetRowCount()), m_columns(CPanelGrid::GetColumnCount()),
           m_cells(std::size_t(m_columns + 2) * m_rows)
     {
         for (int column = kOutput; column <= m_columns; ++column)
@@ -35,12 +35,14 @@ class CCheckGrid
 
     QString SidesAt(int column, int row) const
     {
-        if (!Cell(column, row))
+        const CPanelCell* cell = Cell(column, row);
+        if (!cell)
             return QString();
-        // The top of a multi-row panel: up over its continuation cells.
-        while (Cell(column, row) && !Cell(column, row)->GetPanel() && Cell(column, row - 1))
-            --row;
-        const CPanel* panel = TopPanel(column, row);
+        const CPanel* panel = cell->GetPanel();
+        if (!panel) {
+            const CGridPos top = m_grid.TopOf(column, row);
+            panel = TopPanel(top.Column, top.Row);
+        }
         return panel ? panel->GetSides() : QString();
     }
 
@@ -73,6 +75,7 @@ class CCheckGrid
         return inside ? m_cells[Index(column, row)] : nullptr;
     }
 
+    const CPanelGrid& m_grid;
     int m_rows;
     int m_columns;
     std::vector<const CPanelCell*> m_cells;

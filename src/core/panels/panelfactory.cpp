@@ -104,15 +104,18 @@ constexpr qsizetype kRecognisedBytes = 254;
 // this way, without encoding the line first.
 constexpr qsizetype kShortLine = kRecognisedBytes / 3;
 
-QStringView ShortLineKeyword(QStringView line)
+// The first word of a text: leading blanks and TABs skipped, ended by a blank, a TAB or a
+// NUL. One scan for the UTF-8 head of a long line and for a short line as it is.
+template <class View> View FirstWord(View text)
 {
+    const auto blank = [](auto c) { return c == ' ' || c == '\t'; };
     qsizetype begin = 0;
-    while (begin < line.size() && (line[begin] == u' ' || line[begin] == u'\t'))
+    while (begin < text.size() && blank(text[begin]))
         ++begin;
     qsizetype end = begin;
-    while (end < line.size() && line[end] != u' ' && line[end] != u'\t' && line[end] != u'\0')
+    while (end < text.size() && !blank(text[end]) && text[end] != '\0')
         ++end;
-    return line.mid(begin, end - begin);
+    return text.sliced(begin, end - begin);
 }
 
 } // namespace
@@ -120,20 +123,14 @@ QStringView ShortLineKeyword(QStringView line)
 QString CPanelFactory::Keyword(const QString& line)
 {
     const QByteArray head = line.toUtf8().left(kRecognisedBytes);
-    qsizetype begin = 0;
-    while (begin < head.size() && (head[begin] == ' ' || head[begin] == '\t'))
-        ++begin;
-    qsizetype end = begin;
-    while (end < head.size() && head[end] != ' ' && head[end] != '\t' && head[end] != '\0')
-        ++end;
-    return QString::fromUtf8(head.mid(begin, end - begin));
+    return QString::fromUtf8(FirstWord(QByteArrayView(head)));
 }
 
 std::unique_ptr<CPanel> CPanelFactory::Create(const QString& line)
 {
     const QString longKeyword = line.size() > kShortLine ? Keyword(line) : QString();
     const QStringView keyword =
-        line.size() > kShortLine ? QStringView(longKeyword) : ShortLineKeyword(line);
+        line.size() > kShortLine ? QStringView(longKeyword) : FirstWord(QStringView(line));
     for (const CKeyword& k : kKeywords)
         if (keyword == k.Keyword)
             return k.Maker(line);
