@@ -55,9 +55,7 @@ bool CJumpPanel::SetLine(const QString& line)
         // The id and the side stand before any comment. Reading drops empty tokens, so a
         // line without them gets an id of 0 (none yet) and the default side, put before the
         // comment, and reads back as it is written.
-        qsizetype comment = 1;
-        while (comment < m_tokens.size() && !m_tokens[comment].startsWith(u';'))
-            ++comment;
+        const int comment = TokensBeforeComment();
         if (comment < 3) {
             const int id = comment > 1 ? LeadingInt(Token(1)) : 0;
             QStringList tokens{keyword, QString::number(id),

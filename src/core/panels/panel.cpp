@@ -252,6 +252,14 @@ int CPanel::ArgumentCount() const
     return int(m_tokens.size()) - (EndsWithComment() ? 1 : 0);
 }
 
+int CPanel::TokensBeforeComment() const
+{
+    int count = 1;
+    while (count < TokenCount() && !IsComment(m_tokens[count]))
+        ++count;
+    return qMin(count, TokenCount());
+}
+
 bool CPanel::EndsWithComment() const
 {
     return !m_tokens.isEmpty() && IsComment(m_tokens.last());

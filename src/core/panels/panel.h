@@ -156,6 +156,9 @@ class CPanel
     QString CommentName() const;
     // Tokens not counting a final comment.
     int ArgumentCount() const;
+    // The keyword and the arguments before the first comment: what a line is written with,
+    // since nothing after a comment is written.
+    int TokensBeforeComment() const;
     bool EndsWithComment() const;
     // Name + " : " + the given properties, each followed by two blanks, empty ones left out.
     void SetCaptionParts(std::initializer_list<QString> parts);

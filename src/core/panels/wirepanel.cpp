@@ -29,14 +29,9 @@ const CWireKind* KindOf(int bitmapId)
     return nullptr;
 }
 
-int BitmapFor(QStringList tokens)
+// Only the arguments before a comment name the kind.
+int BitmapFor(const QStringList& tokens)
 {
-    // Only the arguments before a comment name the kind.
-    for (qsizetype i = 1; i < tokens.size(); ++i)
-        if (tokens[i].startsWith(u';')) {
-            tokens.resize(i);
-            break;
-        }
     const QString form = tokens.mid(1).join(u',');
     for (const CWireKind& kind : kKinds)
         if (form == QStringView(kind.Form))
@@ -69,7 +64,7 @@ bool CWirePanel::SetLine(const QString& line)
 {
     m_bitmapId = NoPanel;
     CPanel::SetLine(line);
-    m_bitmapId = BitmapFor(m_tokens);
+    m_bitmapId = BitmapFor(m_tokens.mid(0, TokensBeforeComment()));
     const CWireKind* kind = KindOf(m_bitmapId);
     m_sides = kind ? QString::fromUtf16(kind->Sides) : QString();
     if (kind)
@@ -82,7 +77,7 @@ QString CWirePanel::GetLine() const
     const CWireKind* kind = KindOf(m_bitmapId);
     // A line that names no kind is written as it was read, so a save loses nothing; a
     // comment straight after the keyword ends the line, and such a line has nothing to keep.
-    if (!kind && TokenCount() > 1 && !Token(1).startsWith(u';'))
+    if (!kind && TokensBeforeComment() > 1)
         return CPanel::GetLine();
     QString line = QStringLiteral("LINE\t");
     if (kind)

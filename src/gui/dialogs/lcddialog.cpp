@@ -59,8 +59,7 @@ void CLcdDialog::Refresh()
 
 bool CLcdDialog::Run(CPanel& panel, QWidget* parent)
 {
-    CLcdDialog dialog(panel, parent);
-    return dialog.exec() == QDialog::Accepted;
+    return CLcdDialog(panel, parent).exec() == QDialog::Accepted;
 }
 
 bool CLcdDialog::Commit()

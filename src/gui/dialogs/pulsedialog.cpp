@@ -67,8 +67,7 @@ void CPulseDialog::Refresh()
 
 bool CPulseDialog::Run(CPanel& panel, QWidget* parent)
 {
-    CPulseDialog dialog(panel, parent);
-    return dialog.exec() == QDialog::Accepted;
+    return CPulseDialog(panel, parent).exec() == QDialog::Accepted;
 }
 
 bool CPulseDialog::Commit()

@@ -86,8 +86,7 @@ void CPwmDialog::Refresh()
 
 bool CPwmDialog::Run(CPanel& panel, QWidget* parent)
 {
-    CPwmDialog dialog(panel, parent);
-    return dialog.exec() == QDialog::Accepted;
+    return CPwmDialog(panel, parent).exec() == QDialog::Accepted;
 }
 
 bool CPwmDialog::Commit()

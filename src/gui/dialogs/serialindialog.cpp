@@ -92,8 +92,7 @@ void CSerialInDialog::Refresh()
 
 bool CSerialInDialog::Run(CPanel& panel, QWidget* parent)
 {
-    CSerialInDialog dialog(panel, parent);
-    return dialog.exec() == QDialog::Accepted;
+    return CSerialInDialog(panel, parent).exec() == QDialog::Accepted;
 }
 
 bool CSerialInDialog::Commit()

@@ -23,8 +23,7 @@ CSerialOutDialog::CSerialOutDialog(CPanel& panel, QWidget* parent)
 
 bool CSerialOutDialog::Run(CPanel& panel, QWidget* parent)
 {
-    CSerialOutDialog dialog(panel, parent);
-    return dialog.exec() == QDialog::Accepted;
+    return CSerialOutDialog(panel, parent).exec() == QDialog::Accepted;
 }
 
 bool CSerialOutDialog::Commit()

@@ -33,8 +33,7 @@ void CStepMotorDialog::Refresh()
 
 bool CStepMotorDialog::Run(CPanel& panel, QWidget* parent)
 {
-    CStepMotorDialog dialog(panel, parent);
-    return dialog.exec() == QDialog::Accepted;
+    return CStepMotorDialog(panel, parent).exec() == QDialog::Accepted;
 }
 
 bool CStepMotorDialog::Commit()

@@ -55,8 +55,7 @@ void CStepMotorOutDialog::Refresh()
 
 bool CStepMotorOutDialog::Run(CPanel& panel, QWidget* parent)
 {
-    CStepMotorOutDialog dialog(panel, parent);
-    return dialog.exec() == QDialog::Accepted;
+    return CStepMotorOutDialog(panel, parent).exec() == QDialog::Accepted;
 }
 
 bool CStepMotorOutDialog::Commit()

@@ -35,8 +35,7 @@ void CWebInDialog::Refresh()
 
 bool CWebInDialog::Run(CPanel& panel, QWidget* parent)
 {
-    CWebInDialog dialog(panel, parent);
-    return dialog.exec() == QDialog::Accepted;
+    return CWebInDialog(panel, parent).exec() == QDialog::Accepted;
 }
 
 bool CWebInDialog::Commit()
