@@ -157,7 +157,7 @@ void CLayoutFile::Read(CPanelGrid& grid, const QString& text)
     m_placedBy.clear();
     int number = 0;
     for (QStringView line : SplitLines(text))
-        ReadRecord(grid, line.trimmed().toString(), ++number);
+        ReadRecord(grid, line.trimmed(), ++number);
     ReportFaults();
     if (grid.IsOverCapacity())
         m_messenger.Message(CStringTable::Get(Ids::MsgOverLimit));
@@ -204,7 +204,7 @@ std::unique_ptr<CPanelCell> CLayoutFile::MakeCell(const QString& record) const
     return std::make_unique<CPanelCell>(std::move(panel));
 }
 
-void CLayoutFile::ReadRecord(CPanelGrid& grid, const QString& line, int number)
+void CLayoutFile::ReadRecord(CPanelGrid& grid, QStringView line, int number)
 {
     // Headings only guide a reader of the file: each record's prefix names its column.
     if (line.isEmpty() || line.startsWith(u';') || line == u"INPUT" || line == u"PROCESS" ||
@@ -212,14 +212,15 @@ void CLayoutFile::ReadRecord(CPanelGrid& grid, const QString& line, int number)
         return;
     if (line.size() < 5)
         return AddFault(number, CStringTable::Get(Ids::LoadNoRecord));
-    const QStringView prefix = QStringView(line).left(2);
+    // Only the record itself is copied out of the file's text.
+    const QStringView prefix = line.left(2);
     const int column = prefix == u"I_"   ? CPanelGrid::GetInputColumn()
                        : prefix == u"O_" ? CPanelGrid::GetOutputColumn()
-                                         : LeadingInt(prefix.toString());
+                                         : LeadingInt(prefix);
     const int row = LeadingInt(line.mid(2, 2));
     if (!grid.Contains(column, row))
         return AddFault(number, CStringTable::Get(Ids::LoadNoPosition));
-    const QString record = line.mid(5);
+    const QString record = line.mid(5).toString();
     if (record.isEmpty())
         return AddFault(number, CStringTable::Get(Ids::LoadNoRecord));
     // Loading never asks: a second record for a taken position is named, and the first stays.

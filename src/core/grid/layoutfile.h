@@ -46,7 +46,7 @@ public:
     const QString& ErrorString() const { return m_error; }
 
 private:
-    void ReadRecord(CPanelGrid& grid, const QString& line, int number);
+    void ReadRecord(CPanelGrid& grid, QStringView line, int number);
     void AddFault(int number, const QString& why);
     void ReportFaults();
 
