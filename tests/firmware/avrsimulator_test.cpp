@@ -5,15 +5,6 @@
 #include <filesystem>
 #include <fstream>
 
-namespace {
-
-constexpr int PinD2 = 2;
-constexpr int PinB0 = 8;
-constexpr int PinB1 = 9;
-constexpr int PinB5 = 13;
-
-} // namespace
-
 TEST(AvrSimulator, BlinkHasAOneSecondPeriod)
 {
     CAvrSimulator sim;
@@ -21,7 +12,7 @@ TEST(AvrSimulator, BlinkHasAOneSecondPeriod)
     ASSERT_TRUE(sim.RunMs(3200)) << sim.Error();
     EXPECT_EQ(sim.Cycle() / CAvrSimulator::CyclesPerMs, 3200u);
 
-    const auto& changes = sim.Trace(PinB5).Changes();
+    const auto& changes = sim.Trace(PB5).Changes();
     ASSERT_GE(changes.size(), 6u);
     for (std::size_t i = 1; i < changes.size(); ++i) {
         SCOPED_TRACE(i);
@@ -29,13 +20,13 @@ TEST(AvrSimulator, BlinkHasAOneSecondPeriod)
         EXPECT_NEAR(double(changes[i].Cycle - changes[i - 1].Cycle), double(CAvrSimulator::Ms(500)),
                     double(CAvrSimulator::Ms(1)));
     }
-    EXPECT_NEAR(1000.0 / sim.Frequency(PinB5, 0, 3200), 1000.0, 1.0);
-    EXPECT_NEAR(sim.Duty(PinB5, 500, 2500), 0.5, 0.01);
-    EXPECT_EQ(sim.Pulses(PinB5, 0, 3200), 3);
-    EXPECT_EQ(sim.Level(PinB5), changes.back().High);
-    EXPECT_EQ(sim.LastChange(PinB5), std::int64_t(changes.back().Cycle));
+    EXPECT_NEAR(1000.0 / sim.Frequency(PB5, 0, 3200), 1000.0, 1.0);
+    EXPECT_NEAR(sim.Duty(PB5, 500, 2500), 0.5, 0.01);
+    EXPECT_EQ(sim.Pulses(PB5, 0, 3200), 3);
+    EXPECT_EQ(sim.Level(PB5), changes.back().High);
+    EXPECT_EQ(sim.LastChange(PB5), std::int64_t(changes.back().Cycle));
     // The other pins are left alone.
-    EXPECT_EQ(sim.LastChange(PinB1), -1);
+    EXPECT_EQ(sim.LastChange(PB1), -1);
 }
 
 TEST(AvrSimulator, TimeAdvancesExactly)
@@ -71,9 +62,9 @@ TEST(AvrSimulator, PwmDutyAndFrequency)
     CAvrSimulator sim;
     LOAD_PROGRAM(sim, "pwm");
     ASSERT_TRUE(sim.RunMs(50));
-    EXPECT_NEAR(sim.Duty(PinB1, 10, 50), 0.25, 0.01);
-    EXPECT_NEAR(sim.Frequency(PinB1, 10, 50), 2000.0, 1.0);
-    EXPECT_EQ(sim.Pulses(PinB1, 10, 50), 80);
+    EXPECT_NEAR(sim.Duty(PB1, 10, 50), 0.25, 0.01);
+    EXPECT_NEAR(sim.Frequency(PB1, 10, 50), 2000.0, 1.0);
+    EXPECT_EQ(sim.Pulses(PB1, 10, 50), 80);
 }
 
 TEST(AvrSimulator, InputMirroredWithinAMillisecond)
@@ -82,8 +73,8 @@ TEST(AvrSimulator, InputMirroredWithinAMillisecond)
     LOAD_PROGRAM(sim, "mirror");
     ASSERT_TRUE(sim.RunMs(1));
     // Open, the pull-up holds PD2 high.
-    EXPECT_TRUE(sim.Level(PinD2));
-    EXPECT_TRUE(sim.Level(PinB5));
+    EXPECT_TRUE(sim.Level(PD2));
+    EXPECT_TRUE(sim.Level(PB5));
 
     struct CStep
     {
@@ -100,19 +91,19 @@ TEST(AvrSimulator, InputMirroredWithinAMillisecond)
     for (const CStep& step : steps) {
         SCOPED_TRACE(step.Behaviour);
         const std::uint64_t at = sim.Cycle();
-        const std::size_t edges = sim.Trace(PinB0).Changes().size();
+        const std::size_t edges = sim.Trace(PB0).Changes().size();
         if (step.Drive < 0)
-            sim.FloatInput(PinD2);
+            sim.FloatInput(PD2);
         else
-            sim.SetInput(PinD2, step.Drive == 1);
+            sim.SetInput(PD2, step.Drive == 1);
         // The program writes PORTD all the time; a driven input must stay driven.
         ASSERT_TRUE(sim.RunMs(5));
-        EXPECT_EQ(sim.Level(PinD2), step.Expected);
-        EXPECT_EQ(sim.Level(PinB5), step.Expected);
-        ASSERT_GE(sim.LastChange(PinB5), std::int64_t(at));
-        EXPECT_LT(std::uint64_t(sim.LastChange(PinB5)) - at, CAvrSimulator::Ms(1));
+        EXPECT_EQ(sim.Level(PD2), step.Expected);
+        EXPECT_EQ(sim.Level(PB5), step.Expected);
+        ASSERT_GE(sim.LastChange(PB5), std::int64_t(at));
+        EXPECT_LT(std::uint64_t(sim.LastChange(PB5)) - at, CAvrSimulator::Ms(1));
         // One edge in, one interrupt: the firmware's writes to PORTD make no glitch.
-        EXPECT_EQ(sim.Trace(PinB0).Changes().size(), edges + 1);
+        EXPECT_EQ(sim.Trace(PB0).Changes().size(), edges + 1);
     }
 }
 
@@ -174,7 +165,8 @@ TEST(AvrSimulator, CrashedCoreIsAFault)
 
 TEST(AvrSimulator, UnreadableHexFilesAreFaults)
 {
-    const std::filesystem::path folder = std::filesystem::temp_directory_path() / "quillon-avrsim-test";
+    const std::filesystem::path folder =
+        std::filesystem::temp_directory_path() / "quillon-avrsim-test";
     std::filesystem::create_directories(folder);
     struct CRow
     {
@@ -186,7 +178,8 @@ TEST(AvrSimulator, UnreadableHexFilesAreFaults)
     const CRow rows[] = {
         {"missing", "missing.hex", nullptr, "no HEX file"},
         {"not Intel HEX", "text.hex", "hello\n", "does not read as Intel HEX"},
-        {"bad checksum", "checksum.hex", ":0400000001020304F0\n:00000001FF\n", "does not read as Intel HEX"},
+        {"bad checksum", "checksum.hex", ":0400000001020304F0\n:00000001FF\n",
+         "does not read as Intel HEX"},
         // 16 bytes at 0x7ff8, past the 32 KiB of FLASH.
         {"larger than the FLASH", "large.hex",
          ":107FF8000000000000000000000000000000000079\n:00000001FF\n", "does not fit"},
@@ -202,7 +195,7 @@ TEST(AvrSimulator, UnreadableHexFilesAreFaults)
         EXPECT_FALSE(sim.IsRunning());
         EXPECT_NE(sim.Error().find(row.Message), std::string::npos) << sim.Error();
         EXPECT_FALSE(sim.RunMs(1));
-        EXPECT_FALSE(sim.Level(PinB5));
+        EXPECT_FALSE(sim.Level(PB5));
         EXPECT_EQ(sim.LcdLine(0), std::string(16, ' '));
     }
     std::filesystem::remove_all(folder);
@@ -213,10 +206,10 @@ TEST(AvrSimulator, ReloadingStartsAfresh)
     CAvrSimulator sim;
     LOAD_PROGRAM(sim, "blink");
     ASSERT_TRUE(sim.RunMs(600));
-    ASSERT_FALSE(sim.Trace(PinB5).Changes().empty());
+    ASSERT_FALSE(sim.Trace(PB5).Changes().empty());
     LOAD_PROGRAM(sim, "echo");
     EXPECT_EQ(sim.Cycle(), 0u);
-    EXPECT_TRUE(sim.Trace(PinB5).Changes().empty());
+    EXPECT_TRUE(sim.Trace(PB5).Changes().empty());
     ASSERT_TRUE(sim.RunMs(1));
     sim.SendUart("a");
     ASSERT_TRUE(sim.RunMs(30));

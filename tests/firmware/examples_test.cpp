@@ -1,7 +1,6 @@
 // The beginner's examples under examples/: each passes the layout check, builds to a HEX
 // file through the real pipeline and does in the simulator what its name promises.
 #include "firmwaretest.h"
-#include "layoutbuilder.h"
 
 #include <array>
 #include <cstdio>
@@ -9,35 +8,12 @@
 
 namespace {
 
-constexpr int PD2 = 2, PD3 = 3, PD4 = 4, PB2 = 10, PB5 = 13;
-
 std::string ExamplePath(const std::string& name)
 {
     return std::string(QUILLON_EXAMPLES_FOLDER) + "/" + name + ".loc";
 }
 
-#define LOAD_EXAMPLE(simulator, name)                                                      \
-    do {                                                                                   \
-        if (!QUILLON_HAVE_AVR_GCC)                                                         \
-            GTEST_SKIP() << "avr-gcc not found: examples cannot be built";                \
-        const std::string hex = BuildLayout(ExamplePath(name));                            \
-        ASSERT_FALSE(hex.empty()) << "the example " << (name) << " did not build";        \
-        ASSERT_TRUE((simulator).Load(hex)) << (simulator).Error();                        \
-    } while (false)
-
-void RunTo(CAvrSimulator& sim, double ms)
-{
-    ASSERT_GT(ms, sim.NowMs());
-    ASSERT_TRUE(sim.RunMs(ms - sim.NowMs())) << sim.Error();
-}
-
-void Press(CAvrSimulator& sim, int pin)
-{
-    sim.SetInput(pin, true);
-    ASSERT_TRUE(sim.RunMs(40));
-    sim.SetInput(pin, false);
-    ASSERT_TRUE(sim.RunMs(40));
-}
+#define LOAD_EXAMPLE(simulator, name) LOAD_HEX(simulator, LayoutHex(ExamplePath(name)))
 
 } // namespace
 
@@ -47,12 +23,13 @@ class ExampleCheck : public testing::TestWithParam<const char*>
 
 TEST_P(ExampleCheck, PassesTheLayoutCheckOnTheSampleBoard)
 {
-    const std::string command = std::string("\"") + QUILLON_CLI + "\" check \"" + ExamplePath(GetParam()) +
-                                "\" --board \"" + QUILLON_BOARD_FOLDER + "\" 2>&1";
+    const std::string command = std::string("\"") + QUILLON_CLI + "\" check \"" +
+                                ExamplePath(GetParam()) + "\" --board \"" + QUILLON_BOARD_FOLDER +
+                                "\" 2>&1";
     FILE* pipe = popen(command.c_str(), "r");
     ASSERT_NE(pipe, nullptr);
     std::string report;
-    std::array<char, 256> buffer {};
+    std::array<char, 256> buffer{};
     while (fgets(buffer.data(), int(buffer.size()), pipe))
         report += buffer.data();
     const int status = pclose(pipe);
@@ -60,8 +37,8 @@ TEST_P(ExampleCheck, PassesTheLayoutCheckOnTheSampleBoard)
 }
 
 INSTANTIATE_TEST_SUITE_P(Example, ExampleCheck,
-                         testing::Values("blinker", "traffic-light", "latch", "counter-display", "serial-lamp",
-                                         "pushbutton-lamp"),
+                         testing::Values("blinker", "traffic-light", "latch", "counter-display",
+                                         "serial-lamp", "pushbutton-lamp"),
                          [](const testing::TestParamInfo<const char*>& info) {
                              std::string name = info.param;
                              for (char& c : name)
@@ -80,7 +57,9 @@ TEST(Example, BlinkerHasAOneSecondPeriod)
     EXPECT_TRUE(changes[0].High);
     EXPECT_LT(changes[0].Cycle, CAvrSimulator::Ms(3));
     for (std::size_t i = 1; i < changes.size(); ++i)
-        EXPECT_NEAR(double(changes[i].Cycle - changes[i - 1].Cycle) / CAvrSimulator::CyclesPerMs, 500.0, 0.5) << i;
+        EXPECT_NEAR(double(changes[i].Cycle - changes[i - 1].Cycle) / CAvrSimulator::CyclesPerMs,
+                    500.0, 0.5)
+            << i;
     EXPECT_NEAR(sim.Frequency(PB5, 0, 3100), 1.0, 0.002);
 }
 
@@ -93,17 +72,25 @@ TEST(Example, TrafficLightRedGreenYellow)
     EXPECT_TRUE(sim.Level(PD2));
     for (int i = 0; i < 170; ++i) {
         ASSERT_TRUE(sim.RunMs(100));
-        EXPECT_EQ(int(sim.Level(PD2)) + int(sim.Level(PD3)) + int(sim.Level(PD4)), 1) << sim.NowMs();
+        EXPECT_EQ(int(sim.Level(PD2)) + int(sim.Level(PD3)) + int(sim.Level(PD4)), 1)
+            << sim.NowMs();
     }
     // The steady state from the second cycle: the on times of each lamp.
-    struct { int Pin; double OnMs; } const lamps[] = {{PD2, 3000}, {PD4, 3000}, {PD3, 1000}};
+    struct
+    {
+        int Pin;
+        double OnMs;
+    } const lamps[] = {{PD2, 3000}, {PD4, 3000}, {PD3, 1000}};
     for (const auto& lamp : lamps) {
         const auto& changes = sim.Trace(lamp.Pin).Changes();
         int periods = 0;
         for (std::size_t i = 1; i < changes.size(); ++i) {
-            if (changes[i].High || !changes[i - 1].High || changes[i - 1].Cycle < CAvrSimulator::Ms(7000))
+            if (changes[i].High || !changes[i - 1].High ||
+                changes[i - 1].Cycle < CAvrSimulator::Ms(7000))
                 continue;
-            EXPECT_NEAR(double(changes[i].Cycle - changes[i - 1].Cycle) / CAvrSimulator::CyclesPerMs, lamp.OnMs, 1.0)
+            EXPECT_NEAR(double(changes[i].Cycle - changes[i - 1].Cycle) /
+                            CAvrSimulator::CyclesPerMs,
+                        lamp.OnMs, 1.0)
                 << lamp.Pin;
             ++periods;
         }
@@ -120,16 +107,13 @@ TEST(Example, LatchKeepsTheLampOnUntilStop)
     sim.SetInput(PD3, false);
     RunTo(sim, 50);
     EXPECT_FALSE(sim.Level(PB5));
-    Press(sim, PD2);
+    Pulse(sim, PD2, 40, 40);
     RunTo(sim, 600);
     EXPECT_TRUE(sim.Level(PB5)) << "stays on after the start key is released";
-    Press(sim, PD3);
+    Pulse(sim, PD3, 40, 40);
     EXPECT_FALSE(sim.Level(PB5));
     // A bounce shorter than the debounce time does not start it.
-    sim.SetInput(PD2, true);
-    ASSERT_TRUE(sim.RunMs(10));
-    sim.SetInput(PD2, false);
-    ASSERT_TRUE(sim.RunMs(50));
+    Pulse(sim, PD2, 10, 50);
     EXPECT_FALSE(sim.Level(PB5));
 }
 
@@ -137,20 +121,12 @@ TEST(Example, CounterDisplayShowsPressesModuloTen)
 {
     CAvrSimulator sim;
     LOAD_EXAMPLE(sim, "counter-display");
-    constexpr int kFont[10] = {0x3F, 0x06, 0x5B, 0x4F, 0x66, 0x6D, 0x7D, 0x07, 0x7F, 0x6F};
-    auto segments = [&] {
-        int pattern = 0;
-        for (int segment = 0; segment < 8; ++segment)
-            if (sim.Level(PD2 + segment))
-                pattern |= 1 << segment;
-        return pattern;
-    };
     sim.SetInput(PB2, false);
     RunTo(sim, 30);
-    EXPECT_EQ(segments(), kFont[0]);
+    EXPECT_EQ(Segments(sim), kFont[0]);
     for (int presses = 1; presses <= 13; ++presses) {
-        Press(sim, PB2);
-        EXPECT_EQ(segments(), kFont[presses % 10]) << presses;
+        Pulse(sim, PB2, 40, 40);
+        EXPECT_EQ(Segments(sim), kFont[presses % 10]) << presses;
     }
 }
 

@@ -2,100 +2,12 @@
 // (quillon-cli, the panel compiler, avr-gcc) and run in the simulator against what
 // docs/panels.md says the panel does. Times are simulated; the scan is 1 ms.
 #include "firmwaretest.h"
-#include "layoutbuilder.h"
 
 #include <array>
 #include <cmath>
-#include <map>
-#include <optional>
-#include <vector>
+#include <functional>
 
 namespace {
-
-// Header pin numbers of the board.
-enum EPin
-{
-    PD2 = 2,
-    PD3,
-    PD4,
-    PD5,
-    PD6,
-    PD7,
-    PB0 = 8,
-    PB1,
-    PB2,
-    PB3,
-    PB4,
-    PB5,
-    PC0 = 14,
-    PC1,
-    PC2,
-    PC3,
-    PC4,
-    PC5,
-};
-
-// Each layout is built once for all the tests that run it.
-std::string LayoutHex(const std::string& name)
-{
-    static std::map<std::string, std::string> built;
-    auto found = built.find(name);
-    if (found == built.end())
-        found = built
-                    .emplace(name, BuildLayout(std::string(QUILLON_FIRMWARE_LAYOUTS) + "/" + name +
-                                               ".loc"))
-                    .first;
-    return found->second;
-}
-
-#define LOAD_LAYOUT(simulator, name)                                                               \
-    do {                                                                                           \
-        if (!QUILLON_HAVE_AVR_GCC)                                                                 \
-            GTEST_SKIP() << "avr-gcc not found: layouts cannot be built";                          \
-        const std::string hex = LayoutHex(name);                                                   \
-        ASSERT_FALSE(hex.empty()) << "the layout " << (name) << " did not build";                  \
-        ASSERT_TRUE((simulator).Load(hex)) << (simulator).Error();                                 \
-    } while (false)
-
-// The changes of a pin after `fromMs`, in ms.
-std::vector<std::pair<double, bool>> ChangesAfter(const CAvrSimulator& sim, int pin, double fromMs)
-{
-    std::vector<std::pair<double, bool>> changes;
-    for (const CPinChange& change : sim.Trace(pin).Changes())
-        if (change.Cycle >= CAvrSimulator::Ms(fromMs))
-            changes.emplace_back(double(change.Cycle) / double(CAvrSimulator::CyclesPerMs),
-                                 change.High);
-    return changes;
-}
-
-// The first change of a pin to `high` at or after `fromMs`.
-std::optional<double> EdgeAfter(const CAvrSimulator& sim, int pin, double fromMs, bool high)
-{
-    for (const auto& [ms, level] : ChangesAfter(sim, pin, fromMs))
-        if (level == high)
-            return ms;
-    return std::nullopt;
-}
-
-// Runs the simulation up to an absolute time.
-void RunTo(CAvrSimulator& sim, double ms)
-{
-    ASSERT_GT(ms, sim.NowMs());
-    ASSERT_TRUE(sim.RunMs(ms - sim.NowMs())) << sim.Error();
-}
-
-// Segments a..g, dp on PD2..PB1 as one byte, bit 0 = a.
-int Segments(const CAvrSimulator& sim)
-{
-    int pattern = 0;
-    for (int segment = 0; segment < 8; ++segment)
-        if (sim.Level(PD2 + segment))
-            pattern |= 1 << segment;
-    return pattern;
-}
-
-constexpr std::array<int, 16> kFont = {0x3F, 0x06, 0x5B, 0x4F, 0x66, 0x6D, 0x7D, 0x07,
-                                       0x7F, 0x6F, 0x77, 0x7C, 0x39, 0x5E, 0x79, 0x71};
 
 // What each digit of the four-digit display shows, read while it is selected (its pin
 // low, the other three high); -1 for a digit never seen alone.
@@ -121,6 +33,29 @@ std::array<int, 4> FourDigits(CAvrSimulator& sim)
     return digits;
 }
 
+// The distinct values `read` gives, a millisecond apart, over `ms`, starting with the present.
+std::vector<int> Sequence(CAvrSimulator& sim, const std::function<int()>& read, int ms)
+{
+    std::vector<int> seen{read()};
+    for (int i = 0; i < ms; ++i) {
+        EXPECT_TRUE(sim.RunMs(1));
+        if (seen.back() != read())
+            seen.push_back(read());
+    }
+    return seen;
+}
+
+// Four coils as one number, the first pin bit 0.
+std::function<int()> Coils(CAvrSimulator& sim, int first)
+{
+    return [&sim, first] {
+        int coils = 0;
+        for (int coil = 0; coil < 4; ++coil)
+            coils |= int(sim.Level(first + coil)) << coil;
+        return coils;
+    };
+}
+
 } // namespace
 
 // Key (debounced), digital input, gates, jumps and an active-low switch and lamp.
@@ -128,20 +63,16 @@ TEST(FamilyGates, TruthTablesThroughJumps)
 {
     CAvrSimulator sim;
     LOAD_LAYOUT(sim, "gates");
-    struct
-    {
-        bool A, B;
-    } const cases[] = {{false, false}, {true, false}, {false, true}, {true, true}};
-    for (const auto& c : cases) {
-        SCOPED_TRACE(testing::Message() << "a=" << c.A << " b=" << c.B);
-        sim.SetInput(PD2, c.A);
-        sim.SetInput(PD3, c.B);
+    for (const auto& [a, b] : {std::pair{0, 0}, {1, 0}, {0, 1}, {1, 1}}) {
+        SCOPED_TRACE(testing::Message() << "a=" << a << " b=" << b);
+        sim.SetInput(PD2, a);
+        sim.SetInput(PD3, b);
         ASSERT_TRUE(sim.RunMs(30));
-        EXPECT_EQ(sim.Level(PB0), c.A && c.B) << "AND";
-        EXPECT_EQ(sim.Level(PB1), c.A || c.B) << "OR";
-        EXPECT_EQ(sim.Level(PB2), c.A != c.B) << "XOR";
-        EXPECT_EQ(sim.Level(PB3), !c.A) << "NOT R";
-        EXPECT_EQ(sim.Level(PC2), !c.A) << "NOT D";
+        EXPECT_EQ(sim.Level(PB0), a && b) << "AND";
+        EXPECT_EQ(sim.Level(PB1), a || b) << "OR";
+        EXPECT_EQ(sim.Level(PB2), a != b) << "XOR";
+        EXPECT_EQ(sim.Level(PB3), !a) << "NOT R";
+        EXPECT_EQ(sim.Level(PC2), !a) << "NOT D";
         EXPECT_TRUE(sim.Level(PB4)) << "ON";
         EXPECT_FALSE(sim.Level(PC1)) << "OFF";
     }
@@ -151,27 +82,15 @@ TEST(FamilyGates, KeyIsDebouncedFor20Ms)
 {
     CAvrSimulator sim;
     LOAD_LAYOUT(sim, "gates");
-    sim.SetInput(PD2, false);
-    sim.SetInput(PD3, true);
-    RunTo(sim, 50);
+    Play(sim, {{0, PD2, 0}, {0, PD3, 1}}, 50);
     // A bouncing contact never keeps its level for 20 ms: the AND stays off.
-    for (int i = 0; i < 6; ++i) {
-        sim.SetInput(PD2, true);
-        ASSERT_TRUE(sim.RunMs(15));
-        sim.SetInput(PD2, false);
-        ASSERT_TRUE(sim.RunMs(3));
-    }
-    EXPECT_EQ(sim.Trace(PB0).Changes().size(), 0u);
-    RunTo(sim, 200);
-    sim.SetInput(PD2, true);
-    RunTo(sim, 260);
-    const std::optional<double> on = EdgeAfter(sim, PB0, 200, true);
-    ASSERT_TRUE(on);
-    EXPECT_GE(*on, 219.0);
-    EXPECT_LE(*on, 222.0);
+    for (int i = 0; i < 6; ++i)
+        Pulse(sim, PD2, 15, 3);
+    EXPECT_TRUE(sim.Trace(PB0).Changes().empty());
+    Play(sim, {{200, PD2, 1}}, 260);
+    ExpectEdges(sim, PB0, 200, {{true, 219, 222}});
     // The digital input is not debounced: B off turns the AND off within a scan.
-    sim.SetInput(PD3, false);
-    RunTo(sim, 262);
+    Play(sim, {{260, PD3, 0}}, 262);
     EXPECT_FALSE(sim.Level(PB0));
 }
 
@@ -184,14 +103,9 @@ TEST(FamilyGates, KeyTakesALevelOnlyAfterItHeld20Ms)
     LOAD_LAYOUT(sim, "gates");
     // When the scan reads: the digital input reaches its active-low output (PC3) in the
     // scan that read it, a few microseconds after the read.
-    sim.SetInput(PD2, false);
-    sim.SetInput(PD3, true);
-    RunTo(sim, 10);
-    sim.SetInput(PD3, false);
-    RunTo(sim, 15);
+    Play(sim, {{0, PD2, 0}, {0, PD3, 1}, {10, PD3, 0}, {15, PD3, 1}}, 16);
     const std::optional<double> read = EdgeAfter(sim, PC3, 10, true);
     ASSERT_TRUE(read);
-    sim.SetInput(PD3, true);
     const struct
     {
         const char* Behaviour;
@@ -211,307 +125,120 @@ TEST(FamilyGates, KeyTakesALevelOnlyAfterItHeld20Ms)
         RunTo(sim, sim.NowMs() + 50);
         ASSERT_EQ(sim.Level(PB0), row.Pressed);
         const double start = *read + std::ceil(sim.NowMs() - *read + 1) - 0.25;
-        RunTo(sim, start);
-        sim.SetInput(PD2, !row.Pressed);
-        RunTo(sim, start + row.Ms);
-        sim.SetInput(PD2, row.Pressed);
-        RunTo(sim, start + row.Ms + 30);
+        Play(sim, {{start, PD2, !row.Pressed}, {start + row.Ms, PD2, row.Pressed}},
+             start + row.Ms + 30);
         EXPECT_EQ(EdgeAfter(sim, PB0, start, !row.Pressed).has_value(), row.Taken);
     }
 }
 
-TEST(FamilyGates, ActiveLowSwitchWithPullUpDrivesActiveLowLamp)
+// The simulator records an output from its first change after the pin became an output, so
+// the active-low lamp is watched through a full off-on cycle.
+TEST(FamilyGates, ActiveLowSwitchWithPullUpAndActiveLowOutputs)
 {
     CAvrSimulator sim;
     LOAD_LAYOUT(sim, "gates");
-    // The simulator records an output from its first change after the pin became an
-    // output, so the lamp is watched through a full off-on cycle.
-    RunTo(sim, 5);
-    sim.SetInput(PD4, false); // contact closed: on, the low-active lamp pin low
-    RunTo(sim, 50);
-    sim.FloatInput(PD4); // open contact: the pull-up reads high, off
-    RunTo(sim, 100);
-    sim.SetInput(PD4, false);
-    RunTo(sim, 150);
-    const auto changes = ChangesAfter(sim, PB5, 30);
-    ASSERT_EQ(changes.size(), 2u);
-    EXPECT_TRUE(changes[0].second);
-    EXPECT_GE(changes[0].first, 69.0) << "debounced";
-    EXPECT_LE(changes[0].first, 72.0);
-    EXPECT_FALSE(changes[1].second);
-    EXPECT_GE(changes[1].first, 119.0);
-    EXPECT_LE(changes[1].first, 122.0);
-}
-
-TEST(FamilyGates, DigitalOutputActiveLowFollowsAJumpWithinAScan)
-{
-    CAvrSimulator sim;
-    LOAD_LAYOUT(sim, "gates");
-    // DGO L on PC3 fed by the digital input PD3 through a jump: on is a low pin.
-    sim.SetInput(PD3, true);
-    RunTo(sim, 20);
-    sim.SetInput(PD3, false);
-    RunTo(sim, 40);
-    sim.SetInput(PD3, true);
-    RunTo(sim, 60);
-    const auto changes = ChangesAfter(sim, PC3, 10);
-    ASSERT_EQ(changes.size(), 2u);
-    EXPECT_TRUE(changes[0].second);
-    EXPECT_GE(changes[0].first, 20.0);
-    EXPECT_LE(changes[0].first, 21.0);
-    EXPECT_FALSE(changes[1].second);
-    EXPECT_GE(changes[1].first, 40.0);
-    EXPECT_LE(changes[1].first, 41.0);
+    // The switch: closed is on (the lamp pin low), open reads high through the pull-up.
+    // The digital output (PC3, active low) follows the digital input PD3 through a jump.
+    Play(sim, {{0, PD3, 1}, {5, PD4, 0}, {20, PD3, 0}, {40, PD3, 1}, {50, PD4, -1}, {100, PD4, 0}},
+         150);
+    ExpectEdges(sim, PB5, 30, {{true, 69, 72}, {false, 119, 122}});
+    ExpectEdges(sim, PC3, 10, {{true, 20, 21}, {false, 40, 41}});
 }
 
 TEST(FamilyWires, CrossingCornersAndBranchesKeepTheirSignals)
 {
     CAvrSimulator sim;
     LOAD_LAYOUT(sim, "wires");
-    struct
-    {
-        bool A, B, C;
-    } const cases[] = {{true, false, false},
-                       {false, true, false},
-                       {false, false, true},
-                       {true, true, true},
-                       {false, false, false}};
-    for (const auto& c : cases) {
-        SCOPED_TRACE(testing::Message() << c.A << c.B << c.C);
-        sim.SetInput(PD2, c.A);
-        sim.SetInput(PD3, c.B);
-        sim.SetInput(PD4, c.C);
+    for (const auto& [a, b, c] :
+         {std::array{1, 0, 0}, {0, 1, 0}, {0, 0, 1}, {1, 1, 1}, {0, 0, 0}}) {
+        SCOPED_TRACE(testing::Message() << a << b << c);
+        sim.SetInput(PD2, a);
+        sim.SetInput(PD3, b);
+        sim.SetInput(PD4, c);
         ASSERT_TRUE(sim.RunMs(3));
-        EXPECT_EQ(sim.Level(PB0), c.A) << "branch L-R-D, run on";
-        EXPECT_EQ(sim.Level(PB1), c.B) << "crossing L-R";
-        EXPECT_EQ(sim.Level(PB2), c.A) << "crossing U-D, branch U-D-R";
-        EXPECT_EQ(sim.Level(PB3), c.A) << "two corners U-R";
-        EXPECT_EQ(sim.Level(PB4), c.C) << "two corners L-D, corner U-R";
+        EXPECT_EQ(sim.Level(PB0), a) << "branch L-R-D, run on";
+        EXPECT_EQ(sim.Level(PB1), b) << "crossing L-R";
+        EXPECT_EQ(sim.Level(PB2), a) << "crossing U-D, branch U-D-R";
+        EXPECT_EQ(sim.Level(PB3), a) << "two corners U-R";
+        EXPECT_EQ(sim.Level(PB4), c) << "two corners L-D, corner U-R";
     }
 }
 
-TEST(FamilyTimers, OneShotGivesOnePulseOfTheSetTime)
+// One-shot (PD2 to PB0), retriggerable one-shot (PD3, PB1), hold (PD4, PB2), toggle
+// (PD5, PB3) and delay (PD6, PB4), side by side. Edges come at the same point of a scan, so
+// the times between them are whole milliseconds.
+TEST(FamilyTimers, EachKindKeepsItsTime)
 {
     CAvrSimulator sim;
     LOAD_LAYOUT(sim, "timers");
-    sim.SetInput(PD2, false);
-    RunTo(sim, 10);
-    sim.SetInput(PD2, true);
-    RunTo(sim, 20);
-    sim.SetInput(PD2, false); // the level after the edge does not matter
-    RunTo(sim, 100);
-    sim.SetInput(PD2, true); // an edge during the pulse is ignored
-    RunTo(sim, 110);
-    sim.SetInput(PD2, false);
-    RunTo(sim, 800);
-    const auto changes = ChangesAfter(sim, PB0, 0);
-    ASSERT_EQ(changes.size(), 2u);
-    EXPECT_TRUE(changes[0].second);
-    EXPECT_LE(changes[0].first, 12.0);
-    // Both edges come at the same point of a scan: whole milliseconds.
-    EXPECT_NEAR(changes[1].first - changes[0].first, 500.0, 0.5);
+    Play(sim,
+         {{0, PD2, 0},   {0, PD3, 0},   {0, PD4, 0},   {0, PD5, 0},   {0, PD6, 0},   {10, PD2, 1},
+          {10, PD3, 1},  {10, PD4, 1},  {10, PD5, 1},  {10, PD6, 1},  {15, PD3, 0},  {20, PD2, 0},
+          {60, PD6, 0},  {100, PD2, 1}, {110, PD2, 0}, {200, PD4, 0}, {200, PD6, 1}, {300, PD3, 1},
+          {305, PD3, 0}, {500, PD6, 0}, {530, PD6, 1}, {700, PD6, 0}, {900, PD5, 0}},
+         1300);
+    // One pulse of the set time: the level after the edge and an edge during it do not count.
+    ExpectEdges(sim, PB0, 0, {{true, 10, 12}, {false, 510, 512}});
+    ExpectGaps(sim, PB0, {500});
+    // Started again at the second edge.
+    ExpectEdges(sim, PB1, 0, {{true, 10, 12}, {false, 800, 802}});
+    ExpectGaps(sim, PB1, {790});
+    // On for the set time after the input turned off.
+    ExpectEdges(sim, PB2, 0, {{true, 10, 12}, {false, 500, 502}});
+    // Flashes while the input is on, and is off at once when it turns off mid-phase.
+    ExpectEdges(sim, PB3, 0,
+                {{true, 10, 12},
+                 {false, 210, 212},
+                 {true, 410, 412},
+                 {false, 610, 612},
+                 {true, 810, 812},
+                 {false, 900, 902}});
+    // Both edges delayed; a 50 ms pulse and a 30 ms gap, shorter than 0.10 s, are dropped.
+    ExpectEdges(sim, PB4, 0, {{true, 300, 302}, {false, 800, 802}});
 }
 
-TEST(FamilyTimers, RetriggerableOneShotStartsAgainAtEachEdge)
-{
-    CAvrSimulator sim;
-    LOAD_LAYOUT(sim, "timers");
-    sim.SetInput(PD3, false);
-    for (const double edge : {10.0, 300.0}) {
-        RunTo(sim, edge);
-        sim.SetInput(PD3, true);
-        RunTo(sim, edge + 5);
-        sim.SetInput(PD3, false);
-    }
-    RunTo(sim, 900);
-    const auto changes = ChangesAfter(sim, PB1, 0);
-    ASSERT_EQ(changes.size(), 2u);
-    EXPECT_NEAR(changes[1].first - changes[0].first, 790.0, 0.5);
-}
-
-TEST(FamilyTimers, HoldStaysOnForTheSetTimeAfterTheInput)
-{
-    CAvrSimulator sim;
-    LOAD_LAYOUT(sim, "timers");
-    sim.SetInput(PD4, false);
-    RunTo(sim, 10);
-    sim.SetInput(PD4, true);
-    RunTo(sim, 200);
-    sim.SetInput(PD4, false);
-    RunTo(sim, 600);
-    const auto changes = ChangesAfter(sim, PB2, 0);
-    ASSERT_EQ(changes.size(), 2u);
-    EXPECT_GE(changes[0].first, 10.0);
-    EXPECT_LE(changes[0].first, 12.0);
-    // Off the set time after the input turned off, within one scan.
-    EXPECT_GE(changes[1].first - 200.0, 300.0);
-    EXPECT_LE(changes[1].first - 200.0, 302.0);
-}
-
-TEST(FamilyTimers, ToggleFlashesWhileTheInputIsOn)
-{
-    CAvrSimulator sim;
-    LOAD_LAYOUT(sim, "timers");
-    sim.SetInput(PD5, false);
-    RunTo(sim, 10);
-    sim.SetInput(PD5, true);
-    RunTo(sim, 900);
-    sim.SetInput(PD5, false);
-    RunTo(sim, 1300);
-    const auto changes = ChangesAfter(sim, PB3, 0);
-    ASSERT_EQ(changes.size(), 6u);
-    EXPECT_TRUE(changes[0].second);
-    EXPECT_LE(changes[0].first, 12.0);
-    for (std::size_t i = 1; i < 5; ++i)
-        EXPECT_NEAR(changes[i].first - changes[i - 1].first, 200.0, 0.5) << i;
-    // Off at once when the input turns off, in the middle of an on phase.
-    EXPECT_FALSE(changes[5].second);
-    EXPECT_GE(changes[5].first, 900.0);
-    EXPECT_LE(changes[5].first, 902.0);
-}
-
-TEST(FamilyDelay, BothEdgesDelayedAndShortPulsesDropped)
-{
-    CAvrSimulator sim;
-    LOAD_LAYOUT(sim, "timers");
-    sim.SetInput(PD6, false);
-    RunTo(sim, 10);
-    sim.SetInput(PD6, true); // 50 ms: shorter than 0.10 s
-    RunTo(sim, 60);
-    sim.SetInput(PD6, false);
-    RunTo(sim, 200);
-    sim.SetInput(PD6, true);
-    RunTo(sim, 500);
-    sim.SetInput(PD6, false); // a 30 ms gap does not reach the output either
-    RunTo(sim, 530);
-    sim.SetInput(PD6, true);
-    RunTo(sim, 700);
-    sim.SetInput(PD6, false);
-    RunTo(sim, 900);
-    const auto changes = ChangesAfter(sim, PB4, 0);
-    ASSERT_EQ(changes.size(), 2u);
-    EXPECT_GE(changes[0].first, 300.0);
-    EXPECT_LE(changes[0].first, 302.0);
-    EXPECT_GE(changes[1].first, 800.0);
-    EXPECT_LE(changes[1].first, 802.0);
-}
-
-TEST(FamilyFlipFlops, RsResetWins)
+// RS (PD2 reset, PD3 set, to PB0), D (PD4 clock, PD5 data, PB1), T (PD6 reset, PD7 toggle, PB2).
+TEST(FamilyFlipFlops, EachKindKeepsItsState)
 {
     CAvrSimulator sim;
     LOAD_LAYOUT(sim, "flipflops");
-    sim.SetInput(PD2, false);
-    sim.SetInput(PD3, false);
-    RunTo(sim, 10);
-    EXPECT_FALSE(sim.Level(PB0));
-    sim.SetInput(PD3, true);
-    RunTo(sim, 20);
-    sim.SetInput(PD3, false);
-    RunTo(sim, 40);
-    EXPECT_TRUE(sim.Level(PB0)) << "keeps the set";
-    sim.SetInput(PD2, true);
-    RunTo(sim, 50);
-    sim.SetInput(PD2, false);
-    RunTo(sim, 60);
-    EXPECT_FALSE(sim.Level(PB0));
-    sim.SetInput(PD2, true);
-    sim.SetInput(PD3, true);
-    RunTo(sim, 80);
-    EXPECT_FALSE(sim.Level(PB0)) << "both on: reset wins";
-    sim.SetInput(PD2, false);
-    RunTo(sim, 83);
-    EXPECT_TRUE(sim.Level(PB0));
-}
-
-TEST(FamilyFlipFlops, DTakesDataAtTheClockEdge)
-{
-    CAvrSimulator sim;
-    LOAD_LAYOUT(sim, "flipflops");
-    sim.SetInput(PD4, false);
-    sim.SetInput(PD5, true);
-    RunTo(sim, 20);
-    EXPECT_FALSE(sim.Level(PB1)) << "no edge yet";
-    sim.SetInput(PD4, true);
-    RunTo(sim, 23);
-    EXPECT_TRUE(sim.Level(PB1));
-    sim.SetInput(PD5, false);
-    RunTo(sim, 40);
-    EXPECT_TRUE(sim.Level(PB1)) << "data changes between edges do nothing";
-    sim.SetInput(PD4, false);
-    RunTo(sim, 45);
-    sim.SetInput(PD4, true);
-    RunTo(sim, 48);
-    EXPECT_FALSE(sim.Level(PB1));
-    sim.SetInput(PD5, true);
-    RunTo(sim, 60);
-    EXPECT_FALSE(sim.Level(PB1)) << "a high clock is no edge";
-}
-
-TEST(FamilyFlipFlops, TToggleAndReset)
-{
-    CAvrSimulator sim;
-    LOAD_LAYOUT(sim, "flipflops");
-    sim.SetInput(PD6, false);
-    sim.SetInput(PD7, false);
-    const bool expected[] = {true, false, true};
-    double t = 10;
-    for (const bool level : expected) {
-        RunTo(sim, t);
-        sim.SetInput(PD7, true);
-        RunTo(sim, t + 5);
-        sim.SetInput(PD7, false);
-        RunTo(sim, t + 10);
-        EXPECT_EQ(sim.Level(PB2), level) << t;
-        t += 20;
-    }
-    sim.SetInput(PD6, true);
-    RunTo(sim, t + 3);
-    EXPECT_FALSE(sim.Level(PB2)) << "reset";
-    sim.SetInput(PD7, true);
-    RunTo(sim, t + 10);
-    sim.SetInput(PD7, false);
-    RunTo(sim, t + 15);
-    EXPECT_FALSE(sim.Level(PB2)) << "toggle ignored during reset";
-    sim.SetInput(PD6, false);
-    RunTo(sim, t + 20);
-    EXPECT_FALSE(sim.Level(PB2));
-    sim.SetInput(PD7, true);
-    RunTo(sim, t + 25);
-    EXPECT_TRUE(sim.Level(PB2));
+    Play(sim, {{0, PD2, 0},  {0, PD3, 0},  {0, PD4, 0},  {0, PD5, 1},  {0, PD6, 0},  {0, PD7, 0},
+               {10, PD3, 1}, {10, PD7, 1}, {15, PD7, 0}, {20, PD3, 0}, {20, PD4, 1}, {23, PD5, 0},
+               {30, PD7, 1}, {35, PD7, 0}, {40, PD2, 1}, {40, PD4, 0}, {45, PD4, 1}, {48, PD5, 1},
+               {50, PD2, 0}, {50, PD7, 1}, {55, PD7, 0}, {60, PD2, 1}, {60, PD3, 1}, {70, PD6, 1},
+               {73, PD7, 1}, {80, PD2, 0}, {80, PD7, 0}, {85, PD6, 0}, {90, PD7, 1}},
+         95);
+    // Keeps the set; both on: the reset wins.
+    ExpectLevels(sim, PB0, {{10, false}, {40, true}, {60, false}, {80, false}, {83, true}});
+    // Takes the data at a rising clock edge only: not before the first edge, not on data
+    // changes between edges, not while the clock stays high.
+    ExpectLevels(sim, PB1, {{20, false}, {23, true}, {40, true}, {48, false}, {60, false}});
+    // Toggles at each rising edge, ignores them during the reset, and starts from off.
+    ExpectLevels(
+        sim, PB2,
+        {{20, true}, {40, false}, {60, true}, {73, false}, {85, false}, {90, false}, {95, true}});
 }
 
 TEST(FamilyCounter, CyclicWrapsToOne)
 {
     CAvrSimulator sim;
     LOAD_LAYOUT(sim, "counters");
-    sim.SetInput(PD2, false);
-    sim.SetInput(PD3, false);
-    RunTo(sim, 10);
+    Play(sim, {{0, PD2, 0}, {0, PD3, 0}}, 10);
     EXPECT_FALSE(sim.Level(PB0));
     EXPECT_FALSE(sim.Level(PB1));
     // values 3 and 2: counts 1, 2, 3, 1, 2, 3, 1
-    const int counts[] = {1, 2, 3, 1, 2, 3, 1};
-    for (const int count : counts) {
-        sim.SetInput(PD3, true);
-        ASSERT_TRUE(sim.RunMs(5));
-        sim.SetInput(PD3, false);
-        ASSERT_TRUE(sim.RunMs(5));
+    for (const int count : {1, 2, 3, 1, 2, 3, 1}) {
+        Pulse(sim, PD3, 5, 5);
         EXPECT_EQ(sim.Level(PB0), count >= 3) << count;
         EXPECT_EQ(sim.Level(PB1), count >= 2) << count;
     }
     sim.SetInput(PD2, true);
     ASSERT_TRUE(sim.RunMs(3));
-    sim.SetInput(PD3, true); // not counted during reset
-    ASSERT_TRUE(sim.RunMs(5));
-    sim.SetInput(PD3, false);
+    Pulse(sim, PD3, 5, 0); // not counted during reset
     sim.SetInput(PD2, false);
     ASSERT_TRUE(sim.RunMs(5));
-    for (int i = 0; i < 2; ++i) {
-        sim.SetInput(PD3, true);
-        ASSERT_TRUE(sim.RunMs(5));
-        sim.SetInput(PD3, false);
-        ASSERT_TRUE(sim.RunMs(5));
-    }
+    Pulse(sim, PD3, 5, 5);
+    Pulse(sim, PD3, 5, 5);
     EXPECT_TRUE(sim.Level(PB1)) << "count 2 after the reset";
     EXPECT_FALSE(sim.Level(PB0));
 }
@@ -520,15 +247,10 @@ TEST(FamilyCounter, HoldStopsAtTheLargestValue)
 {
     CAvrSimulator sim;
     LOAD_LAYOUT(sim, "counters");
-    sim.SetInput(PD4, false);
-    sim.SetInput(PD5, false);
-    RunTo(sim, 10);
+    Play(sim, {{0, PD4, 0}, {0, PD5, 0}}, 10);
     EXPECT_TRUE(sim.Level(PB4)) << "a value of 0 is reached from the start";
     for (int count = 1; count <= 7; ++count) {
-        sim.SetInput(PD5, true);
-        ASSERT_TRUE(sim.RunMs(5));
-        sim.SetInput(PD5, false);
-        ASSERT_TRUE(sim.RunMs(5));
+        Pulse(sim, PD5, 5, 5);
         EXPECT_EQ(sim.Level(PB2), count >= 4) << count;
         EXPECT_EQ(sim.Level(PB3), count >= 2) << count;
         EXPECT_TRUE(sim.Level(PB4));
@@ -544,62 +266,47 @@ TEST(FamilyBuzzer, TopmostRowChoosesTheTone)
 {
     CAvrSimulator sim;
     LOAD_LAYOUT(sim, "waves");
-    for (const int pin : {PD2, PD4, PD5})
-        sim.SetInput(pin, false);
-    RunTo(sim, 20);
+    Play(sim, {{0, PD2, 0}, {0, PD4, 0}, {0, PD5, 0}}, 20);
     EXPECT_EQ(sim.Pulses(PD3, 0, 20), 0) << "silent";
-    struct
-    {
-        bool R2000, R1000, R500;
-        double Hz;
-    } const cases[] = {{false, false, true, 500},
-                       {false, true, true, 1000},
-                       {true, true, true, 2000},
-                       {true, false, false, 2000},
-                       {false, true, false, 1000}};
-    for (const auto& c : cases) {
-        sim.SetInput(PD2, c.R2000);
-        sim.SetInput(PD4, c.R1000);
-        sim.SetInput(PD5, c.R500);
+    // Rows of 2000, 1000 and 500 Hz on PD2, PD4, PD5; the last row is all off.
+    for (const auto& [r2000, r1000, r500, hz] : {std::array{0, 0, 1, 500},
+                                                 {0, 1, 1, 1000},
+                                                 {1, 1, 1, 2000},
+                                                 {1, 0, 0, 2000},
+                                                 {0, 1, 0, 1000},
+                                                 {0, 0, 0, 0}}) {
+        sim.SetInput(PD2, r2000);
+        sim.SetInput(PD4, r1000);
+        sim.SetInput(PD5, r500);
         const double from = sim.NowMs() + 5;
         ASSERT_TRUE(sim.RunMs(45));
-        EXPECT_NEAR(sim.Frequency(PD3, from, sim.NowMs()), c.Hz, c.Hz * 0.005) << c.Hz;
+        if (hz == 0) {
+            EXPECT_EQ(sim.Pulses(PD3, from, sim.NowMs()), 0);
+            continue;
+        }
+        EXPECT_NEAR(sim.Frequency(PD3, from, sim.NowMs()), hz, hz * 0.005) << hz;
         EXPECT_NEAR(sim.Duty(PD3, from, sim.NowMs()), 0.5, 0.05);
     }
-    for (const int pin : {PD2, PD4, PD5})
-        sim.SetInput(pin, false);
-    ASSERT_TRUE(sim.RunMs(5));
-    const double quiet = sim.NowMs();
-    ASSERT_TRUE(sim.RunMs(20));
-    EXPECT_EQ(sim.Pulses(PD3, quiet, sim.NowMs()), 0);
 }
 
 TEST(FamilyPwm, TopmostRowChoosesTheDuty)
 {
     CAvrSimulator sim;
     LOAD_LAYOUT(sim, "waves");
-    sim.SetInput(PD6, false);
-    sim.SetInput(PD7, false);
-    RunTo(sim, 20);
+    Play(sim, {{0, PD6, 0}, {0, PD7, 0}}, 20);
     EXPECT_FALSE(sim.Level(PB2)) << "no row on: 0 %, pin low";
-    struct
-    {
-        bool R75, R25;
-        double Duty;
-    } const cases[] = {{false, true, 0.25}, {true, true, 0.75}, {true, false, 0.75}};
-    for (const auto& c : cases) {
-        sim.SetInput(PD6, c.R75);
-        sim.SetInput(PD7, c.R25);
+    // Rows of 75 % (PD6) and 25 % (PD7) at 1 kHz; the last case turns the 75 % row off.
+    for (const auto& [r75, r25, percent] :
+         {std::array{0, 1, 25}, {1, 1, 75}, {1, 0, 75}, {0, 0, 0}}) {
+        sim.SetInput(PD6, r75);
+        sim.SetInput(PD7, r25);
         const double from = sim.NowMs() + 5;
         ASSERT_TRUE(sim.RunMs(25));
-        EXPECT_NEAR(sim.Duty(PB2, from, sim.NowMs()), c.Duty, 0.01);
-        EXPECT_NEAR(sim.Frequency(PB2, from, sim.NowMs()), 1000.0, 1.0);
+        EXPECT_NEAR(sim.Duty(PB2, from, sim.NowMs()), percent / 100.0, percent ? 0.01 : 0.0);
+        if (percent > 0) {
+            EXPECT_NEAR(sim.Frequency(PB2, from, sim.NowMs()), 1000.0, 1.0);
+        }
     }
-    sim.SetInput(PD6, false);
-    ASSERT_TRUE(sim.RunMs(5));
-    const double off = sim.NowMs();
-    ASSERT_TRUE(sim.RunMs(10));
-    EXPECT_EQ(sim.Duty(PB2, off, sim.NowMs()), 0.0);
 }
 
 TEST(FamilyPulse, DutyStepsInA4MsPeriod)
@@ -635,17 +342,13 @@ TEST(FamilySerialReceive, CompareRowIsOnForExactlyOneScan)
     RunTo(sim, 10);
     sim.SendUart(std::string(1, char(200)));
     RunTo(sim, 40);
-    const auto changes = ChangesAfter(sim, PB0, 0);
-    ASSERT_EQ(changes.size(), 2u);
-    EXPECT_NEAR(changes[1].first - changes[0].first, 1.0, 0.05);
+    ExpectGaps(sim, PB0, {1.0}, 0.05);
     EXPECT_EQ(sim.Pulses(PB1, 0, 40), 0) << "200 is not the row of 17";
     EXPECT_FALSE(sim.Level(PB2));
 
     sim.SendUart(std::string(1, char(17)));
     RunTo(sim, 200);
-    const auto pulse = ChangesAfter(sim, PB1, 40);
-    ASSERT_EQ(pulse.size(), 2u);
-    EXPECT_NEAR(pulse[1].first - pulse[0].first, 100.0, 0.5);
+    ExpectGaps(sim, PB1, {100.0});
 
     // 5, 99, 5 a frame apart: 99 matches no row, so the flip-flop stays on for two frames.
     sim.SendUart(std::string("\x05\x63\x05", 3));
@@ -662,62 +365,42 @@ TEST(FamilySerialReceive, BitRowsShowTheLastByte)
 {
     CAvrSimulator sim;
     LOAD_LAYOUT(sim, "serialbits");
+    // Bits 7, 6 and 5 on PB0, PB1, PB2, kept until the next byte.
     RunTo(sim, 10);
     sim.SendUart(std::string(1, char(0xA0)));
-    RunTo(sim, 40);
-    EXPECT_TRUE(sim.Level(PB0)) << "bit 7";
-    EXPECT_FALSE(sim.Level(PB1)) << "bit 6";
-    EXPECT_TRUE(sim.Level(PB2)) << "bit 5";
     RunTo(sim, 100);
-    EXPECT_TRUE(sim.Level(PB0)) << "kept until the next byte";
     sim.SendUart(std::string(1, char(0x5F)));
     RunTo(sim, 130);
-    EXPECT_FALSE(sim.Level(PB0));
-    EXPECT_TRUE(sim.Level(PB1));
-    EXPECT_FALSE(sim.Level(PB2));
+    ExpectLevels(sim, PB0, {{40, true}, {100, true}, {130, false}});
+    ExpectLevels(sim, PB1, {{40, false}, {130, true}});
+    ExpectLevels(sim, PB2, {{40, true}, {100, true}, {130, false}});
 }
 
 TEST(FamilySerialSend, ByteFromTheBitPanelsAtEachRisingEdge)
 {
     CAvrSimulator sim;
     LOAD_LAYOUT(sim, "serialbits");
-    sim.SetInput(PD4, false);
-    sim.SetInput(PD2, true);  // bit 0
-    sim.SetInput(PD3, false); // bit 7
-    sim.SetInput(PD5, false); // bit 3, ORed with the bit 3 fed by ON
-    RunTo(sim, 10);
+    // Bit 0 on PD2, bit 7 on PD3, bit 3 on PD5 ORed with a bit 3 fed by ON; PD4 sends.
+    Play(sim, {{0, PD4, 0}, {0, PD2, 1}, {0, PD3, 0}, {0, PD5, 0}}, 10);
     EXPECT_EQ(sim.UartOutput(), "");
-    sim.SetInput(PD4, true);
-    RunTo(sim, 40);
-    EXPECT_EQ(sim.UartOutput(), std::string("\x09", 1));
-    sim.SetInput(PD4, false);
-    sim.SetInput(PD2, false);
-    sim.SetInput(PD3, true);
-    sim.SetInput(PD5, true);
-    RunTo(sim, 60);
-    EXPECT_EQ(sim.UartOutput(), std::string("\x09", 1)) << "a falling edge sends nothing";
+    Play(sim, {{10, PD4, 1}, {40, PD4, 0}, {40, PD2, 0}, {40, PD3, 1}, {40, PD5, 1}}, 60);
+    EXPECT_EQ(sim.UartOutput(), "\x09") << "a falling edge sends nothing";
     // Two edges a byte time apart: two bytes, each with the bits at its own edge.
     sim.ClearUartOutput();
-    for (int i = 0; i < 2; ++i) {
-        sim.SetInput(PD4, true);
-        ASSERT_TRUE(sim.RunMs(5));
-        sim.SetInput(PD4, false);
-        ASSERT_TRUE(sim.RunMs(5));
-        sim.SetInput(PD2, true); // the second byte has bit 0
-    }
+    Pulse(sim, PD4, 5, 5);
+    sim.SetInput(PD2, true);
+    Pulse(sim, PD4, 5, 5);
     RunTo(sim, 120);
-    EXPECT_EQ(sim.UartOutput(), std::string("\x88\x89", 2));
+    EXPECT_EQ(sim.UartOutput(), "\x88\x89");
 }
 
 TEST(FamilyLcd, TextAppearsWithin34MsOfTheEdge)
 {
     CAvrSimulator sim;
     LOAD_LAYOUT(sim, "lcd");
-    sim.SetInput(PD2, false);
-    RunTo(sim, 150);
+    Play(sim, {{0, PD2, 0}}, 150);
     EXPECT_EQ(sim.LcdLine(1), std::string(16, ' '));
-    sim.SetInput(PD2, true);
-    RunTo(sim, 152);
+    Play(sim, {{150, PD2, 1}}, 152);
     EXPECT_NE(sim.LcdLine(1), "Hello Quillon 16") << "one character a millisecond";
     // The lower line's last column is the refresh's last position before it starts over.
     RunTo(sim, 186);
@@ -725,51 +408,43 @@ TEST(FamilyLcd, TextAppearsWithin34MsOfTheEdge)
     EXPECT_EQ(sim.LcdLine(0), std::string(16, ' '));
 }
 
-TEST(FamilySevenSegment, DigitDecodersLargestWins)
+// Decoders on PB2..PB5 of a one-digit display, each row its inputs and the segments shown.
+TEST(FamilySevenSegment, OneDigitDecoders)
 {
-    CAvrSimulator sim;
-    LOAD_LAYOUT(sim, "sevenseg-digit");
-    struct
+    const struct
     {
-        bool D3, D7, Bit1, D12;
-        int Pattern;
-    } const cases[] = {
-        {false, false, false, false, 0},
-        {true, false, false, false, kFont[3]},
-        {true, true, false, false, kFont[7]},
-        {false, false, true, false, 0}, // a bit decoder on a digit display does nothing
-        {false, false, false, true, 0}, // 12 is no digit of a one-digit display
-        {false, true, true, true, kFont[7]}};
-    for (const auto& c : cases) {
-        sim.SetInput(PB2, c.D3);
-        sim.SetInput(PB3, c.D7);
-        sim.SetInput(PB4, c.Bit1);
-        sim.SetInput(PB5, c.D12);
-        ASSERT_TRUE(sim.RunMs(5));
-        EXPECT_EQ(Segments(sim), c.Pattern) << c.D3 << c.D7 << c.Bit1 << c.D12;
-    }
-}
-
-TEST(FamilySevenSegment, SegmentDecodersAddUp)
-{
-    CAvrSimulator sim;
-    LOAD_LAYOUT(sim, "sevenseg-segment");
-    struct
-    {
-        bool A, G, Dp, D8;
-        int Pattern;
-    } const cases[] = {{false, false, false, false, 0},
-                       {true, false, false, false, 0x01},
-                       {true, true, false, false, 0x41},
-                       {true, true, true, false, 0xC1},
-                       {false, false, false, true, 0}};
-    for (const auto& c : cases) {
-        sim.SetInput(PB2, c.A);
-        sim.SetInput(PB3, c.G);
-        sim.SetInput(PB4, c.Dp);
-        sim.SetInput(PB5, c.D8);
-        ASSERT_TRUE(sim.RunMs(5));
-        EXPECT_EQ(Segments(sim), c.Pattern) << c.A << c.G << c.Dp << c.D8;
+        const char* Layout;
+        const char* Behaviour;
+        std::vector<std::pair<std::array<int, 4>, int>> Rows;
+    } layouts[] = {
+        // Digits 3, 7, a bit decoder and a 12; the largest digit wins, the others do nothing.
+        {"sevenseg-digit",
+         "digit decoders, largest wins",
+         {{{0, 0, 0, 0}, 0},
+          {{1, 0, 0, 0}, kFont[3]},
+          {{1, 1, 0, 0}, kFont[7]},
+          {{0, 0, 1, 0}, 0},
+          {{0, 0, 0, 1}, 0},
+          {{0, 1, 1, 1}, kFont[7]}}},
+        // Segments a, g, dp and a digit 8 that a segment display ignores: they add up.
+        {"sevenseg-segment",
+         "segment decoders add up",
+         {{{0, 0, 0, 0}, 0},
+          {{1, 0, 0, 0}, 0x01},
+          {{1, 1, 0, 0}, 0x41},
+          {{1, 1, 1, 0}, 0xC1},
+          {{0, 0, 0, 1}, 0}}},
+    };
+    for (const auto& layout : layouts) {
+        SCOPED_TRACE(layout.Behaviour);
+        CAvrSimulator sim;
+        LOAD_LAYOUT(sim, layout.Layout);
+        for (const auto& [inputs, pattern] : layout.Rows) {
+            for (int input = 0; input < 4; ++input)
+                sim.SetInput(PB2 + input, inputs[input]);
+            ASSERT_TRUE(sim.RunMs(5));
+            EXPECT_EQ(Segments(sim), pattern) << inputs[0] << inputs[1] << inputs[2] << inputs[3];
+        }
     }
 }
 
@@ -778,18 +453,10 @@ TEST(FamilySevenSegment, FourDigitsByBitShowLeadingZeros)
     CAvrSimulator sim;
     LOAD_LAYOUT(sim, "sevenseg4-bit");
     // bits 0, 2, 5, 15 on PB2, PC1, PC2, PC3
-    sim.SetInput(PB2, true);
-    sim.SetInput(PC1, false);
-    sim.SetInput(PC2, true);
-    sim.SetInput(PC3, false);
-    RunTo(sim, 20);
+    Play(sim, {{0, PB2, 1}, {0, PC1, 0}, {0, PC2, 1}, {0, PC3, 0}}, 20);
     EXPECT_EQ(FourDigits(sim), (std::array<int, 4>{kFont[0], kFont[0], kFont[2], kFont[1]}))
         << "0x0021";
-    sim.SetInput(PB2, false);
-    sim.SetInput(PC1, true);
-    sim.SetInput(PC2, false);
-    sim.SetInput(PC3, true);
-    ASSERT_TRUE(sim.RunMs(5));
+    Play(sim, {{0, PB2, 0}, {0, PC1, 1}, {0, PC2, 0}, {0, PC3, 1}}, sim.NowMs() + 5);
     EXPECT_EQ(FourDigits(sim), (std::array<int, 4>{kFont[8], kFont[0], kFont[0], kFont[4]}))
         << "0x8004";
     // Each digit is selected one millisecond in four.
@@ -804,17 +471,11 @@ TEST(FamilySevenSegment, FourDigitsByNumberRightAligned)
     CAvrSimulator sim;
     LOAD_LAYOUT(sim, "sevenseg4-digit");
     // 7S4_D 1234 on PB2, 7S4_D 7 on PC1, a segment decoder on PC2
-    sim.SetInput(PB2, false);
-    sim.SetInput(PC1, true);
-    sim.SetInput(PC2, true);
-    RunTo(sim, 20);
+    Play(sim, {{0, PB2, 0}, {0, PC1, 1}, {0, PC2, 1}}, 20);
     EXPECT_EQ(FourDigits(sim), (std::array<int, 4>{0, 0, 0, kFont[7]}));
-    sim.SetInput(PB2, true);
-    ASSERT_TRUE(sim.RunMs(5));
+    Play(sim, {{0, PB2, 1}}, sim.NowMs() + 5);
     EXPECT_EQ(FourDigits(sim), (std::array<int, 4>{kFont[1], kFont[2], kFont[3], kFont[4]}));
-    sim.SetInput(PB2, false);
-    sim.SetInput(PC1, false);
-    ASSERT_TRUE(sim.RunMs(5));
+    Play(sim, {{0, PB2, 0}, {0, PC1, 0}}, sim.NowMs() + 5);
     EXPECT_EQ(FourDigits(sim), (std::array<int, 4>{0, 0, 0, 0})) << "no digit decoder on: blank";
 }
 
@@ -822,78 +483,37 @@ TEST(FamilySteppingMotor, OnePhaseStepsEverySpeedMs)
 {
     CAvrSimulator sim;
     LOAD_LAYOUT(sim, "motors");
-    auto coils = [&] {
-        return int(sim.Level(PB0)) | int(sim.Level(PB1)) << 1 | int(sim.Level(PB2)) << 2 |
-               int(sim.Level(PB3)) << 3;
-    };
-    sim.SetInput(PD2, false);
-    sim.SetInput(PD3, false);
-    RunTo(sim, 10);
+    const auto coils = Coils(sim, PB0);
+    Play(sim, {{0, PD2, 0}, {0, PD3, 0}}, 10);
     EXPECT_EQ(coils(), 0);
-    sim.SetInput(PD2, true);
-    RunTo(sim, 13);
+    Play(sim, {{10, PD2, 1}}, 13);
     EXPECT_EQ(coils(), 0x1) << "A at once";
     // Forward: A, B, A', B', A, one step every 10 ms.
-    std::vector<int> seen;
-    for (int i = 0; i < 45; ++i) {
-        ASSERT_TRUE(sim.RunMs(1));
-        if (seen.empty() || seen.back() != coils())
-            seen.push_back(coils());
-    }
-    EXPECT_EQ(seen, (std::vector<int>{0x1, 0x2, 0x4, 0x8, 0x1}));
+    const std::vector<int> forward = Sequence(sim, coils, 45);
+    EXPECT_EQ(forward, (std::vector<int>{0x1, 0x2, 0x4, 0x8, 0x1}));
     const auto changes = ChangesAfter(sim, PB0, 0);
     ASSERT_GE(changes.size(), 3u);
     EXPECT_NEAR(changes[2].first - changes[0].first, 40.0, 0.5) << "A again after four steps";
-    sim.SetInput(PD2, false);
-    ASSERT_TRUE(sim.RunMs(3));
+    Play(sim, {{0, PD2, 0}}, sim.NowMs() + 3);
     EXPECT_EQ(coils(), 0);
-    const int stopped = seen.back();
-    sim.SetInput(PD3, true);
-    sim.SetInput(PD2, true);
-    ASSERT_TRUE(sim.RunMs(3));
-    EXPECT_EQ(coils(), stopped) << "goes on from where it stopped";
-    seen.assign(1, coils());
-    for (int i = 0; i < 35; ++i) {
-        ASSERT_TRUE(sim.RunMs(1));
-        if (seen.back() != coils())
-            seen.push_back(coils());
-    }
-    EXPECT_EQ(seen, (std::vector<int>{0x1, 0x8, 0x4, 0x2})) << "backward";
+    Play(sim, {{0, PD3, 1}, {0, PD2, 1}}, sim.NowMs() + 3);
+    EXPECT_EQ(coils(), forward.back()) << "goes on from where it stopped";
+    EXPECT_EQ(Sequence(sim, coils, 35), (std::vector<int>{0x1, 0x8, 0x4, 0x2})) << "backward";
 }
 
 TEST(FamilyMotorDriver, TwoPhaseCoilsOnA2ToA5)
 {
     CAvrSimulator sim;
     LOAD_LAYOUT(sim, "motordriver");
-    auto coils = [&] {
-        return int(sim.Level(PC2)) | int(sim.Level(PC3)) << 1 | int(sim.Level(PC4)) << 2 |
-               int(sim.Level(PC5)) << 3;
-    };
-    sim.SetInput(PD4, false);
-    sim.SetInput(PD5, false);
-    RunTo(sim, 10);
+    const auto coils = Coils(sim, PC2);
+    Play(sim, {{0, PD4, 0}, {0, PD5, 0}}, 10);
     EXPECT_EQ(coils(), 0);
-    sim.SetInput(PD4, true);
-    RunTo(sim, 12);
+    Play(sim, {{10, PD4, 1}}, 12);
     EXPECT_EQ(coils(), 0x3) << "AB in the same scan";
-    std::vector<int> seen{coils()};
-    for (int i = 0; i < 90; ++i) {
-        ASSERT_TRUE(sim.RunMs(1));
-        if (seen.back() != coils())
-            seen.push_back(coils());
-    }
-    EXPECT_EQ(seen, (std::vector<int>{0x3, 0x6, 0xC, 0x9, 0x3}));
-    const auto changes = ChangesAfter(sim, PC4, 0); // A' on at step 2, off at step 4
-    ASSERT_GE(changes.size(), 2u);
-    EXPECT_NEAR(changes[1].first - changes[0].first, 40.0, 0.5);
+    EXPECT_EQ(Sequence(sim, coils, 90), (std::vector<int>{0x3, 0x6, 0xC, 0x9, 0x3}));
+    ExpectGaps(sim, PC4, {40}); // A' on at step 2, off at step 4
     sim.SetInput(PD5, true);
-    seen.assign(1, coils());
-    for (int i = 0; i < 45; ++i) {
-        ASSERT_TRUE(sim.RunMs(1));
-        if (seen.back() != coils())
-            seen.push_back(coils());
-    }
-    EXPECT_EQ(seen, (std::vector<int>{0x3, 0x9, 0xC})) << "backward";
+    EXPECT_EQ(Sequence(sim, coils, 45), (std::vector<int>{0x3, 0x9, 0xC})) << "backward";
     sim.SetInput(PD4, false);
     ASSERT_TRUE(sim.RunMs(2));
     EXPECT_EQ(coils(), 0) << "coils off while Enable is off";
@@ -903,21 +523,20 @@ TEST(FamilyAnalogInput, ThresholdRows)
 {
     CAvrSimulator sim;
     LOAD_LAYOUT(sim, "analog");
-    struct
-    {
-        int Reading0, Reading1;
-        bool Above800, Above300, Below512;
-    } const cases[] = {{500, 511, false, true, true},
-                       {800, 512, true, true, false},
-                       {799, 0, false, true, true},
-                       {299, 1023, false, false, false},
-                       {300, 100, false, true, true}};
-    for (const auto& c : cases) {
-        sim.SetAnalogReading(0, c.Reading0);
-        sim.SetAnalogReading(1, c.Reading1);
+    // Readings of channels 0 and 1; rows "above 800" and "above 300" of channel 0 on PB0, PB1
+    // and "below 512" of channel 1 on PB2.
+    for (const auto& [reading0, reading1, above800, above300, below512] :
+         {std::array{500, 511, 0, 1, 1},
+          {800, 512, 1, 1, 0},
+          {799, 0, 0, 1, 1},
+          {299, 1023, 0, 0, 0},
+          {300, 100, 0, 1, 1}}) {
+        SCOPED_TRACE(testing::Message() << reading0 << ", " << reading1);
+        sim.SetAnalogReading(0, reading0);
+        sim.SetAnalogReading(1, reading1);
         ASSERT_TRUE(sim.RunMs(4));
-        EXPECT_EQ(sim.Level(PB0), c.Above800) << c.Reading0;
-        EXPECT_EQ(sim.Level(PB1), c.Above300) << c.Reading0;
-        EXPECT_EQ(sim.Level(PB2), c.Below512) << c.Reading1;
+        EXPECT_EQ(sim.Level(PB0), above800);
+        EXPECT_EQ(sim.Level(PB1), above300);
+        EXPECT_EQ(sim.Level(PB2), below512);
     }
 }

@@ -1,7 +1,6 @@
 #include "layoutbuilder.h"
 
 #include <cerrno>
-#include <cstdlib>
 #include <fcntl.h>
 #include <filesystem>
 #include <fstream>
@@ -47,40 +46,36 @@ std::string ReadFile(const fs::path& path)
 
 } // namespace
 
-CLayoutBuilder::CResult CLayoutBuilder::Build(const std::string& layoutPath)
+std::string BuildLayout(const std::string& layoutPath)
 {
-    CResult result;
+    const auto fail = [&](const std::string& why) {
+        std::cerr << "building " << layoutPath << " failed: " << why << std::endl;
+        return std::string();
+    };
     std::error_code error;
-    if (!fs::is_regular_file(layoutPath, error)) {
-        result.Log = "no layout file \"" + layoutPath + "\"";
-        return result;
-    }
     std::string pattern = (fs::temp_directory_path(error) / "quillon-firmware-XXXXXX").string();
-    if (!mkdtemp(pattern.data())) {
-        result.Log = "no temporary folder";
-        return result;
-    }
+    if (!fs::is_regular_file(layoutPath, error) || !mkdtemp(pattern.data()))
+        return fail("no layout file, or no temporary folder");
     const fs::path folder(pattern);
     static CBuiltFolders built;
     built.Add(folder);
     const fs::path layout = folder / fs::path(layoutPath).filename();
-    fs::copy_file(layoutPath, layout, error);
-    if (error) {
-        result.Log = "cannot copy the layout: " + error.message();
-        return result;
-    }
+    if (!fs::copy_file(layoutPath, layout, error))
+        return fail("cannot copy the layout: " + error.message());
 
     const std::string cli = QUILLON_CLI;
-    const std::string board = QUILLON_BOARD_FOLDER;
-    const std::string work = (folder / "work").string();
     const std::string log = (folder / "build.log").string();
-    std::vector<std::string> args = {cli,       "build", layout.string(), "--work", work,
-                                     "--board", board};
+    std::vector<std::string> args = {cli,
+                                     "build",
+                                     layout.string(),
+                                     "--work",
+                                     (folder / "work").string(),
+                                     "--board",
+                                     QUILLON_BOARD_FOLDER};
     std::vector<char*> argv;
     for (std::string& arg : args)
         argv.push_back(arg.data());
     argv.push_back(nullptr);
-
     posix_spawn_file_actions_t actions;
     posix_spawn_file_actions_init(&actions);
     posix_spawn_file_actions_addopen(&actions, STDOUT_FILENO, log.c_str(),
@@ -89,28 +84,14 @@ CLayoutBuilder::CResult CLayoutBuilder::Build(const std::string& layoutPath)
     pid_t child = 0;
     const int failed = posix_spawn(&child, cli.c_str(), &actions, nullptr, argv.data(), environ);
     posix_spawn_file_actions_destroy(&actions);
-    if (failed != 0) {
-        result.Log = "cannot run " + cli;
-        return result;
-    }
+    if (failed != 0)
+        return fail("cannot run " + cli);
     int status = 0;
     while (waitpid(child, &status, 0) < 0 && errno == EINTR) {
     }
-    result.Log = ReadFile(log);
     fs::path hex = layout;
     hex.replace_extension(".hex");
-    result.HexPath = hex.string();
-    result.Ok =
-        WIFEXITED(status) && WEXITSTATUS(status) == 0 && fs::file_size(hex, error) > 0 && !error;
-    return result;
-}
-
-std::string BuildLayout(const std::string& layoutPath)
-{
-    const CLayoutBuilder::CResult result = CLayoutBuilder::Build(layoutPath);
-    if (!result.Ok) {
-        std::cerr << "building " << layoutPath << " failed:\n" << result.Log << std::endl;
-        return std::string();
-    }
-    return result.HexPath;
+    if (!WIFEXITED(status) || WEXITSTATUS(status) != 0 || fs::file_size(hex, error) == 0 || error)
+        return fail(ReadFile(log));
+    return hex.string();
 }
