@@ -152,14 +152,14 @@ class CChecker
 
     void CheckWebPanels()
     {
-        const auto holds = [this](int column, int bitmapId) {
+        const auto holds = [this](int column, EPanelKind kind) {
             for (int row = 1; row <= CPanelGrid::GetRowCount(); ++row)
                 if (const CPanel* panel = m_cells.TopPanel(column, row);
-                    panel && panel->GetBitmapId() == bitmapId)
+                    panel && panel->GetKind() == kind)
                     return true;
             return false;
         };
-        if (!holds(kOutput, 10092) && holds(kInput, 10091))
+        if (!holds(kOutput, EPanelKind::WebOut) && holds(kInput, EPanelKind::WebIn))
             Add(CStringTable::Get(Ids::CheckWebOutMissing));
     }
 
@@ -190,8 +190,8 @@ class CChecker
         for (const QChar side : panel.GetSides()) {
             bool ok = true;
             if (side == u'U')
-                ok =
-                    panel.GetBitmapId() == 10026 || m_cells.SidesAt(column, row - 1).contains(u'D');
+                ok = panel.GetKind() == EPanelKind::Counter ||
+                     m_cells.SidesAt(column, row - 1).contains(u'D');
             else if (side == u'D')
                 ok = m_cells.SidesAt(column, below).contains(u'U');
             else if (side == u'L')
@@ -212,10 +212,9 @@ class CChecker
         for (int column = 1; column <= CPanelGrid::GetColumnCount(); ++column)
             for (int row = 1; row <= CPanelGrid::GetRowCount(); ++row)
                 if (const CPanel* panel = m_cells.TopPanel(column, row)) {
-                    const int id = panel->GetBitmapId();
-                    if (id == 10033 || id == 10034)
+                    if (panel->GetKind() == EPanelKind::JumpIn)
                         ins.append(panel->GetReference());
-                    else if (id == 10035 || id == 10036)
+                    else if (panel->GetKind() == EPanelKind::JumpOut)
                         outs.append(panel->GetReference());
                 }
         for (qsizetype i = ins.size() - 1; i >= 0; --i)

@@ -1,10 +1,6 @@
 #include "panelpins.h"
 
-#include "jumppanel.h"
-#include "logicpanel.h"
 #include "panel.h"
-#include "segmentdecoderpanel.h"
-#include "serialbitpanel.h"
 #include "wirepanel.h"
 
 namespace {
@@ -49,13 +45,13 @@ std::vector<CNetPin> CPanelPins::Of(const CPanel& panel, CGridPos top)
 
 QStringList CPanelPins::PiecesOf(const CPanel& panel)
 {
-    const auto* wire = dynamic_cast<const CWirePanel*>(&panel);
-    return wire ? wire->GetPieces() : QStringList();
+    return panel.GetKind() == EPanelKind::Wire ? static_cast<const CWirePanel&>(panel).GetPieces()
+                                               : QStringList();
 }
 
 int CPanelPins::JumpIdOf(const CPanel& panel)
 {
-    return dynamic_cast<const CJumpPanel*>(&panel) ? qMax(panel.GetReference(), 0) : 0;
+    return IsJump(panel.GetKind()) ? qMax(panel.GetReference(), 0) : 0;
 }
 
 CPanelPins::EBehaviour CPanelPins::BehaviourOf(const CPanel& panel)
@@ -70,12 +66,12 @@ CPanelPins::EBehaviour CPanelPins::BehaviourOf(const CPanel& panel)
     default:
         break;
     }
-    if (dynamic_cast<const CWirePanel*>(&panel) || dynamic_cast<const CJumpPanel*>(&panel))
+    const EPanelKind kind = panel.GetKind();
+    if (kind == EPanelKind::Wire || IsJump(kind))
         return Wire;
-    if (dynamic_cast<const CLogicPanel*>(&panel))
+    if (IsGate(kind))
         return Combinational;
-    if (dynamic_cast<const CSerialBitPanel*>(&panel) ||
-        dynamic_cast<const CSegmentDecoderPanel*>(&panel))
+    if (kind == EPanelKind::SerialBit || kind == EPanelKind::SerialBit0 || IsDecoder(kind))
         return Sink;
     return Storing;
 }

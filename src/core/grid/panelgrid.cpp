@@ -8,21 +8,12 @@
 
 namespace {
 
-constexpr int kSevenSegBitmap = 10088;
-
-// Insert hands the layout's display type only to these decoders; RefreshDecoders also
-// reaches 265. Both lists are kept as the layouts already saved expect them.
-bool TakesVariantOnInsert(int bitmapId)
+// Insert hands the layout's display type to every decoder but the four-digit segment
+// decoder; RefreshDecoders reaches that one too. Both are kept as the layouts already saved
+// expect them.
+bool TakesVariantOnInsert(EPanelKind kind)
 {
-    for (int id : {262, 263, 264, 10038, 10039, 10041, 10042})
-        if (id == bitmapId)
-            return true;
-    return false;
-}
-
-bool TakesVariantOnRefresh(int bitmapId)
-{
-    return bitmapId == 265 || TakesVariantOnInsert(bitmapId);
+    return IsDecoder(kind) && kind != EPanelKind::SegmentDecoder4;
 }
 
 bool IsComplete(const CPanelCell* cell)
@@ -209,7 +200,7 @@ bool CPanelGrid::Insert(int column, int row, std::unique_ptr<CPanelCell> cell)
     m_journal.PutIn({column, row}, placed);
     Count(*placed);
     CPanel* panel = placed->GetPanel();
-    if (TakesVariantOnInsert(panel->GetBitmapId()) && panel->GetVariant() == 0)
+    if (TakesVariantOnInsert(panel->GetKind()) && panel->GetVariant() == 0)
         panel->SetVariant(m_decoderVariant);
     for (int r = row + 1; r < row + height; ++r) {
         std::unique_ptr<CPanelCell>& slot = *Slot(column, r);
@@ -365,13 +356,13 @@ void CPanelGrid::ShiftHorizontally(int lostColumn, EOperation operation)
     m_lastOperation = operation;
 }
 
-CPanelCell* CPanelGrid::FindByType(int bitmapId) const
+CPanelCell* CPanelGrid::FindDisplay() const
 {
     // Every layout read looks for its display, so the cells are walked where they are kept
     // rather than asked for by position; the order stays the input column, the output
     // column, then the process area column by column.
-    const auto holds = [bitmapId](const std::unique_ptr<CPanelCell>& cell) {
-        return cell && cell->GetPanel() && cell->GetPanel()->GetBitmapId() == bitmapId;
+    const auto holds = [](const std::unique_ptr<CPanelCell>& cell) {
+        return cell && cell->GetPanel() && IsSevenSegDisplay(cell->GetPanel()->GetKind());
     };
     for (const auto* side : {&m_input, &m_output})
         for (const std::unique_ptr<CPanelCell>& cell : *side)
@@ -388,10 +379,10 @@ CPanelCell* CPanelGrid::FindByType(int bitmapId) const
 
 void CPanelGrid::RefreshDecoders()
 {
-    const CPanelCell* display = FindByType(kSevenSegBitmap);
+    const CPanelCell* display = FindDisplay();
     m_decoderVariant = display ? display->GetPanel()->GetMode() : 0;
     for (const std::unique_ptr<CPanelCell>& cell : m_process) {
-        if (!cell || !cell->GetPanel() || !TakesVariantOnRefresh(cell->GetPanel()->GetBitmapId()))
+        if (!cell || !cell->GetPanel() || !IsDecoder(cell->GetPanel()->GetKind()))
             continue;
         cell->GetPanel()->SetVariant(m_decoderVariant);
         cell->MakeImage();
@@ -571,7 +562,7 @@ bool CPanelGrid::ReplaceCell(int column, int row, std::unique_ptr<CPanelCell> ce
     Remove(top.Column, top.Row);
     // The dialog changed the panel after the cell drew it.
     cell->MakeImage();
-    const bool isDisplay = cell->GetPanel()->GetBitmapId() == kSevenSegBitmap;
+    const bool isDisplay = IsSevenSegDisplay(cell->GetPanel()->GetKind());
     if (!CanUse(cell->GetTypeId()) || !Insert(top.Column, top.Row, std::move(cell))) {
         Undo();
         return false;

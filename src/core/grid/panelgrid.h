@@ -103,7 +103,7 @@ class CPanelGrid
     bool ShiftUp();
     bool ShiftLeft();
     bool ShiftRight();
-    CPanelCell* FindByType(int bitmapId) const;
+    CPanelCell* FindDisplay() const;
     // After a load or a changed seven-segment LED: the decoders take its display type.
     void RefreshDecoders();
     void ClearAll();

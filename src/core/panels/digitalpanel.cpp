@@ -10,7 +10,7 @@ QString CDigitalPanel::GetPortText() const
 bool CDigitalPanel::SetLine(const QString& line)
 {
     CPanel::SetLine(line);
-    m_bitmapId = BitmapFor(Token(0));
+    m_bitmapId = BitmapFor(GetKind());
     return true;
 }
 
@@ -21,9 +21,9 @@ bool CDigitalPanel::EditProperties(IPropertyEditor& editor)
 
 void CDigitalPanel::UpdateCaption()
 {
-    SetCaptionParts({PortProperty(GetPortText()),
-                     TokenCount() > 1 ? CStringTable::Format(Ids::ActiveFormat, {Token(1)})
-                                      : QString()});
+    SetCaptionParts(
+        {PortProperty(GetPortText()),
+         TokenCount() > 1 ? CStringTable::Format(Ids::ActiveFormat, {Token(1)}) : QString()});
 }
 
 void CDigitalPanel::AcceptProperties(const QStringList& tokens, int)

@@ -16,5 +16,5 @@ public:
 protected:
     explicit CDigitalPanel(const CPanelDefaults& defaults) : CPanel(defaults) {}
     // The picture follows the keyword actually read.
-    virtual int BitmapFor(const QString& keyword) const = 0;
+    virtual int BitmapFor(EPanelKind kind) const = 0;
 };

@@ -14,14 +14,14 @@ CFlipFlopPanel::CFlipFlopPanel(const QString& line)
 
 bool CFlipFlopPanel::IsIncomplete() const
 {
-    return BitmapFor(Token(0)) == 0;
+    return BitmapFor(GetKind()) == 0;
 }
 
 bool CFlipFlopPanel::SetLine(const QString& line)
 {
     CPanel::SetLine(line);
     // An untyped keyword keeps whatever picture the panel had.
-    if (const int id = BitmapFor(Token(0)))
+    if (const int id = BitmapFor(GetKind()))
         m_bitmapId = id;
     InvalidateCaption();
     return true;
@@ -35,12 +35,21 @@ bool CFlipFlopPanel::EditProperties(IPropertyEditor& editor)
 void CFlipFlopPanel::AcceptProperties(const QStringList& tokens, int)
 {
     m_tokens = tokens;
-    if (const int id = BitmapFor(Token(0)))
+    if (const int id = BitmapFor(GetKind()))
         m_bitmapId = id;
     InvalidateCaption();
 }
 
-int CFlipFlopPanel::BitmapFor(const QString& keyword)
+int CFlipFlopPanel::BitmapFor(EPanelKind kind)
 {
-    return keyword == u"RSFF" ? 10023 : keyword == u"D_FF" ? 10024 : keyword == u"T_FF" ? 10025 : 0;
+    switch (kind) {
+    case EPanelKind::RsFlipFlop:
+        return 10023;
+    case EPanelKind::DFlipFlop:
+        return 10024;
+    case EPanelKind::TFlipFlop:
+        return 10025;
+    default:
+        return 0;
+    }
 }

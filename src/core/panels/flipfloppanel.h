@@ -15,5 +15,5 @@ public:
     void AcceptProperties(const QStringList& tokens, int portIndex) override;
 
     // The picture of a typed keyword, 0 for any other.
-    static int BitmapFor(const QString& keyword);
+    static int BitmapFor(EPanelKind kind);
 };

@@ -49,16 +49,15 @@ bool CJumpPanel::IsIncomplete() const
 bool CJumpPanel::SetLine(const QString& line)
 {
     CPanel::SetLine(line);
-    const QString keyword = Token(0);
-    const bool in = keyword == u"JPI";
-    if (in || keyword == u"JPO") {
+    const bool in = GetKind() == EPanelKind::JumpIn;
+    if (in || GetKind() == EPanelKind::JumpOut) {
         // The id and the side stand before any comment. Reading drops empty tokens, so a
         // line without them gets an id of 0 (none yet) and the default side, put before the
         // comment, and reads back as it is written.
         const int comment = TokensBeforeComment();
         if (comment < 3) {
             const int id = comment > 1 ? LeadingInt(Token(1)) : 0;
-            QStringList tokens{keyword, QString::number(id),
+            QStringList tokens{Token(0), QString::number(id),
                                in ? QStringLiteral("L") : QStringLiteral("R")};
             if (comment < m_tokens.size())
                 tokens.append(m_tokens[comment]);

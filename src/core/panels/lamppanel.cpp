@@ -22,7 +22,7 @@ QString CLampPanel::GetComment(int) const
     return QString();
 }
 
-int CLampPanel::BitmapFor(const QString& keyword) const
+int CLampPanel::BitmapFor(EPanelKind kind) const
 {
-    return keyword == u"LAMP" ? 10083 : 10084;
+    return kind == EPanelKind::Lamp ? 10083 : 10084;
 }

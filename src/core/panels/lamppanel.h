@@ -13,5 +13,5 @@ public:
     QString GetComment(int i) const override;
 
 protected:
-    int BitmapFor(const QString& keyword) const override;
+    int BitmapFor(EPanelKind kind) const override;
 };

@@ -1,5 +1,6 @@
 #include "panel.h"
 
+#include "panelfactory.h"
 #include "stringtable.h"
 
 namespace {
@@ -52,6 +53,11 @@ QString CPanel::GetComment(int) const
 bool CPanel::Rotate()
 {
     return false;
+}
+
+EPanelKind CPanel::GetKind() const
+{
+    return m_tokens.isEmpty() ? EPanelKind::None : CPanelFactory::KindOf(m_tokens.first());
 }
 
 int CPanel::GetMode() const

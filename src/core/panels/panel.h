@@ -1,6 +1,7 @@
 #pragma once
 
 #include "panelimage.h"
+#include "panelkind.h"
 #include "portlist.h"
 
 #include <QString>
@@ -110,6 +111,8 @@ class CPanel
     void ResolvePort();
     void CopyFrom(const CPanel& other);
 
+    // What the panel is, from its keyword.
+    EPanelKind GetKind() const;
     int GetArea() const { return m_area; }
     int GetBitmapId() const { return m_bitmapId; }
     int GetPortIndex() const { return m_portIndex; }

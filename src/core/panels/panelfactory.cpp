@@ -40,59 +40,60 @@ template <class T> std::unique_ptr<CPanel> Make(const QString& line)
 struct CKeyword
 {
     QStringView Keyword;
+    EPanelKind Kind;
     CMaker Maker;
 };
 
-// The order is the order of recognition. Keywords are compared whole, so "7SEG4" is
-// itself and not "7SEG".
+// The order is the order of recognition and of the kinds. Keywords are compared whole, so "7SEG4"
+// is itself and not "7SEG".
 constexpr CKeyword kKeywords[] = {
-    {u"KEY", Make<CSwitchPanel>},
-    {u"SW", Make<CSwitchPanel>},
-    {u"ANI", Make<CAnalogPanel>},
-    {u"DGI", Make<CSwitchPanel>},
-    {u"UARI", Make<CSerialInPanel>},
-    {u"UARI0", Make<CSerialInPanel>},
-    {u"DGO", Make<CLampPanel>},
-    {u"BUZZ", Make<CBuzzerPanel>},
-    {u"LAMP", Make<CLampPanel>},
-    {u"PWM", Make<CPwmPanel>},
-    {u"UARO", Make<CSerialOutPanel>},
-    {u"UARO0", Make<CSerialOutPanel>},
-    {u"7SEG", Make<CSevenSegPanel>},
-    {u"7SEG4", Make<CSevenSegPanel>},
-    {u"LINE", Make<CWirePanel>},
-    {u"JPI", Make<CJumpPanel>},
-    {u"UART", Make<CSerialBitPanel>},
-    {u"UART0", Make<CSerialBitPanel>},
-    {u"7S_", Make<CSegmentDecoderPanel>},
-    {u"7S4_", Make<CSegmentDecoderPanel>},
-    {u"7S_B", Make<CSegmentDecoderPanel>},
-    {u"7S_D", Make<CSegmentDecoderPanel>},
-    {u"7S_S", Make<CSegmentDecoderPanel>},
-    {u"7S4_B", Make<CSegmentDecoderPanel>},
-    {u"7S4_D", Make<CSegmentDecoderPanel>},
-    {u"7S4_S", Make<CSegmentDecoderPanel>},
-    {u"JPO", Make<CJumpPanel>},
-    {u"NOT", Make<CLogicPanel>},
-    {u"AND", Make<CLogicPanel>},
-    {u"OR", Make<CLogicPanel>},
-    {u"XOR", Make<CLogicPanel>},
-    {u"ON", Make<CLogicPanel>},
-    {u"OFF", Make<CLogicPanel>},
-    {u"CNT", Make<CCounterPanel>},
-    {u"DLY", Make<CDelayPanel>},
-    {u"TIM", Make<CTimerPanel>},
-    {u"TIM1", Make<CTimerPanel>},
-    {u"RSFF", Make<CFlipFlopPanel>},
-    {u"T_FF", Make<CFlipFlopPanel>},
-    {u"D_FF", Make<CFlipFlopPanel>},
-    {u"FF", Make<CFlipFlopPanel>},
-    {u"SMOT", Make<CStepMotorPanel>},
-    {u"PULS", Make<CPulsePanel>},
-    {u"LCD", Make<CLcdPanel>},
-    {u"WEBIN", Make<CWebInPanel>},
-    {u"WEBOUT", Make<CWebOutPanel>},
-    {u"SMOTO", Make<CStepMotorOutPanel>},
+    {u"KEY", EPanelKind::Key, Make<CSwitchPanel>},
+    {u"SW", EPanelKind::Switch, Make<CSwitchPanel>},
+    {u"ANI", EPanelKind::AnalogIn, Make<CAnalogPanel>},
+    {u"DGI", EPanelKind::DigitalIn, Make<CSwitchPanel>},
+    {u"UARI", EPanelKind::SerialIn, Make<CSerialInPanel>},
+    {u"UARI0", EPanelKind::SerialIn0, Make<CSerialInPanel>},
+    {u"DGO", EPanelKind::DigitalOut, Make<CLampPanel>},
+    {u"BUZZ", EPanelKind::Buzzer, Make<CBuzzerPanel>},
+    {u"LAMP", EPanelKind::Lamp, Make<CLampPanel>},
+    {u"PWM", EPanelKind::Pwm, Make<CPwmPanel>},
+    {u"UARO", EPanelKind::SerialOut, Make<CSerialOutPanel>},
+    {u"UARO0", EPanelKind::SerialOut0, Make<CSerialOutPanel>},
+    {u"7SEG", EPanelKind::SevenSeg, Make<CSevenSegPanel>},
+    {u"7SEG4", EPanelKind::SevenSeg4, Make<CSevenSegPanel>},
+    {u"LINE", EPanelKind::Wire, Make<CWirePanel>},
+    {u"JPI", EPanelKind::JumpIn, Make<CJumpPanel>},
+    {u"UART", EPanelKind::SerialBit, Make<CSerialBitPanel>},
+    {u"UART0", EPanelKind::SerialBit0, Make<CSerialBitPanel>},
+    {u"7S_", EPanelKind::Decoder, Make<CSegmentDecoderPanel>},
+    {u"7S4_", EPanelKind::Decoder4, Make<CSegmentDecoderPanel>},
+    {u"7S_B", EPanelKind::BitDecoder, Make<CSegmentDecoderPanel>},
+    {u"7S_D", EPanelKind::DigitDecoder, Make<CSegmentDecoderPanel>},
+    {u"7S_S", EPanelKind::SegmentDecoder, Make<CSegmentDecoderPanel>},
+    {u"7S4_B", EPanelKind::BitDecoder4, Make<CSegmentDecoderPanel>},
+    {u"7S4_D", EPanelKind::DigitDecoder4, Make<CSegmentDecoderPanel>},
+    {u"7S4_S", EPanelKind::SegmentDecoder4, Make<CSegmentDecoderPanel>},
+    {u"JPO", EPanelKind::JumpOut, Make<CJumpPanel>},
+    {u"NOT", EPanelKind::Not, Make<CLogicPanel>},
+    {u"AND", EPanelKind::And, Make<CLogicPanel>},
+    {u"OR", EPanelKind::Or, Make<CLogicPanel>},
+    {u"XOR", EPanelKind::Xor, Make<CLogicPanel>},
+    {u"ON", EPanelKind::On, Make<CLogicPanel>},
+    {u"OFF", EPanelKind::Off, Make<CLogicPanel>},
+    {u"CNT", EPanelKind::Counter, Make<CCounterPanel>},
+    {u"DLY", EPanelKind::Delay, Make<CDelayPanel>},
+    {u"TIM", EPanelKind::Timer, Make<CTimerPanel>},
+    {u"TIM1", EPanelKind::Timer1, Make<CTimerPanel>},
+    {u"RSFF", EPanelKind::RsFlipFlop, Make<CFlipFlopPanel>},
+    {u"T_FF", EPanelKind::TFlipFlop, Make<CFlipFlopPanel>},
+    {u"D_FF", EPanelKind::DFlipFlop, Make<CFlipFlopPanel>},
+    {u"FF", EPanelKind::FlipFlop, Make<CFlipFlopPanel>},
+    {u"SMOT", EPanelKind::StepMotor, Make<CStepMotorPanel>},
+    {u"PULS", EPanelKind::Pulse, Make<CPulsePanel>},
+    {u"LCD", EPanelKind::Lcd, Make<CLcdPanel>},
+    {u"WEBIN", EPanelKind::WebIn, Make<CWebInPanel>},
+    {u"WEBOUT", EPanelKind::WebOut, Make<CWebOutPanel>},
+    {u"SMOTO", EPanelKind::StepMotorOut, Make<CStepMotorOutPanel>},
 };
 
 // Recognition looks at the first bytes of the line's UTF-8 only; the panel still gets the
@@ -135,6 +136,14 @@ std::unique_ptr<CPanel> CPanelFactory::Create(const QString& line)
         if (keyword == k.Keyword)
             return k.Maker(line);
     return nullptr;
+}
+
+EPanelKind CPanelFactory::KindOf(QStringView keyword)
+{
+    for (const CKeyword& k : kKeywords)
+        if (keyword == k.Keyword)
+            return k.Kind;
+    return EPanelKind::None;
 }
 
 QStringList CPanelFactory::Keywords()

@@ -1,5 +1,7 @@
 #pragma once
 
+#include "panelkind.h"
+
 #include <QString>
 #include <QStringList>
 
@@ -17,6 +19,8 @@ public:
     // A new panel of the class the line's keyword names, given the whole line; null for
     // a keyword the catalogue does not know (no message: such a line is an empty cell).
     static std::unique_ptr<CPanel> Create(const QString& line);
+    // The kind a keyword names; None for a keyword the catalogue does not know.
+    static EPanelKind KindOf(QStringView keyword);
     // Every keyword, in the order they are tried.
     static QStringList Keywords();
 };

@@ -31,20 +31,13 @@ void CSegmentDecoderPanel::SetVariant(int variant)
 bool CSegmentDecoderPanel::SetLine(const QString& line)
 {
     CPanel::SetLine(line);
-    m_bitmapId = BitmapFor(Token(0));
+    m_bitmapId = BitmapFor(GetKind());
     return true;
 }
 
-int CSegmentDecoderPanel::BitmapFor(const QString& keyword)
+int CSegmentDecoderPanel::BitmapFor(EPanelKind kind)
 {
-    static const struct
-    {
-        const char16_t* Keyword;
-        int BitmapId;
-    } kPictures[] = {{u"7S_", 10038}, {u"7S4_", 10039}, {u"7S_B", 10041}, {u"7S_D", 10042},
-                     {u"7S_S", 262},  {u"7S4_B", 263},  {u"7S4_D", 264},  {u"7S4_S", 265}};
-    for (const auto& p : kPictures)
-        if (keyword == p.Keyword)
-            return p.BitmapId;
-    return 10038;
+    // In the order of the decoder kinds, from Decoder to SegmentDecoder4.
+    constexpr int kPictures[] = {10038, 10039, 10041, 10042, 262, 263, 264, 265};
+    return IsDecoder(kind) ? kPictures[int(kind) - int(EPanelKind::Decoder)] : 10038;
 }

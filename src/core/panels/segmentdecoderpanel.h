@@ -17,5 +17,5 @@ public:
     bool SetLine(const QString& line) override;
 
     // The picture of each decoder keyword; "" or an unknown keyword keeps 10038.
-    static int BitmapFor(const QString& keyword);
+    static int BitmapFor(EPanelKind kind);
 };

@@ -1,5 +1,6 @@
 #include "serialindialoglogic.h"
 
+#include "panelfactory.h"
 #include "panelvalues.h"
 
 namespace {
@@ -14,10 +15,10 @@ CSerialInDialogLogic::CSerialInDialogLogic(const QStringList& tokens, const CPor
     if (!copy.isEmpty() && copy.last().startsWith(u';'))
         Name = copy.takeLast().mid(1);
 
-    const QString keyword = copy.value(0);
-    const QString pin = keyword == u"UARI" ? QStringLiteral("RxD6")
-                        : keyword == u"UARI0" ? QStringLiteral("RxD0")
-                                              : QString();
+    const EPanelKind kind = CPanelFactory::KindOf(copy.value(0));
+    const QString pin = kind == EPanelKind::SerialIn    ? QStringLiteral("RxD6")
+                        : kind == EPanelKind::SerialIn0 ? QStringLiteral("RxD0")
+                                                        : QString();
     for (int i = 0; i < ports.GetCount(); ++i) {
         Ports.append(ports.GetAt(i));
         if (Port < 0 && !pin.isEmpty() && Ports.last().contains(pin))

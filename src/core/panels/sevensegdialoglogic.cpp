@@ -1,15 +1,17 @@
 #include "sevensegdialoglogic.h"
 
+#include "panelfactory.h"
 #include "stringtable.h"
 
 CSevenSegDialogLogic::CSevenSegDialogLogic(const QStringList& tokens, const CPortList& ports,
                                            int currentMode)
 {
-    const QString keyword = tokens.value(0);
+    const EPanelKind kind = CPanelFactory::KindOf(tokens.value(0));
     // Modes 1 to 3 belong to the one-digit display, 4 to 6 to the four-digit one.
-    const int base = keyword == u"7SEG" ? 0 : keyword == u"7SEG4" ? 3 : -1;
+    const int base = kind == EPanelKind::SevenSeg ? 0 : kind == EPanelKind::SevenSeg4 ? 3 : -1;
     if (base >= 0)
-        m_types = {{Ids::SevenSegDigit, base + 2}, {Ids::SevenSegSegment, base + 3},
+        m_types = {{Ids::SevenSegDigit, base + 2},
+                   {Ids::SevenSegSegment, base + 3},
                    {Ids::SevenSegBit, base + 1}};
     SetMode(currentMode);
     if (ports.GetCount() == 1)

@@ -25,7 +25,7 @@ void CSwitchPanel::AcceptProperties(const QStringList& tokens, int portIndex)
     m_comment = name.startsWith(u';') ? name.mid(1) : name;
 }
 
-int CSwitchPanel::BitmapFor(const QString& keyword) const
+int CSwitchPanel::BitmapFor(EPanelKind kind) const
 {
-    return keyword == u"KEY" ? 10074 : keyword == u"SW" ? 10075 : 10076;
+    return kind == EPanelKind::Key ? 10074 : kind == EPanelKind::Switch ? 10075 : 10076;
 }

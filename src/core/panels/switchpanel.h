@@ -12,5 +12,5 @@ public:
     void AcceptProperties(const QStringList& tokens, int portIndex) override;
 
 protected:
-    int BitmapFor(const QString& keyword) const override;
+    int BitmapFor(EPanelKind kind) const override;
 };

@@ -3,7 +3,6 @@
 #include "paneldialogs.h"
 #include "portcombo.h"
 #include "stringtable.h"
-#include "switchpanel.h"
 
 #include <QComboBox>
 #include <QLabel>
@@ -14,7 +13,10 @@ namespace {
 // Only the switch offers its comment as the first name; the lamp starts without one.
 QString InitialName(const CPanel& panel)
 {
-    return dynamic_cast<const CSwitchPanel*>(&panel) ? panel.GetLineComment() : QString();
+    const EPanelKind kind = panel.GetKind();
+    const bool isSwitch =
+        kind == EPanelKind::Key || kind == EPanelKind::Switch || kind == EPanelKind::DigitalIn;
+    return isSwitch ? panel.GetLineComment() : QString();
 }
 
 } // namespace

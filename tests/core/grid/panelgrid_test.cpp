@@ -268,16 +268,13 @@ TEST_F(GridTest, OnlyTheLastStepIsUndoneAndClearingMakesEverythingFinal)
 
 // --- Decoders and rotating -----------------------------------------------------------
 
-TEST_F(GridTest, FindByTypeSearchesSideColumnsThenProcessColumnByColumn)
+TEST_F(GridTest, FindDisplaySearchesSideColumnsThenProcessColumnByColumn)
 {
-    EXPECT_EQ(grid.FindByType(AndType), nullptr);
-    const CPut order[] = {{2, 1, "AND \tR"},
-                          {1, 30, "AND \tR\t\t;a"},
-                          {-2, 40, "AND \tR\t\t;b"},
-                          {-1, 40, "AND \tR\t\t;c"}};
+    EXPECT_EQ(grid.FindDisplay(), nullptr);
+    const CPut order[] = {{2, 1, "7SEG4"}, {1, 30, "7SEG\t;a"}, {-2, 40, "7SEG\t;b"}, {-1, 40, "7SEG4\t;c"}};
     for (const CPut& put : order) {
         ASSERT_TRUE(grid.Place(put.Column, put.Row, Cell(put.Line)));
-        EXPECT_EQ(grid.FindByType(AndType), grid.GetCell(put.Column, put.Row)) << put.Line;
+        EXPECT_EQ(grid.FindDisplay(), grid.GetCell(put.Column, put.Row)) << put.Line;
     }
 }
 
