@@ -24,18 +24,14 @@ struct CWriterProgram : testing::Test
 
     void SetUp() override
     {
-        QFile hexFile(hex);
-        ASSERT_TRUE(hexFile.open(QIODevice::WriteOnly));
+        QFile hexFile(hex), script(fake);
+        ASSERT_TRUE(hexFile.open(QIODevice::WriteOnly) && script.open(QIODevice::WriteOnly));
         hexFile.write(":00000001FF\n");
-        hexFile.close();
-        QFile script(fake);
-        ASSERT_TRUE(script.open(QIODevice::WriteOnly));
         script.write("#!/bin/sh\n"
                      "printf '%s\\n' \"$@\" > \"$FAKE_AVRDUDE_ARGS\"\n"
                      "echo \"avrdude: 1024 bytes of flash written\"\n"
                      "[ -n \"$FAKE_AVRDUDE_SIGNAL\" ] && kill -$FAKE_AVRDUDE_SIGNAL $$\n"
                      "exit ${FAKE_AVRDUDE_EXIT:-0}\n");
-        script.close();
         script.setPermissions(QFile::ReadOwner | QFile::WriteOwner | QFile::ExeOwner);
     }
 

@@ -323,15 +323,14 @@ TEST(SampleBoard, EveryEntryIsAPanelOnPortsTheBoardHasInBothLanguages)
                 SCOPED_TRACE(e.GetType().toStdString());
                 const CPanel* prototype = e.GetPrototype();
                 ASSERT_TRUE(prototype && j.GetPrototype()) << "the factory does not know the type";
-                EXPECT_EQ(QString::number(e.GetUseLimit()) + e.GetType(),
-                          QString::number(j.GetUseLimit()) + j.GetType());
-                EXPECT_EQ(prototype->GetWeight(), j.GetPrototype()->GetWeight());
+                EXPECT_EQ(std::tuple(e.GetUseLimit(), e.GetType(), prototype->GetWeight()),
+                          std::tuple(j.GetUseLimit(), j.GetType(), j.GetPrototype()->GetWeight()));
                 EXPECT_EQ(prototype->GetPortList(), j.GetPrototype()->GetPortList());
                 // A type may be a whole line ("LINE LR", "AND R"): its keyword names the panel,
                 // offered in a kind it can be placed in, never as a "?".
                 EXPECT_EQ(prototype->GetTokens().value(0), CPanelFactory::Keyword(e.GetType()));
-                EXPECT_NE(prototype->GetBitmapId(), CPanel::NoPanel);
-                EXPECT_FALSE(prototype->GetName().isEmpty());
+                EXPECT_TRUE(prototype->GetBitmapId() != CPanel::NoPanel &&
+                            !prototype->GetName().isEmpty());
                 const CPortList& ports = prototype->GetPortList();
                 QStringList names, wanted = only.value(e.GetType());
                 for (int p = 0; p < ports.GetCount(); ++p) {
@@ -341,12 +340,10 @@ TEST(SampleBoard, EveryEntryIsAPanelOnPortsTheBoardHasInBothLanguages)
                 }
                 names.sort();
                 wanted.sort();
-                if (wanted.isEmpty()) {
-                    EXPECT_FALSE(names.contains("PD0") || names.contains("PD1"))
-                        << "serial only on the USB pins";
-                } else {
-                    EXPECT_EQ(names, wanted);
-                }
+                // Serial only on the USB pins.
+                EXPECT_TRUE(wanted.isEmpty() ? !names.contains("PD0") && !names.contains("PD1")
+                                             : names == wanted)
+                    << names.join(u' ').toStdString();
             }
         }
     }
