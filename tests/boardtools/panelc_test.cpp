@@ -16,93 +16,62 @@ QStringList ErrorLines(const CPanelcWork& work)
     return text.split("\r\n");
 }
 
-struct CRefusal
-{
-    const char* Name;
-    CLayoutText Layout;
-    QStringList Messages; // one a line, in the order the user fixes them
-    int Clock = 1;
-};
-
 } // namespace
 
 TEST(PanelcRefuses, WritesTheFaultsToPanelErrAndExitsOne)
 {
-    const CRefusal refusals[] = {
-        {"two jump-ins with one id join two outputs",
-         CLayoutText()
-             .At(1, 1, "ON  \tR")
-             .At(2, 1, "JPI \t5,L")
-             .At(1, 3, "ON  \tR")
-             .At(2, 3, "JPI \t5,L")
-             .At(3, 2, "JPO \t5,R"),
-         {"Two outputs drive one signal: [Always on(1,1)] and [Always on(1,3)]"}},
+    const char* const jumpsJoined = "1,1 ON  \tR|2,1 JPI \t5,L|1,3 ON  \tR|2,3 JPI \t5,L";
+    const char* const twoDrivers =
+        "Two outputs drive one signal: [Always on(1,1)] and [Always on(1,3)]";
+    const struct
+    {
+        const char* Name;
+        QString Layout;
+        QString Messages; // one a line, in the order the user fixes them
+        int Clock = 1;
+    } rows[] = {
+        {"two jump-ins with one id join two outputs", jumpsJoined + QString("|3,2 JPO \t5,R"),
+         twoDrivers},
         {"gates feeding themselves through a jump",
-         CLayoutText()
-             .At(2, 1, "JPO \t7,D")
-             .At(2, 2, "AND \tR")
-             .At(3, 2, "NOT \tR")
-             .At(4, 2, "JPI \t7,L"),
-         {"These gates feed each other in a loop: [AND(2,2)] and [NOT(3,2)]"}},
-        {"a lamp on a data pin of the LCD",
-         CLayoutText().Out(1, "LCD \t1,\"Hi\"").Out(2, "LAMP\tH,PD4"),
-         {"The port PD4 is used by the LCD and by [Lamp]"}},
+         "2,1 JPO \t7,D|2,2 AND \tR|3,2 NOT \tR|4,2 JPI \t7,L",
+         "These gates feed each other in a loop: [AND(2,2)] and [NOT(3,2)]"},
+        {"a lamp on a data pin of the LCD", "O1 LCD \t1,\"Hi\"|O2 LAMP\tH,PD4",
+         "The port PD4 is used by the LCD and by [Lamp]"},
         {"a key on a digit pin of the display, named after the display",
-         CLayoutText().In(1, "KEY \tH,PB3").Out(1, "7SEG4\t\t;7SEG4_D"),
-         {"The port PB3 is used by the seven-segment display and by [Push key]"}},
-        {"a lamp on the third coil of the motor driver",
-         CLayoutText().Out(1, "SMOTO\t1,500").Out(5, "LAMP\tH,PC4\t\t;busy"),
-         {"The port PC4 is used by [Stepping motor driver] and by [Lamp[busy]]"}},
-        {"a flip-flop of no type",
-         CLayoutText().At(3, 4, "FF"),
-         {"The panel [FF(3,4)] has no properties set."}},
-        {"a display of no type",
-         CLayoutText().Out(2, "7SEG"),
-         {"The panel [7-segment LED] has no properties set."}},
-        {"a network panel on a board without network",
-         CLayoutText().In(1, "WEBIN\t2\t\t;net"),
-         {"The board cannot run the panel [WEBIN[net]]."}},
-        {"a lamp on a port the board does not have is a lamp without its port",
-         CLayoutText().Out(1, "LAMP\tH,PX9"),
-         {"The panel [Lamp] has no properties set."}},
-        {"a buzzer on a pin without a timer",
-         CLayoutText().Out(1, "BUZZ\tPB4,2000"),
-         {"The panel [Buzzer] needs a port with a timer of its own: PD3, PB1, PB2."}},
-        {"a buzzer and the PWM output on timer 1",
-         CLayoutText().Out(1, "BUZZ\tPB1,2000").Out(3, "PWM \t1000Hz,50"),
-         {"[Buzzer] and [PWM output] need the same timer of the chip: put one of them on another "
-          "port."}},
-        {"a PWM frequency beyond the timer",
-         CLayoutText().Out(1, "PWM \t5000000Hz,50"),
-         {"The panel [PWM output] cannot make 5000000 Hz on the port PB2."}},
-        {"a clock source the board has not",
-         CLayoutText().Out(1, "LAMP\tH,PB5"),
-         {"The board has no clock source 2."},
+         "I1 KEY \tH,PB3|O1 7SEG4\t\t;7SEG4_D",
+         "The port PB3 is used by the seven-segment display and by [Push key]"},
+        {"a lamp on the third coil of the motor driver", "O1 SMOTO\t1,500|O5 LAMP\tH,PC4\t\t;busy",
+         "The port PC4 is used by [Stepping motor driver] and by [Lamp[busy]]"},
+        {"a flip-flop of no type", "3,4 FF", "The panel [FF(3,4)] has no properties set."},
+        {"a display of no type", "O2 7SEG", "The panel [7-segment LED] has no properties set."},
+        {"a network panel on a board without network", "I1 WEBIN\t2\t\t;net",
+         "The board cannot run the panel [WEBIN[net]]."},
+        {"a lamp on a port the board does not have is a lamp without its port", "O1 LAMP\tH,PX9",
+         "The panel [Lamp] has no properties set."},
+        {"a buzzer on a pin without a timer", "O1 BUZZ\tPB4,2000",
+         "The panel [Buzzer] needs a port with a timer of its own: PD3, PB1, PB2."},
+        {"a buzzer and the PWM output on timer 1", "O1 BUZZ\tPB1,2000|O3 PWM \t1000Hz,50",
+         "[Buzzer] and [PWM output] need the same timer of the chip: put one of them on another "
+         "port."},
+        {"a PWM frequency beyond the timer", "O1 PWM \t5000000Hz,50",
+         "The panel [PWM output] cannot make 5000000 Hz on the port PB2."},
+        {"a clock source the board has not", "O1 LAMP\tH,PB5", "The board has no clock source 2.",
          2},
-        {"every fault one line",
-         CLayoutText()
-             .Out(1, "LCD \t1,\"Hi\"")
-             .Out(2, "DGO \tH,PB0")
-             .At(5, 5, "FF")
-             .At(1, 1, "ON  \tR")
-             .At(2, 1, "JPI \t5,L")
-             .At(1, 3, "ON  \tR")
-             .At(2, 3, "JPI \t5,L"),
-         {"The panel [FF(5,5)] has no properties set.",
-          "Two outputs drive one signal: [Always on(1,1)] and [Always on(1,3)]",
-          "The port PB0 is used by the LCD and by [Digital output]"}},
+        {"every fault one line", jumpsJoined + QString("|O1 LCD \t1,\"Hi\"|O2 DGO \tH,PB0|5,5 FF"),
+         "The panel [FF(5,5)] has no properties set.\n" + QString(twoDrivers) +
+             "\nThe port PB0 is used by the LCD and by [Digital output]"},
     };
-    for (const CRefusal& refusal : refusals) {
-        SCOPED_TRACE(refusal.Name);
+    for (const auto& row : rows) {
+        SCOPED_TRACE(row.Name);
         CPanelcWork work;
-        EXPECT_EQ(work.Compile(refusal.Layout, refusal.Clock).ExitCode, 1);
-        EXPECT_EQ(ErrorLines(work), refusal.Messages);
+        EXPECT_EQ(work.Compile(row.Layout, row.Clock).ExitCode, 1);
+        EXPECT_EQ(ErrorLines(work), row.Messages.split(u'\n'));
         EXPECT_FALSE(QFile::exists(work.Path("BASE.c"))) << "nothing to compile is left behind";
     }
     // A compile that passes removes an earlier PANEL.err.
     CPanelcWork work;
-    ASSERT_EQ(work.Compile(CLayoutText().At(3, 4, "FF")).ExitCode, 1);
-    ASSERT_EQ(work.Compile(CLayoutText().Out(1, "LAMP\tH,PB5")).ExitCode, 0);
+    ASSERT_EQ(work.Compile("3,4 FF").ExitCode, 1);
+    ASSERT_EQ(work.Compile("O1 LAMP\tH,PB5").ExitCode, 0);
     EXPECT_FALSE(QFile::exists(work.Path("PANEL.err")));
 }
 
@@ -117,18 +86,11 @@ TEST(PanelcRefuses, SpeaksJapaneseWhenOnlyTheJapaneseBoardFileIsThere)
     QFile::setPermissions(QDir(board.path()).filePath("quillon-panelc"),
                           QFile::permissions(source.filePath("quillon-panelc")));
     CPanelcWork work(QDir(board.path()).filePath("quillon-panelc"));
-    EXPECT_EQ(work.Compile(CLayoutText().At(3, 4, "FF")).ExitCode, 1);
+    EXPECT_EQ(work.Compile("3,4 FF").ExitCode, 1);
     EXPECT_EQ(ErrorLines(work), QStringList{"パネル [FF(3,4)] のプロパティが設定されていません。"});
 }
 
 namespace {
-
-struct CLayoutCase
-{
-    const char* Name;
-    CLayoutText Layout;
-    QString Features;
-};
 
 QString Features(const CPanelcWork& work)
 {
@@ -152,27 +114,20 @@ long FlashOf(const CPanelcWork& work)
 // the chip is run in the simulator, layout by layout.)
 TEST(PanelcCompiles, OnlyTheRunTimePartsALayoutUsesToCThatAvrGccTakes)
 {
-    const CLayoutCase layouts[] = {
-        {"a key and a lamp",
-         CLayoutText().In(1, "KEY \tH,PD2").WireToOutput(1, 1).Out(1, "LAMP\tH,PB5"), ""},
-        {"a long delay", CLayoutText().At(1, 1, "DLY \t100.00S"), "Q_USE_LONG_TIMES"},
-        {"serial in and out", CLayoutText().In(1, "UARI\tC,1").WireToOutput(1, 1).Out(1, "UARO"),
-         "Q_USE_UART_RX Q_USE_UART_TX"},
-        {"a buzzer on timer 2 and the PWM output on timer 1",
-         CLayoutText().Out(1, "BUZZ\tPD3,500").Out(3, "PWM \t31Hz,50"),
-         "Q_USE_WAVE_T1B Q_USE_WAVE_T2B"},
-        {"an analog input and the motor driver",
-         CLayoutText().In(1, "ANI \tL,PC0,512").Out(1, "SMOTO\t2,20"), "Q_USE_ADC Q_USE_MOTOR"},
-        {"the LCD and pulses", CLayoutText().Out(1, "LCD \t0,\"\"").Out(2, "PULS\tH,PC1,100,50,0"),
-         "Q_USE_LCD Q_USE_PULSE"},
+    const std::pair<const char*, const char*> rows[] = {
+        {"I1 KEY \tH,PD2|W1,1|O1 LAMP\tH,PB5", ""},
+        {"1,1 DLY \t100.00S", "Q_USE_LONG_TIMES"},
+        {"I1 UARI\tC,1|W1,1|O1 UARO", "Q_USE_UART_RX Q_USE_UART_TX"},
+        {"O1 BUZZ\tPD3,500|O3 PWM \t31Hz,50", "Q_USE_WAVE_T1B Q_USE_WAVE_T2B"},
+        {"I1 ANI \tL,PC0,512|O1 SMOTO\t2,20", "Q_USE_ADC Q_USE_MOTOR"},
+        {"O1 LCD \t0,\"\"|O2 PULS\tH,PC1,100,50,0", "Q_USE_LCD Q_USE_PULSE"},
     };
-    for (const CLayoutCase& layout : layouts) {
-        SCOPED_TRACE(layout.Name);
+    for (const auto& [layout, features] : rows) {
+        SCOPED_TRACE(layout);
         CPanelcWork work;
-        ASSERT_EQ(work.Compile(layout.Layout).ExitCode, 0) << work.Read("PANEL.err").toStdString();
-        EXPECT_FALSE(QFile::exists(work.Path("PANEL.err")));
+        ASSERT_EQ(work.Compile(layout).ExitCode, 0) << work.Read("PANEL.err").toStdString();
         EXPECT_TRUE(work.Read("BASE.h").contains("#define F_CPU 16000000UL"));
-        EXPECT_EQ(Features(work), layout.Features);
+        EXPECT_EQ(Features(work), features);
         const CProgramRun gcc = work.CompileC();
         ASSERT_EQ(gcc.ExitCode, 0) << gcc.Output.toStdString() << work.Read("BASE.c").toStdString();
         const CProgramRun size = work.CheckSize();
@@ -184,32 +139,18 @@ TEST(PanelcCompiles, OnlyTheRunTimePartsALayoutUsesToCThatAvrGccTakes)
 TEST(PanelcCompiles, ABlinkerWithinAThirdOfAHandWrittenOneOfTheSameLogic)
 {
     CPanelcWork work;
-    ASSERT_EQ(work.Compile(CLayoutText()
-                               .At(1, 1, "ON  \tR")
-                               .At(2, 1, "TIM \tT,0.50S")
-                               .WireToOutput(1, 3)
-                               .Out(1, "LAMP\tH,PB5"))
-                  .ExitCode,
-              0);
+    ASSERT_EQ(work.Compile("1,1 ON  \tR|2,1 TIM \tT,0.50S|W1,3|O1 LAMP\tH,PB5").ExitCode, 0);
     ASSERT_EQ(work.CompileC().ExitCode, 0);
     const long generated = FlashOf(work);
     // The same logic by hand: the 1 ms tick, the toggle timer's state, the lamp.
-    QFile hand(work.Path("hand.c"));
-    ASSERT_TRUE(hand.open(QIODevice::WriteOnly));
-    hand.write(
-        "#include <avr/io.h>\n#include <stdint.h>\nstatic uint8_t lit;\nstatic uint16_t left;\n"
-        "int main(void) {\n DDRB |= _BV(5);\n TCCR0A = _BV(WGM01); OCR0A = 249; TCCR0B = _BV(CS01) "
-        "| _BV(CS00);\n"
-        " for (;;) {\n  while (!(TIFR0 & _BV(OCF0A)));\n  TIFR0 = _BV(OCF0A);\n"
-        "  if (lit) PORTB |= _BV(5); else PORTB &= ~_BV(5);\n  if (left == 0) { lit ^= 1; left = "
-        "500; }\n  --left;\n }\n}\n");
-    hand.close();
-    ASSERT_EQ(RunProgram("avr-gcc",
-                         {"-mmcu=atmega328p", "-Os", "-ffunction-sections", "-fdata-sections",
-                          "-Wl,--gc-sections", "-o", "BASE.elf", "hand.c"},
-                         work.Folder())
-                  .ExitCode,
-              0);
+    work.Write("hand.c", "#include <avr/io.h>\n#include <stdint.h>\n"
+                         "static uint8_t lit;\nstatic uint16_t left;\nint main(void) {\n"
+                         " DDRB |= _BV(5);\n TCCR0A = _BV(WGM01); OCR0A = 249;\n"
+                         " TCCR0B = _BV(CS01) | _BV(CS00);\n for (;;) {\n"
+                         "  while (!(TIFR0 & _BV(OCF0A)));\n  TIFR0 = _BV(OCF0A);\n"
+                         "  if (lit) PORTB |= _BV(5); else PORTB &= ~_BV(5);\n"
+                         "  if (left == 0) { lit ^= 1; left = 500; }\n  --left;\n }\n}\n");
+    ASSERT_EQ(work.CompileC("hand.c").ExitCode, 0);
     const long byHand = FlashOf(work);
     ASSERT_GT(byHand, 0);
     EXPECT_LE(generated * 10, byHand * 13) << generated << " bytes against " << byHand;
@@ -219,15 +160,8 @@ TEST(PanelcCompiles, GatesRunInTheNetlistsOrderNotTheGridsOrder)
 {
     // The NOT in column 3 feeds the NOT in column 2 through a jump, so it runs first.
     CPanelcWork work;
-    ASSERT_EQ(work.Compile(CLayoutText()
-                               .At(1, 1, "OFF \tR")
-                               .At(2, 1, "LINE\tLR")
-                               .At(3, 1, "NOT \tR")
-                               .At(4, 1, "JPI \t3,L")
-                               .At(1, 2, "JPO \t3,R")
-                               .At(2, 2, "NOT \tR")
-                               .WireToOutput(2, 3)
-                               .Out(2, "LAMP\tH,PB5"))
+    ASSERT_EQ(work.Compile("1,1 OFF \tR|2,1 LINE\tLR|3,1 NOT \tR|4,1 JPI \t3,L|1,2 JPO \t3,R|"
+                           "2,2 NOT \tR|W2,3|O2 LAMP\tH,PB5")
                   .ExitCode,
               0);
     const QString source = work.Read("BASE.c");

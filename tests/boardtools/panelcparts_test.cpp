@@ -72,33 +72,30 @@ TEST(PanelcArguments, TheBuildsCommandLineAndWhatIsRefused)
     const struct
     {
         const char* Name;
-        QStringList Args;
-        bool Accepted;
-        int Clock;
-    } cases[] = {
-        {"as the build gives it",
-         {"/w/a.loc", "-o", "/out", "-w", "/w", "-x", "16", "-y", "40", "-c1"},
-         true,
-         1},
-        {"no clock source", {"/w/a.loc", "-w", "/w"}, true, 0},
-        {"unset clock source", {"/w/a.loc", "-w", "/w", "-c0"}, true, 0},
-        {"no work folder", {"/w/a.loc", "-o", "/out"}, false, 0},
-        {"no location file", {"-w", "/w"}, false, 0},
-        {"two location files", {"/w/a.loc", "/w/b.loc", "-w", "/w"}, false, 0},
-        {"an option without its value", {"/w/a.loc", "-w"}, false, 0},
-        {"a clock that is no number", {"/w/a.loc", "-w", "/w", "-cx"}, false, 0},
-        {"an unknown option", {"/w/a.loc", "-w", "/w", "-z"}, false, 0},
+        const char* Args;
+        int Clock; // -1: refused
+    } rows[] = {
+        {"as the build gives it", "/w/a.loc -o /out -w /w -x 16 -y 40 -c1", 1},
+        {"no clock source", "/w/a.loc -w /w", 0},
+        {"unset clock source", "/w/a.loc -w /w -c0", 0},
+        {"no work folder", "/w/a.loc -o /out", -1},
+        {"no location file", "-w /w", -1},
+        {"two location files", "/w/a.loc /w/b.loc -w /w", -1},
+        {"an option without its value", "/w/a.loc -w", -1},
+        {"a clock that is no number", "/w/a.loc -w /w -cx", -1},
+        {"an unknown option", "/w/a.loc -w /w -z", -1},
     };
-    for (const auto& c : cases) {
-        SCOPED_TRACE(c.Name);
+    for (const auto& row : rows) {
+        SCOPED_TRACE(row.Name);
         CPanelcArguments parsed;
         QString error;
-        EXPECT_EQ(CPanelcArguments::Parse(c.Args, parsed, error), c.Accepted);
-        EXPECT_EQ(error.isEmpty(), c.Accepted);
-        if (c.Accepted) {
+        EXPECT_EQ(CPanelcArguments::Parse(QString(row.Args).split(u' '), parsed, error),
+                  row.Clock >= 0);
+        EXPECT_EQ(error.isEmpty(), row.Clock >= 0);
+        if (row.Clock >= 0) {
             EXPECT_EQ(QStringList({parsed.LocationFile, parsed.WorkFolder,
                                    QString::number(parsed.ClockSource)}),
-                      QStringList({"/w/a.loc", "/w", QString::number(c.Clock)}));
+                      QStringList({"/w/a.loc", "/w", QString::number(row.Clock)}));
         }
     }
 }
@@ -112,21 +109,13 @@ TEST(PanelName, ListsReadAsASentence)
 
 TEST(LcdBytes, WhatTheDisplaysCharacterSetCanShow)
 {
-    const struct
-    {
-        const char* Name;
-        QString Text;
-        QByteArray Bytes;
-    } cases[] = {
-        {"ASCII as it is", "Hello, 1+1=2", "Hello, 1+1=2"},
-        {"half-width katakana in the display's codes", QString::fromUtf8("ｱｲｳﾟ"),
-         "\xB1\xB2\xB3\xDF"},
-        {"the yen sign where ASCII has the backslash", QString::fromUtf8("¥100"),
-         "\x5C"
-         "100"},
-        {"what the display lacks", QString::fromUtf8("é漢"), "??"},
-        {"sixteen characters at most", "0123456789abcdefXYZ", "0123456789abcdef"},
+    const std::pair<const char*, QByteArray> rows[] = {
+        {"Hello, 1+1=2", "Hello, 1+1=2"},            // ASCII as it is
+        {"ｱｲｳﾟ", "\xB1\xB2\xB3\xDF"},                // half-width katakana in the display's codes
+        {"¥100", QByteArray("\x5C") + "100"},        // the yen sign where ASCII has the backslash
+        {"é漢", "??"},                               // what the display lacks
+        {"0123456789abcdefXYZ", "0123456789abcdef"}, // sixteen characters at most
     };
-    for (const auto& c : cases)
-        EXPECT_EQ(COutputWriter::LcdBytes(c.Text), c.Bytes) << c.Name;
+    for (const auto& [text, bytes] : rows)
+        EXPECT_EQ(COutputWriter::LcdBytes(QString::fromUtf8(text)), bytes) << text;
 }

@@ -10,46 +10,28 @@
 #include <QStringList>
 #include <QTemporaryDir>
 
-// A location file, built panel by panel. Records may come in any order: each names its
-// own position.
-class CLayoutText
+// A location file from records separated by '|', each a place, a blank and the panel's line.
+// The place is "I<row>" or "O<row>" for the side columns, "<column>,<row>" inside, and
+// "W<row>,<column>" alone stands for straight wires from that column to the output column.
+// Records may come in any order: each names its own position.
+inline QByteArray LayoutText(const QString& records)
 {
-  public:
-    CLayoutText& In(int row, const QString& line)
-    {
-        return Add(QStringLiteral("I_%1:").arg(row, 2, 10, QChar(u'0')), line);
+    const auto two = [](int n) { return QStringLiteral("%1").arg(n, 2, 10, QChar(u'0')); };
+    QString text = "; Quillon\r\n; PANEL LOCATION\r\n;\r\nINPUT\r\n";
+    for (const QString& record : records.split(u'|', Qt::SkipEmptyParts)) {
+        const QString place = record.section(u' ', 0, 0), line = record.section(u' ', 1);
+        const QStringList at = place.mid(place[0].isDigit() ? 0 : 1).split(u',');
+        if (place[0] == u'W') {
+            for (int column = at[1].toInt(); column <= 16; ++column)
+                text += two(column) + two(at[0].toInt()) + ":LINE\tLR\r\n";
+        } else {
+            text += (place[0].isDigit() ? two(at[0].toInt()) + two(at[1].toInt())
+                                        : place[0] + QStringLiteral("_") + two(at[0].toInt())) +
+                    u':' + line + "\r\n";
+        }
     }
-    CLayoutText& Out(int row, const QString& line)
-    {
-        return Add(QStringLiteral("O_%1:").arg(row, 2, 10, QChar(u'0')), line);
-    }
-    CLayoutText& At(int column, int row, const QString& line)
-    {
-        return Add(
-            QStringLiteral("%1%2:").arg(column, 2, 10, QChar(u'0')).arg(row, 2, 10, QChar(u'0')),
-            line);
-    }
-    // Straight wires from column `from` to the output column.
-    CLayoutText& WireToOutput(int row, int from)
-    {
-        for (int column = from; column <= 16; ++column)
-            At(column, row, "LINE\tLR");
-        return *this;
-    }
-    QByteArray Bytes() const
-    {
-        return ("; Quillon\r\n; PANEL LOCATION\r\n;\r\nINPUT\r\n" + m_records.join("\r\n") + "\r\n")
-            .toUtf8();
-    }
-
-  private:
-    CLayoutText& Add(const QString& prefix, const QString& line)
-    {
-        m_records.append(prefix + line);
-        return *this;
-    }
-    QStringList m_records;
-};
+    return text.toUtf8();
+}
 
 struct CProgramRun
 {
@@ -80,18 +62,21 @@ class CPanelcWork
     }
 
     QString Path(const QString& name) const { return QDir(m_dir.path()).filePath(name); }
-    QString Folder() const { return m_dir.path(); }
 
-    CProgramRun Compile(const CLayoutText& layout, int clockSource = 1)
+    CProgramRun Compile(const QString& records, int clockSource = 1)
     {
-        QFile file(Path("layout.loc"));
-        file.open(QIODevice::WriteOnly);
-        file.write(layout.Bytes());
-        file.close();
+        Write("layout.loc", LayoutText(records));
+        const QString folder = m_dir.path();
         return RunProgram(m_compiler,
-                          {Path("layout.loc"), "-o", Folder(), "-w", Folder(), "-x", "16", "-y",
-                           "40", QStringLiteral("-c%1").arg(clockSource)},
-                          Folder());
+                          {Path("layout.loc"), "-o", folder, "-w", folder, "-x", "16", "-y", "40",
+                           QStringLiteral("-c%1").arg(clockSource)},
+                          folder);
+    }
+    void Write(const QString& name, const QByteArray& bytes) const
+    {
+        QFile file(Path(name));
+        file.open(QIODevice::WriteOnly);
+        file.write(bytes);
     }
     QString Read(const QString& name) const
     {
@@ -99,19 +84,19 @@ class CPanelcWork
         return file.open(QIODevice::ReadOnly) ? QString::fromUtf8(file.readAll()) : QString();
     }
     // The board's command list after the compiler, as its board file states it.
-    CProgramRun CompileC() const
+    CProgramRun Run(const QString& program, const QString& args) const
     {
-        return RunProgram("avr-gcc",
-                          {"-mmcu=atmega328p", "-Os", "-std=gnu11", "-ffunction-sections",
-                           "-fdata-sections", "-Wl,--gc-sections", "-o", "BASE.elf", "BASE.c",
-                           "PANEL.c"},
-                          Folder());
+        return RunProgram(program, args.split(u' '), m_dir.path());
+    }
+    CProgramRun CompileC(const QString& sources = "BASE.c PANEL.c") const
+    {
+        return Run("avr-gcc", "-mmcu=atmega328p -Os -std=gnu11 -ffunction-sections "
+                              "-fdata-sections -Wl,--gc-sections -o BASE.elf " +
+                                  sources);
     }
     CProgramRun CheckSize() const
     {
-        return RunProgram("./PANEL.avrsize",
-                          {"BASE.elf", "--flash", "32256", "--ram", "2048", "--stack", "256"},
-                          Folder());
+        return Run("./PANEL.avrsize", "BASE.elf --flash 32256 --ram 2048 --stack 256");
     }
 
   private:

@@ -16,21 +16,6 @@ struct CWriterRun
     QStringList AvrdudeArgs; /* empty: it never ran */
 };
 
-// How a run differs from a plain one with the recording fake.
-struct CRunCase
-{
-    const char* Behaviour;
-    QStringList Args; // "%hex%" stands for the HEX file
-    int ExitCode;
-    QStringList Avrdude;      // the fake's arguments; empty: it must not run
-    const char* Message = ""; // in the writer's output
-    QString Program =
-        "%fake%";      // QUILLON_AVRDUDE: "%fake%" the fake, "%hex%" the HEX file, null unset
-    QString Path = {}; // PATH; null keeps it
-    int FakeExit = 0;
-    const char* Signal = ""; // the fake ends itself by this signal
-};
-
 struct CWriterProgram : testing::Test
 {
     QTemporaryDir dir;
@@ -39,40 +24,43 @@ struct CWriterProgram : testing::Test
 
     void SetUp() override
     {
-        QFile hexFile(hex);
-        ASSERT_TRUE(hexFile.open(QIODevice::WriteOnly));
+        QFile hexFile(hex), script(fake);
+        ASSERT_TRUE(hexFile.open(QIODevice::WriteOnly) && script.open(QIODevice::WriteOnly));
         hexFile.write(":00000001FF\n");
-        hexFile.close();
-        QFile script(fake);
-        ASSERT_TRUE(script.open(QIODevice::WriteOnly));
         script.write("#!/bin/sh\n"
                      "printf '%s\\n' \"$@\" > \"$FAKE_AVRDUDE_ARGS\"\n"
                      "echo \"avrdude: 1024 bytes of flash written\"\n"
                      "[ -n \"$FAKE_AVRDUDE_SIGNAL\" ] && kill -$FAKE_AVRDUDE_SIGNAL $$\n"
                      "exit ${FAKE_AVRDUDE_EXIT:-0}\n");
-        script.close();
         script.setPermissions(QFile::ReadOwner | QFile::WriteOwner | QFile::ExeOwner);
     }
 
-    CWriterRun Run(const CRunCase& c)
+    // Arguments are blank-separated; the environment starts with QUILLON_AVRDUDE naming the
+    // fake and is then changed by "NAME=value" words ("-NAME" removes one). "%hex%" stands
+    // for the HEX file, "%dir%" for the test's folder.
+    CWriterRun Run(const QString& args, const QString& environment = QString())
     {
+        const auto expand = [this](QString text) {
+            return text.replace("%hex%", hex).replace("%dir%", dir.path());
+        };
         QProcessEnvironment env = QProcessEnvironment::systemEnvironment();
-        if (c.Program.isNull())
-            env.remove("QUILLON_AVRDUDE");
-        else
-            env.insert("QUILLON_AVRDUDE",
-                       QString(c.Program).replace("%fake%", fake).replace("%hex%", hex));
-        if (!c.Path.isNull())
-            env.insert("PATH", c.Path);
         const QString record = dir.filePath("args.txt");
         QFile::remove(record);
+        env.insert("QUILLON_AVRDUDE", fake);
         env.insert("FAKE_AVRDUDE_ARGS", record);
-        env.insert("FAKE_AVRDUDE_EXIT", QString::number(c.FakeExit));
-        env.insert("FAKE_AVRDUDE_SIGNAL", c.Signal);
+        for (const QString& change : environment.split(u' ', Qt::SkipEmptyParts)) {
+            if (change.startsWith(u'-'))
+                env.remove(change.mid(1));
+            else
+                env.insert(change.section(u'=', 0, 0), expand(change.section(u'=', 1)));
+        }
         QProcess process;
         process.setProcessEnvironment(env);
         process.setProcessChannelMode(QProcess::MergedChannels);
-        process.start(QUILLON_WRITER, QStringList(c.Args).replaceInStrings("%hex%", hex));
+        QStringList words = args.split(u' ', Qt::SkipEmptyParts);
+        for (QString& word : words)
+            word = expand(word);
+        process.start(QUILLON_WRITER, words);
         CWriterRun run;
         if (!process.waitForFinished(20000))
             return run;
@@ -86,161 +74,90 @@ struct CWriterProgram : testing::Test
     }
 };
 
-QStringList Avrdude(const QString& port, const QString& part = "m328p",
-                    const QString& programmer = "arduino", const QString& baud = "115200",
-                    const QString& hex = "%hex%")
+// avrdude's arguments from "port part programmer baud hex", each after the port optional.
+QStringList Avrdude(const QString& fields, const QString& hex)
 {
-    QStringList args = {"-c", programmer, "-p", part, "-b", baud, "-P", port};
+    if (fields.isEmpty())
+        return {};
+    const QStringList f = fields.split(u' ');
+    const QString programmer = f.value(2, "arduino");
+    QStringList args = {"-c", programmer,           "-p", f.value(1, "m328p"),
+                        "-b", f.value(3, "115200"), "-P", f[0]};
     // A boot loader that does not answer its first sync is given up at once.
     if (programmer == "arduino" || programmer == "stk500v1")
         args << "-x"
              << "attempts=1";
     return args << "-U"
-                << "flash:w:" + hex + ":i";
+                << "flash:w:" + f.value(4, "%hex%").replace("%hex%", hex) + ":i";
 }
 
 } // namespace
 
 TEST_F(CWriterProgram, ComposesAvrdudeArgumentsAndPassesItsResultOn)
 {
-    const char* written = "1024 bytes of flash written";
-    const CRunCase rows[] = {
-        {"the editor's own line",
-         {"/C/dev/ttyACM0", "/W0", "/P", "atmega328p:arduino:115200", "%hex%"},
-         0,
-         Avrdude("/dev/ttyACM0")},
+    const QString acm0 = "/C/dev/ttyACM0 ";
+    const struct
+    {
+        const char* Behaviour;
+        QString Args;
+        int ExitCode;
+        const char* Avrdude;      // see Avrdude(); "": it must not run
+        const char* Message = ""; // in the writer's output
+        const char* Environment = "";
+    } rows[] = {
+        {"the editor's own line", acm0 + "/W0 /P atmega328p:arduino:115200 %hex%", 0,
+         "/dev/ttyACM0"},
         {"options after the file, lower case",
-         {"%hex%", "/p", "atmega328p:arduino:115200", "/w0", "/c/dev/ttyUSB1"},
-         0,
-         Avrdude("/dev/ttyUSB1")},
-        {"parameters attached to /P",
-         {"/Patmega328p:arduino:115200", "/C/dev/ttyACM0", "%hex%"},
-         0,
-         Avrdude("/dev/ttyACM0")},
-        {"no /P keeps this board's defaults",
-         {"/C/dev/ttyACM0", "%hex%"},
-         0,
-         Avrdude("/dev/ttyACM0")},
-        {"other processor, programmer and speed",
-         {"/C/dev/ttyS0", "/P", "ATmega2560:wiring:57600", "%hex%"},
-         0,
-         Avrdude("/dev/ttyS0", "m2560", "wiring", "57600")},
-        {"a tiny",
-         {"/C/dev/ttyS0", "/P", "attiny85:usbasp:19200", "%hex%"},
-         0,
-         Avrdude("/dev/ttyS0", "t85", "usbasp", "19200")},
-        {"avrdude's own part id passes as it is",
-         {"/C/dev/ttyS0", "/P", "m168", "%hex%"},
-         0,
-         Avrdude("/dev/ttyS0", "m168")},
-        {"empty fields keep defaults",
-         {"/C/dev/ttyS0", "/P", "::57600", "%hex%"},
-         0,
-         Avrdude("/dev/ttyS0", "m328p", "arduino", "57600")},
-        {"another boot loader of the same protocol",
-         {"/C/dev/ttyS0", "/P", "m328p:stk500v1:57600", "%hex%"},
-         0,
-         Avrdude("/dev/ttyS0", "m328p", "stk500v1", "57600")},
-        {"a COM number", {"/C3", "%hex%"}, 0, Avrdude("3")},
-        {"the later of two ports wins",
-         {"/C/dev/ttyS0", "/C/dev/ttyACM1", "%hex%"},
-         0,
-         Avrdude("/dev/ttyACM1")},
+         "%hex% /p atmega328p:arduino:115200 /w0 /c/dev/ttyUSB1", 0, "/dev/ttyUSB1"},
+        {"parameters attached to /P", "/Patmega328p:arduino:115200 " + acm0 + "%hex%", 0,
+         "/dev/ttyACM0"},
+        {"no /P keeps this board's defaults", acm0 + "%hex%", 0, "/dev/ttyACM0"},
+        {"other processor, programmer and speed", "/C/dev/ttyS0 /P ATmega2560:wiring:57600 %hex%",
+         0, "/dev/ttyS0 m2560 wiring 57600"},
+        {"a tiny", "/C/dev/ttyS0 /P attiny85:usbasp:19200 %hex%", 0, "/dev/ttyS0 t85 usbasp 19200"},
+        {"avrdude's own part id passes as it is", "/C/dev/ttyS0 /P m168 %hex%", 0,
+         "/dev/ttyS0 m168"},
+        {"empty fields keep defaults", "/C/dev/ttyS0 /P ::57600 %hex%", 0,
+         "/dev/ttyS0 m328p arduino 57600"},
+        {"another boot loader of the same protocol", "/C/dev/ttyS0 /P m328p:stk500v1:57600 %hex%",
+         0, "/dev/ttyS0 m328p stk500v1 57600"},
+        {"a COM number", "/C3 %hex%", 0, "3"},
+        {"the later of two ports wins", "/C/dev/ttyS0 /C/dev/ttyACM1 %hex%", 0, "/dev/ttyACM1"},
         // An absolute Linux path starts with "/" as the options do; "/proc/.." leads back to
         // the root, so this path begins like "/P" and still names the HEX file.
-        {"a HEX path that begins like an option",
-         {"/C/dev/ttyACM0", "/proc/..%hex%"},
-         0,
-         Avrdude("/dev/ttyACM0", "m328p", "arduino", "115200", "/proc/..%hex%")},
-        {"avrdude found on PATH",
-         {"/C/dev/ttyACM0", "%hex%"},
-         0,
-         Avrdude("/dev/ttyACM0"),
-         written,
-         QString(),
-         "/nonexistent:%dir%"},
-        {"avrdude's failure passes through",
-         {"/C/dev/ttyACM0", "/W0", "%hex%"},
-         1,
-         Avrdude("/dev/ttyACM0"),
-         written,
-         "%fake%",
-         {},
-         1},
-        {"and its exit code",
-         {"/C/dev/ttyACM0", "%hex%"},
-         3,
-         Avrdude("/dev/ttyACM0"),
-         written,
-         "%fake%",
-         {},
-         3},
-        {"avrdude ended by a signal fails",
-         {"/C/dev/ttyACM0", "%hex%"},
-         128 + 9,
-         Avrdude("/dev/ttyACM0"),
-         written,
-         "%fake%",
-         {},
-         0,
-         "KILL"},
+        {"a HEX path that begins like an option", acm0 + "/proc/..%hex%", 0,
+         "/dev/ttyACM0 m328p arduino 115200 /proc/..%hex%"},
+        {"avrdude found on PATH", acm0 + "%hex%", 0, "/dev/ttyACM0", "flash written",
+         "-QUILLON_AVRDUDE PATH=/nonexistent:%dir%"},
+        {"avrdude's failure passes through", acm0 + "/W0 %hex%", 1, "/dev/ttyACM0", "flash written",
+         "FAKE_AVRDUDE_EXIT=1"},
+        {"and its exit code", acm0 + "%hex%", 3, "/dev/ttyACM0", "", "FAKE_AVRDUDE_EXIT=3"},
+        {"avrdude ended by a signal fails", acm0 + "%hex%", 128 + 9, "/dev/ttyACM0", "",
+         "FAKE_AVRDUDE_SIGNAL=KILL"},
         // Faults are found before avrdude runs.
-        {"no port",
-         {"/W0", "/P", "atmega328p:arduino:115200", "%hex%"},
-         65,
-         {},
-         "no serial port given"},
-        {"HEX file missing",
-         {"/C/dev/ttyACM0", "%dir%/missing.hex"},
-         66,
-         {},
-         "missing.hex\" does not exist"},
-        {"HEX path is a folder", {"/C/dev/ttyACM0", "%dir%"}, 66, {}, "does not exist"},
-        {"QUILLON_AVRDUDE names nothing",
-         {"/C/dev/ttyACM0", "%hex%"},
-         67,
-         {},
-         "was not found",
-         "%dir%/nothing"},
-        {"QUILLON_AVRDUDE names a file that cannot run",
-         {"/C/dev/ttyACM0", "%hex%"},
-         67,
-         {},
-         "was not found",
-         "%hex%"},
-        {"avrdude not on PATH",
-         {"/C/dev/ttyACM0", "%hex%"},
-         67,
-         {},
-         "\"avrdude\" was not found",
-         QString(),
-         "%dir%/empty"},
-        {"no HEX file", {"/C/dev/ttyACM0"}, 64, {}, "no HEX file given"},
-        {"two HEX files", {"/C/dev/ttyACM0", "%hex%", "%hex%"}, 64, {}, "more than one HEX file"},
-        {"wait above five seconds", {"/C/dev/ttyACM0", "/W6", "%hex%"}, 64, {}, "out of range"},
-        {"a huge wait", {"/C/dev/ttyACM0", "/W99999999999", "%hex%"}, 64, {}, "out of range"},
-        {"/P without its value", {"/C/dev/ttyACM0", "%hex%", "/P"}, 64, {}, "/P needs"},
-        {"baud not a number",
-         {"/C/dev/ttyACM0", "/P", "m328p:arduino:fast", "%hex%"},
-         64,
-         {},
-         "not a number"},
-        {"four parameter fields",
-         {"/C/dev/ttyACM0", "/P", "a:b:1:d", "%hex%"},
-         64,
-         {},
-         "too many fields"},
+        {"no port", "/W0 /P atmega328p:arduino:115200 %hex%", 65, "", "no serial port given"},
+        {"HEX file missing", acm0 + "%dir%/missing.hex", 66, "", "missing.hex\" does not exist"},
+        {"HEX path is a folder", acm0 + "%dir%", 66, "", "does not exist"},
+        {"QUILLON_AVRDUDE names nothing", acm0 + "%hex%", 67, "", "was not found",
+         "QUILLON_AVRDUDE=%dir%/nothing"},
+        {"QUILLON_AVRDUDE names a file that cannot run", acm0 + "%hex%", 67, "", "was not found",
+         "QUILLON_AVRDUDE=%hex%"},
+        {"avrdude not on PATH", acm0 + "%hex%", 67, "", "\"avrdude\" was not found",
+         "-QUILLON_AVRDUDE PATH=%dir%/empty"},
+        {"no HEX file", acm0, 64, "", "no HEX file given"},
+        {"two HEX files", acm0 + "%hex% %hex%", 64, "", "more than one HEX file"},
+        {"wait above five seconds", acm0 + "/W6 %hex%", 64, "", "out of range"},
+        {"a huge wait", acm0 + "/W99999999999 %hex%", 64, "", "out of range"},
+        {"/P without its value", acm0 + "%hex% /P", 64, "", "/P needs"},
+        {"baud not a number", acm0 + "/P m328p:arduino:fast %hex%", 64, "", "not a number"},
+        {"four parameter fields", acm0 + "/P a:b:1:d %hex%", 64, "", "too many fields"},
     };
     QFile::copy(fake, dir.filePath("avrdude"));
-    for (CRunCase row : rows) {
+    for (const auto& row : rows) {
         SCOPED_TRACE(row.Behaviour);
-        row.Args.replaceInStrings("%dir%", dir.path());
-        for (QString* text : {&row.Program, &row.Path})
-            if (!text->isNull())
-                text->replace("%dir%", dir.path());
-        const CWriterRun run = Run(row);
+        const CWriterRun run = Run(row.Args, row.Environment);
         EXPECT_EQ(run.ExitCode, row.ExitCode) << run.Output.toStdString();
-        EXPECT_EQ(run.AvrdudeArgs, row.Avrdude.replaceInStrings("%hex%", hex));
+        EXPECT_EQ(run.AvrdudeArgs, Avrdude(row.Avrdude, hex));
         EXPECT_TRUE(run.Output.contains(row.Message)) << run.Output.toStdString();
     }
 }
@@ -249,7 +166,7 @@ TEST_F(CWriterProgram, WaitsBeforeWritingSoTheUserCanPressResetButFailsFast)
 {
     QElapsedTimer clock;
     clock.start();
-    const CWriterRun run = Run({"wait", {"/C/dev/ttyACM0", "/W1", hex}, 0, {}});
+    const CWriterRun run = Run("/C/dev/ttyACM0 /W1 %hex%");
     EXPECT_GE(clock.elapsed(), 1000);
     EXPECT_EQ(run.ExitCode, 0);
     EXPECT_TRUE(run.Output.contains("press the board's reset button")) << run.Output.toStdString();
@@ -257,7 +174,6 @@ TEST_F(CWriterProgram, WaitsBeforeWritingSoTheUserCanPressResetButFailsFast)
 
     // A fault is reported without the wait.
     clock.restart();
-    EXPECT_EQ(
-        Run({"fault", {"/C/dev/ttyACM0", "/W5", dir.filePath("missing.hex")}, 0, {}}).ExitCode, 66);
+    EXPECT_EQ(Run("/C/dev/ttyACM0 /W5 %dir%/missing.hex").ExitCode, 66);
     EXPECT_LT(clock.elapsed(), 4000);
 }

@@ -40,14 +40,14 @@ struct CSettingsPlace
     }
 };
 
-// A key's value no other key has, so a key read under another's name shows.
+// A key of the profile, how to reach it, and two values.
 struct CKey
 {
     const char* Key;
     std::function<QString(const CSettings&)> Get;
     std::function<void(CSettings&, const QString&)> Set;
     const char* Default;
-    const char* Other;
+    const char* Other; // a value no other key has, so a key read under another's name shows
 };
 
 #define SETTINGS_KEY(Key, Name, Type, Default, Other)                                              \
@@ -125,12 +125,8 @@ TEST(Settings, EveryKeyIsReadAndSavedUnderItsOwnName)
 
 TEST(Settings, ProfileValuesAreReadLenientlyUnderNamesInAnyCase)
 {
-    const struct
-    {
-        const char* Key; /* as written in the profile */
-        const char* Text;
-        const char* Expected;
-    } rows[] = {
+    const std::tuple<const char*, const char*, const char*> rows[] = {
+        // key as written in the profile, its text, the value read
         {"Settings/ClockSource", "3", "3"},
         {"Settings/ClockSource", " -2", "-2"},
         {"Settings/ClockSource", "12abc", "12"},
@@ -141,39 +137,33 @@ TEST(Settings, ProfileValuesAreReadLenientlyUnderNamesInAnyCase)
         {"settings/writeport", "/dev/ttyUSB1", "/dev/ttyUSB1"},
         {"SETTINGS/WRITEWAIT", "7", "7"},
     };
-    for (const auto& row : rows) {
+    for (const auto& [key, text, expected] : rows) {
         CSettingsPlace place;
-        place.Profile->setValue(row.Key, QString::fromLatin1(row.Text));
-        EXPECT_EQ(Value(place.Loaded(), row.Key), row.Expected) << row.Key << "=" << row.Text;
+        place.Profile->setValue(key, QString::fromLatin1(text));
+        EXPECT_EQ(Value(place.Loaded(), key), expected) << key << "=" << text;
     }
 }
 
 TEST(Settings, IniFileIsReadAsAWindowsProfileFileIs)
 {
-    const struct
-    {
-        const char* Name;
-        QByteArray Ini;
-        const char* Targets;
-    } rows[] = {
-        {"targets in order", "[Quillon]\nTarget1=a\nTarget2=b\nTarget3=c\n", "a|b|c"},
-        {"a gap ends the targets", "[Quillon]\nTarget1=a\nTarget3=c\n", "a"},
-        {"no Target1, no targets", "[Quillon]\nTarget2=b\nTarget3=c\n", ""},
-        {"an empty value ends them", "[Quillon]\nTarget1=a\nTarget2=\nTarget3=c\n", "a"},
-        {"file order does not matter", "[Quillon]\nTarget2=b\nTarget1=a\n", "a|b"},
+    const std::tuple<const char*, QByteArray, const char*> rows[] = {
+        {"targets in order", "Target1=a\nTarget2=b\nTarget3=c\n", "a|b|c"},
+        {"a gap ends the targets", "Target1=a\nTarget3=c\n", "a"},
+        {"no Target1, no targets", "Target2=b\nTarget3=c\n", ""},
+        {"an empty value ends them", "Target1=a\nTarget2=\nTarget3=c\n", "a"},
+        {"file order does not matter", "Target2=b\nTarget1=a\n", "a|b"},
         {"other section ignored", "[Other]\nTarget1=x\n[Quillon]\nTarget1=a\n", "a"},
-        {"comma kept in the value", "[Quillon]\nTarget1=a,b\n", "a,b"},
-        {"comma and blank kept", "[Quillon]\nTarget1=a, b\n", "a, b"},
-        {"semicolon kept", "[Quillon]\nTarget1=a;b\nTarget2=c ; d\n", "a;b|c ; d"},
+        {"comma and blank kept in the value", "Target1=a,b\nTarget2=a, b\n", "a,b|a, b"},
+        {"semicolon kept", "Target1=a;b\nTarget2=c ; d\n", "a;b|c ; d"},
         {"names in any case", "[QUILLON]\r\ntarget1=a\r\nTARGET2 = b\r\n", "a|b"},
-        {"quotes enclosing the value", "[Quillon]\nTarget1=\"my board\"\n", "my board"},
-        {"the first of two equal keys", "[Quillon]\nTarget1=a\nTarget1=b\n", "a"},
-        {"a commented key is no key", "[Quillon]\n;Target1=x\nTarget1=a\n", "a"},
+        {"quotes enclosing the value", "Target1=\"my board\"\n", "my board"},
+        {"the first of two equal keys", "Target1=a\nTarget1=b\n", "a"},
+        {"a commented key is no key", ";Target1=x\nTarget1=a\n", "a"},
     };
-    for (const auto& row : rows) {
+    for (const auto& [name, ini, targets] : rows) {
         CSettingsPlace place;
-        place.WriteIni(row.Ini);
-        EXPECT_EQ(place.Loaded().GetTargets().join(u'|'), row.Targets) << row.Name;
+        place.WriteIni(ini.startsWith('[') ? ini : "[Quillon]\n" + ini);
+        EXPECT_EQ(place.Loaded().GetTargets().join(u'|'), targets) << name;
     }
     // A key present but empty stays empty, only a missing one takes its default; values are
     // cut to their buffers.

@@ -47,11 +47,9 @@ TEST_F(TargetSettings, OpensOnTheCurrentBoardAmongTheCandidatesThatRead)
     EXPECT_EQ(logic.Candidates()[0].DisplayName, "ATmega328P Uno-class board (16MHz)");
     EXPECT_EQ(logic.Candidates()[1].DisplayName, "Network test board");
     EXPECT_EQ(logic.Candidates()[1].Index, 2) << "the missing board keeps its place";
-    EXPECT_EQ(logic.Target, 0);
     EXPECT_EQ(logic.ClockSources, QStringList{"16MHz crystal"});
-    EXPECT_EQ(logic.Clock, 0);
-    EXPECT_FALSE(logic.ShowsNetwork);
-    EXPECT_FALSE(logic.ChangesBoard());
+    EXPECT_EQ(std::tuple(logic.Target, logic.Clock, logic.ShowsNetwork, logic.ChangesBoard()),
+              std::tuple(0, 0, false, false));
 
     settings.SetTarget("elsewhere");
     const CTargetSettingsLogic unknown(settings, targets, uno);
@@ -64,18 +62,17 @@ TEST_F(TargetSettings, ChoosingABoardTakesItsDefaultsAndOkStoresItOnlyWhenKept)
     for (const bool keep : {false, true}) {
         CTargetSettingsLogic logic(settings, targets, uno);
         logic.SelectTarget(1);
-        EXPECT_TRUE(logic.ShowsNetwork);
-        EXPECT_EQ(logic.Clock, 1);
-        EXPECT_TRUE(logic.ClockSources.isEmpty());
-        EXPECT_TRUE(logic.ChangesBoard());
+        EXPECT_EQ(std::tuple(logic.ShowsNetwork, logic.Clock, logic.ClockSources.isEmpty(),
+                             logic.ChangesBoard()),
+                  std::tuple(true, 1, true, true));
         ASSERT_TRUE(CTargetSettingsLogic::ReadAddress("192.168.0.10", logic.IPAddress));
         ASSERT_TRUE(CTargetSettingsLogic::ReadAddress("255.255.255.0", logic.IPMask));
         logic.Apply(settings, keep);
         // The rest is stored whichever board the answer keeps.
         EXPECT_EQ(settings.GetTarget(), keep ? "net" : "uno");
-        EXPECT_EQ(settings.GetClockSource(), 1);
-        EXPECT_EQ(settings.GetIPAddress(), 0xC0A8000Au);
-        EXPECT_EQ(settings.GetIPMask(), 0xFFFFFF00u);
+        EXPECT_EQ(
+            std::tuple(settings.GetClockSource(), settings.GetIPAddress(), settings.GetIPMask()),
+            std::tuple(1, 0xC0A8000Au, 0xFFFFFF00u));
     }
     CTargetSettingsLogic back(settings, targets, uno);
     back.SelectTarget(0);

@@ -83,95 +83,65 @@ TEST_F(CPipelineFixture, FileNamesNeverBecomeArguments)
 
 TEST_F(CPipelineFixture, EveryOutcomeEndsTheLogAsTheUserSeesIt)
 {
-    struct CRow
+    const QString stopped = "|The compilation stopped.", tool = "\"%tool%\" --x",
+                  canceled = "The compilation terminated.|The FLASH writing was canceled.",
+                  missing = "|No such file or directory" + stopped;
+    const struct
     {
         const char* Behaviour;
-        const char* Scenario; // what the fake compiler acts out
-        QStringList Tail;     // the log's last lines; "%tool%" is the board folder's "tool"
-        CFakeBoardDefinition Board = {}; // commands "@x" run the fake tool acting out x
-        EAnswer Answer = EAnswer::Cancel;
+        const char* Scenario;   // what the fake compiler acts out
+        QString Tail;           // the log's last lines, '|' between; "%tool%" is the board's "tool"
+        QString Commands = {};  // '|' between; "@x" runs the fake tool acting out x
         QByteArray Script = {}; // written as "tool" when not empty
-    };
-    const QString stopped = "The compilation stopped.", tool = "\"%tool%\" --x";
-    const CRow rows[] = {
-        {"the compiler's error file after an empty line",
-         "err",
-         {"Pass2...", "", "Panel (3,4): the net has two drivers.\r\n", stopped}},
-        {"a crashing compiler", "crash", {"Pass2...", "", stopped}},
-        {"a missing compiler",
-         "hex",
-         {"Pass2...", "Command execution error.\n(nothere,2)", "No such file or directory", "",
-          stopped},
-         {.Compiler = "nothere"}},
-        {"no compiler: the board folder cannot be run",
-         "hex",
-         {"Pass2...", "Command execution error.\n(,13)", "Permission denied", "", stopped},
-         {.Compiler = ""}},
-        {"an empty HEX file", "empty-hex", {"HEX file was not created."}},
-        {"no HEX file", "ok", {"HEX file was not created."}},
-        {"every command runs, empty positions skipped",
-         "hex",
-         {"Pass3...", "first line", "second line", "first line", "second line",
-          "The compilation terminated.", "The FLASH writing was canceled."},
-         {.Commands = {"@print", "", "@print"}}},
-        {"a failing command stops the list",
-         "hex",
-         {"Pass3...", stopped},
-         {.Commands = {"@fail", "@print"}}},
-        {"a missing program",
-         "hex",
-         {"Command execution error.\n(" + tool + ",2)", "No such file or directory", stopped},
-         {.Commands = {tool}}},
-        {"neither a program nor a script",
-         "hex",
-         {"Command execution error.\n(" + tool + ",8)", "Exec format error", stopped},
-         {.Commands = {tool}},
-         EAnswer::Cancel,
+        QString Writer = {};    // the board's; null: the FLASH question is canceled
+        QString Compiler = "faketool";
+    } rows[] = {
+        {"the compiler's error file after an empty line", "err",
+         "Pass2...||Panel (3,4): the net has two drivers.\r\n" + stopped},
+        {"a crashing compiler", "crash", "Pass2...|" + stopped},
+        {"a missing compiler", "hex",
+         "Pass2...|Command execution error.\n(nothere,2)|No such file or directory|" + stopped, "",
+         "", QString(), "nothere"},
+        {"no compiler: the board folder cannot be run", "hex",
+         "Pass2...|Command execution error.\n(,13)|Permission denied|" + stopped, "", "", QString(),
+         ""},
+        {"an empty HEX file", "empty-hex", "HEX file was not created."},
+        {"no HEX file", "ok", "HEX file was not created."},
+        {"every command runs, empty positions skipped", "hex",
+         "Pass3...|first line|second line|first line|second line|" + canceled, "@print||@print"},
+        {"a failing command stops the list", "hex", "Pass3..." + stopped, "@fail|@print"},
+        {"a missing program", "hex", "Command execution error.\n(" + tool + ",2)" + missing, tool},
+        {"neither a program nor a script", "hex",
+         "Command execution error.\n(" + tool + ",8)|Exec format error" + stopped, tool,
          "echo hi\n"},
-        {"a script whose interpreter is missing",
-         "hex",
-         {"Command execution error.\n(" + tool + ",2)", "No such file or directory", stopped},
-         {.Commands = {tool}},
-         EAnswer::Cancel,
-         "#!/no/such/sh\n"},
+        {"a script whose interpreter is missing", "hex",
+         "Command execution error.\n(" + tool + ",2)" + missing, tool, "#!/no/such/sh\n"},
         // Lines are passed on whole, however the output arrives; a last one without its end too.
-        {"output in pieces",
-         "hex",
-         {"Pass3...", "first half", "no end", "The compilation terminated.",
-          "The FLASH writing was canceled."},
-         {.Commands = {tool}},
-         EAnswer::Cancel,
+        {"output in pieces", "hex", "Pass3...|first half|no end|" + canceled, tool,
          "#!/bin/sh\nprintf 'first '\nsleep 0.3\nprintf 'half\\n'\nprintf 'no end'\n"},
-        {"writing needs a writer",
-         "hex",
-         {"The compilation terminated.", "FLASH writer was not setting."},
-         {},
-         EAnswer::Ok},
-        {"OK starts the board writer",
-         "hex",
-         {"The compilation terminated.", "The FLASH writing started.",
-          "The FLASH writing terminated."},
-         {.WriterCommand = "faketool"},
-         EAnswer::Ok},
+        {"writing needs a writer", "hex",
+         "The compilation terminated.|FLASH writer was not setting.", "", "", ""},
+        {"OK starts the board writer", "hex",
+         "The compilation terminated.|The FLASH writing started.|The FLASH writing terminated.", "",
+         "", "faketool"},
     };
     settings.Writer.Port = "/dev/ttyACM0";
     const QString script = sandbox.BoardFolder() + "/tool";
-    for (const CRow& row : rows) {
+    for (const auto& row : rows) {
         SCOPED_TRACE(row.Behaviour);
         QFile::remove(script);
         if (!row.Script.isEmpty()) {
             sandbox.WriteFile("my board/tool", row.Script);
             QFile::setPermissions(script, QFile::permissions(script) | QFileDevice::ExeOwner);
         }
-        CFakeBoardDefinition fake = row.Board;
+        CFakeBoardDefinition fake{row.Compiler, row.Commands.split(u'|'), row.Writer};
         for (QString& command : fake.Commands)
             command = command.startsWith(u'@') ? sandbox.ToolActing(command.mid(1))
                                                : command.replace("%tool%", script);
-        messenger.Answers = {row.Answer};
-        EXPECT_EQ(Build(fake, row.Scenario),
-                  row.Tail.last().startsWith("The FLASH writing terminated"));
-        EXPECT_EQ(log.Tail(row.Tail.size()),
-                  QStringList(row.Tail).replaceInStrings("%tool%", script));
+        messenger.Answers = {row.Writer.isNull() ? EAnswer::Cancel : EAnswer::Ok};
+        const QStringList tail = QString(row.Tail).replace("%tool%", script).split(u'|');
+        EXPECT_EQ(Build(fake, row.Scenario), tail.last() == "The FLASH writing terminated.");
+        EXPECT_EQ(log.Tail(tail.size()), tail);
     }
 }
 

@@ -26,12 +26,9 @@ struct CFakePortFinder : IPortFinder
     QString FindBoardPort(const QString& interfaceName) override
     {
         AskedFor = interfaceName;
-        ++Calls;
         return Port;
     }
-    QString Port;
-    QString AskedFor;
-    int Calls = 0;
+    QString Port, AskedFor;
 };
 
 // The parts of a board definition the build reads.
@@ -44,13 +41,14 @@ struct CFakeBoardDefinition
 };
 
 // A board folder holding the fake tool as its compiler and writer, a work folder and a
-// folder for layouts, all in a temporary folder of the test's own.
+// folder for layouts, all in a temporary folder of the test's own. The board's folder has a
+// blank in its name, which must not part any argument.
 class CBuildSandbox
 {
-public:
+  public:
     CBuildSandbox()
     {
-        for (const char* folder : {"my board", "work", "layouts"}) // a blank in the board's path must not part any argument
+        for (const char* folder : {"my board", "work", "layouts"})
             QDir(m_root.path()).mkpath(folder);
         QFile::copy(QStringLiteral(QUILLON_FAKE_TOOL), Tool());
         QFile::setPermissions(Tool(), QFile::permissions(Tool()) | QFileDevice::ExeOwner);
@@ -69,7 +67,10 @@ public:
     QString WorkFolder() const { return Path("work"); }
     QString Tool() const { return BoardFolder() + "/faketool"; }
     // A command-list entry that runs the fake tool acting out a scenario.
-    QString ToolActing(const QString& scenario) const { return u'"' + Tool() + "\" --act " + scenario; }
+    QString ToolActing(const QString& scenario) const
+    {
+        return u'"' + Tool() + "\" --act " + scenario;
+    }
 
     void WriteFile(const QString& relative, const QByteArray& bytes) const
     {
@@ -83,29 +84,35 @@ public:
         return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray();
     }
     // Every run of the fake tool: its scenario, arguments and folder, one a line.
-    QStringList Recorded() const { return QString::fromUtf8(ReadFile("record.txt")).split(u'\n', Qt::SkipEmptyParts); }
+    QStringList Recorded() const
+    {
+        return QString::fromUtf8(ReadFile("record.txt")).split(u'\n', Qt::SkipEmptyParts);
+    }
 
     // Writes the board definition and reads it.
     bool ReadBoard(const CFakeBoardDefinition& fake, CBoardInfo& board) const
     {
+        const auto element = [](const QString& name, const QString& value) {
+            return value.isEmpty()
+                       ? QString()
+                       : QStringLiteral("<%1 var=\"%2\"/>").arg(name, value.toHtmlEscaped());
+        };
         QString commands;
         for (int i = 0; i < fake.Commands.size(); ++i)
-            if (!fake.Commands[i].isEmpty())
-                commands += QStringLiteral("<CMD%1 var=\"%2\"/>").arg(i + 1).arg(fake.Commands[i].toHtmlEscaped());
-        const auto element = [](const char* name, const QString& value) {
-            return value.isEmpty() ? QString() : QStringLiteral("<%1 var=\"%2\"/>").arg(name, value.toHtmlEscaped());
-        };
+            commands += element(QStringLiteral("CMD%1").arg(i + 1), fake.Commands[i]);
         WriteFile("my board/board_e.xml",
-                  QStringLiteral("<Q><BOARD name=\"Fake\"><INTERFACE name=\"FakeSerial\"/>"
-                                 "<COMPILER><PANEL var=\"%1\"/>%2</COMPILER><WRITER>%3%4</WRITER>"
-                                 "<PALETTE><INOUT file=\"inout_e.xml\"/><PARTS file=\"parts_e.xml\"/></PALETTE>"
-                                 "</BOARD></Q>")
-                      .arg(fake.Compiler, commands, element("CMD", fake.WriterCommand), element("PRM", fake.WriterParam))
+                  QStringLiteral(
+                      "<Q><BOARD name=\"Fake\"><INTERFACE name=\"FakeSerial\"/>"
+                      "<COMPILER><PANEL var=\"%1\"/>%2</COMPILER><WRITER>%3%4</WRITER><PALETTE>"
+                      "<INOUT file=\"inout_e.xml\"/><PARTS file=\"parts_e.xml\"/>"
+                      "</PALETTE></BOARD></Q>")
+                      .arg(fake.Compiler.toHtmlEscaped(), commands,
+                           element("CMD", fake.WriterCommand), element("PRM", fake.WriterParam))
                       .toUtf8());
         CRecordingMessenger messenger;
         return board.Read(BoardFolder(), QString(), messenger);
     }
 
-private:
+  private:
     QTemporaryDir m_root;
 };

@@ -61,42 +61,18 @@ TEST_F(CWriterFixture, BoardWriterCommandLines)
         const char* Param;
         const char* Port;
         int Wait;
-        QStringList Expected;        /* after the writer's path */
-        const char* Found = nullptr; /* asked: its answer */
+        QString Expected;            // after the writer's path, '|' between; "" no command
+        const char* Found = nullptr; // asked: its answer
     } rows[] = {
-        {"options in order",
-         "w.exe",
-         "-b 115200",
-         "3",
-         4,
-         {"/C3", "/W4", "/P", "-b", "115200", "/l/a b.hex"}},
-        {"a port in the template gets no second",
-         "w.exe /c3",
-         "",
-         "",
-         2,
-         {"/c3", "/W2", "/l/a b.hex"}},
-        {"nor a wait", "w.exe /w1 /C7", "", "", 2, {"/w1", "/C7", "/l/a b.hex"}},
-        {"zero wait is still passed",
-         "w",
-         "",
-         "/dev/ttyUSB0",
-         0,
-         {"/C/dev/ttyUSB0", "/W0", "/l/a b.hex"}},
-        {"quoted template arguments stay whole",
-         "w \"-x a b\"",
-         "",
-         "5",
-         2,
-         {"-x a b", "/C5", "/W2", "/l/a b.hex"}},
-        {"an unset port is found by the board's interface name",
-         "w",
-         "",
-         "",
-         2,
-         {"/C/dev/ttyACM1", "/W2", "/l/a b.hex"},
-         "/dev/ttyACM1"},
-        {"no board found, no command", "w", "", "", 2, {}, ""},
+        {"options in order", "w.exe", "-b 115200", "3", 4, "/C3|/W4|/P|-b|115200|/l/a b.hex"},
+        {"a port in the template gets no second", "w.exe /c3", "", "", 2, "/c3|/W2|/l/a b.hex"},
+        {"nor a wait", "w.exe /w1 /C7", "", "", 2, "/w1|/C7|/l/a b.hex"},
+        {"zero wait is still passed", "w", "", "/dev/ttyUSB0", 0, "/C/dev/ttyUSB0|/W0|/l/a b.hex"},
+        {"quoted template arguments stay whole", "w \"-x a b\"", "", "5", 2,
+         "-x a b|/C5|/W2|/l/a b.hex"},
+        {"an unset port is found by the board's interface name", "w", "", "", 2,
+         "/C/dev/ttyACM1|/W2|/l/a b.hex", "/dev/ttyACM1"},
+        {"no board found, no command", "w", "", "", 2, "", ""},
     };
     for (const auto& row : rows) {
         SCOPED_TRACE(row.Name);
@@ -105,7 +81,7 @@ TEST_F(CWriterFixture, BoardWriterCommandLines)
         finder = {};
         finder.Port = row.Found;
         const QStringList command = Compose(row.Template, row.Param);
-        EXPECT_EQ(command.mid(1), row.Expected);
+        EXPECT_EQ(command.mid(1).join(u'|'), row.Expected);
         if (!row.Expected.isEmpty()) {
             EXPECT_EQ(command.value(0),
                       sandbox.BoardFolder() + "/" + QString(row.Template).section(u' ', 0, 0));
@@ -119,21 +95,17 @@ TEST_F(CWriterFixture, BoardWriterCommandLines)
 
 TEST_F(CWriterFixture, UserWriterTakesTheHexWhereThePlaceholderStands)
 {
-    const struct
-    {
-        const char* Options;
-        QStringList Arguments;
-    } rows[] = {
-        {"-f %hex% -v", {"-f", "/l/a \" b.hex", "-v"}},
-        {"-v", {}},
-        {"%hex% %hex%", {"/l/a \" b.hex", "%hex%"}},
-        {"\"-Uflash:w:%hex%:i\" -q", {"-Uflash:w:/l/a \" b.hex:i", "-q"}},
+    const std::pair<const char*, const char*> rows[] = {
+        {"-f %hex% -v", "-f|/l/a \" b.hex|-v"},
+        {"-v", ""},
+        {"%hex% %hex%", "/l/a \" b.hex|%hex%"},
+        {"\"-Uflash:w:%hex%:i\" -q", "-Uflash:w:/l/a \" b.hex:i|-q"},
     };
-    for (const auto& row : rows) {
+    for (const auto& [options, arguments] : rows) {
         const CCommandLine command =
-            CFlashWriter::UserCommand("/opt/my writer", row.Options, "/l/a \" b.hex");
-        EXPECT_EQ(command.Program, "/opt/my writer") << row.Options;
-        EXPECT_EQ(command.Arguments, row.Arguments) << row.Options;
+            CFlashWriter::UserCommand("/opt/my writer", options, "/l/a \" b.hex");
+        EXPECT_EQ(command.Program, "/opt/my writer") << options;
+        EXPECT_EQ(command.Arguments.join(u'|'), arguments) << options;
     }
 }
 
@@ -145,22 +117,23 @@ TEST_F(CWriterFixture, BoardWriterIsWatchedAndItsExitCodeDecides)
         const char* Writer;
         const char* Scenario;
         int Readings;
-        QStringList Tail;
+        QString Tail; // '|' between lines
     } rows[] = {
-        {"faketool", "ok", 100, {"The FLASH writing terminated."}},
-        {"faketool", "fail", 100, {"Error on write on FLASH. code=3"}},
-        {"faketool", "crash", 100, {"Error on write on FLASH. code=6"}},
+        {"faketool", "ok", 100, "The FLASH writing terminated."},
+        {"faketool", "fail", 100, "Error on write on FLASH. code=3"},
+        {"faketool", "crash", 100, "Error on write on FLASH. code=6"},
         // Still running after the watch: reported and left running.
-        {"faketool", "sleep", 3, {"Error on write on FLASH. code=259"}},
-        {"gone", "ok", 100, {"Command execution error.\n(gone,2)", "No such file or directory"}},
+        {"faketool", "sleep", 3, "Error on write on FLASH. code=259"},
+        {"gone", "ok", 100, "Command execution error.\n(gone,2)|No such file or directory"},
     };
     qputenv("QUILLON_FAKE_SLEEP_MS", "300");
     for (const auto& row : rows) {
         SCOPED_TRACE(row.Scenario);
         ASSERT_TRUE(sandbox.ReadBoard({.WriterCommand = row.Writer}, board));
+        const QStringList tail = row.Tail.split(u'|');
         EXPECT_EQ(Write(row.Scenario, row.Readings),
-                  row.Tail.last() == "The FLASH writing terminated.");
-        EXPECT_EQ(log.Tail(row.Tail.size()), row.Tail);
+                  tail.last() == "The FLASH writing terminated.");
+        EXPECT_EQ(log.Tail(tail.size()), tail);
     }
     qunsetenv("QUILLON_FAKE_SLEEP_MS");
     EXPECT_TRUE(Recorded("woke"));

@@ -30,9 +30,8 @@ TEST_F(WriterOption, DevicesFollowAutoselectAndTheChosenOneIsStoredAsItsPath)
     logic.Port = 1;
     logic.Wait = 4;
     logic.Apply(settings);
-    EXPECT_EQ(settings.GetWritePort(), "/dev/ttyUSB0");
-    EXPECT_EQ(settings.GetWriteWait(), 5);
-    EXPECT_EQ(settings.GetWriteCOM(), 0);
+    EXPECT_EQ(std::tuple(settings.GetWritePort(), settings.GetWriteWait(), settings.GetWriteCOM()),
+              std::tuple("/dev/ttyUSB0", 5, 0));
 }
 
 TEST_F(WriterOption, UnpluggedStoredPortStaysOnOfferAndAWaitOffTheListIsKept)
