@@ -167,10 +167,13 @@ void CLayoutFile::Read(CPanelGrid& grid, const QString& text)
     m_placedBy.clear();
 }
 
-void CLayoutFile::AddFault(int number, const QString& why)
+void CLayoutFile::AddFault(int number, int why, std::initializer_list<QVariant> args)
 {
+    // Only the faults shown are put into words: a file of garbage has thousands.
     if (++m_faultCount <= kFaultsShown)
-        m_faults.append(CStringTable::Format(Ids::LoadFaultLine, {number, why}));
+        m_faults.append(CStringTable::Format(
+            Ids::LoadFaultLine,
+            {number, args.size() ? CStringTable::Format(why, args) : CStringTable::Get(why)}));
 }
 
 void CLayoutFile::ReportFaults()
@@ -211,7 +214,7 @@ void CLayoutFile::ReadRecord(CPanelGrid& grid, QStringView line, int number)
         line == u"OUTPUT")
         return;
     if (line.size() < 5)
-        return AddFault(number, CStringTable::Get(Ids::LoadNoRecord));
+        return AddFault(number, Ids::LoadNoRecord);
     // Only the record itself is copied out of the file's text.
     const QStringView prefix = line.left(2);
     const int column = prefix == u"I_"   ? CPanelGrid::GetInputColumn()
@@ -219,33 +222,31 @@ void CLayoutFile::ReadRecord(CPanelGrid& grid, QStringView line, int number)
                                          : LeadingInt(prefix);
     const int row = LeadingInt(line.mid(2, 2));
     if (!grid.Contains(column, row))
-        return AddFault(number, CStringTable::Get(Ids::LoadNoPosition));
+        return AddFault(number, Ids::LoadNoPosition);
     const QString record = line.mid(5).toString();
     if (record.isEmpty())
-        return AddFault(number, CStringTable::Get(Ids::LoadNoRecord));
+        return AddFault(number, Ids::LoadNoRecord);
     // Loading never asks: a second record for a taken position is named, and the first stays.
     if (grid.GetCell(column, row))
-        return AddFault(number,
-                        CStringTable::Format(Ids::LoadDuplicate,
-                                             {m_placedBy.value(KeyOf(grid.TopOf(column, row)))}));
+        return AddFault(number, Ids::LoadDuplicate,
+                        {m_placedBy.value(KeyOf(grid.TopOf(column, row)))});
 
     std::unique_ptr<CPanelCell> cell = MakeCell(record);
     if (!cell)
-        return AddFault(
-            number, CStringTable::Format(Ids::LoadUnknownPanel, {CPanelFactory::Keyword(record)}));
+        return AddFault(number, Ids::LoadUnknownPanel, {CPanelFactory::Keyword(record)});
     const int bottom = row + cell->GetHeight() - 1;
     if (bottom > CPanelGrid::GetRowCount())
-        return AddFault(number, CStringTable::Get(Ids::LoadTooTall));
+        return AddFault(number, Ids::LoadTooTall);
     for (int r = row + 1; r <= bottom; ++r)
         if (grid.GetCell(column, r))
-            return AddFault(number, CStringTable::Get(Ids::LoadCovers));
+            return AddFault(number, Ids::LoadCovers);
     if (!grid.CanUse(cell->GetTypeId()))
-        return AddFault(number, CStringTable::Get(Ids::LoadUsedUp));
+        return AddFault(number, Ids::LoadUsedUp);
     // A gate or wire whose line names no kind is kept, so its line is not lost, and named.
     const bool unknownKind = cell->GetPanel()->GetBitmapId() == CPanel::NoPanel;
     if (!grid.Place(column, row, std::move(cell)))
-        return AddFault(number, CStringTable::Get(Ids::LoadNoPosition));
+        return AddFault(number, Ids::LoadNoPosition);
     m_placedBy.insert(KeyOf({column, row}), number);
     if (unknownKind)
-        AddFault(number, CStringTable::Get(Ids::LoadUnknownKind));
+        AddFault(number, Ids::LoadUnknownKind);
 }

@@ -4,6 +4,7 @@
 #include <QHash>
 #include <QString>
 #include <QStringList>
+#include <QVariant>
 
 #include <memory>
 
@@ -47,7 +48,7 @@ public:
 
 private:
     void ReadRecord(CPanelGrid& grid, QStringView line, int number);
-    void AddFault(int number, const QString& why);
+    void AddFault(int number, int why, std::initializer_list<QVariant> args = {});
     void ReportFaults();
 
     const CBoardInfo* m_board;
