@@ -17,48 +17,47 @@
 
 namespace {
 
+const CText kOutputAndSerialFamilies[] = {
+    "StepMotorSpeedOffTheListMustBeChosen|SMOT\t1,25||index:speed=-1|ok=off|down:speed=2|"
+    "=record=SMOT\t1,20",
+    "StepMotorOutTakesATypedSpeed|SMOTO\t1,100|PB1|down:mode=1|type:speed=19|ok=off|"
+    "type:speed=150|=record=SMOTO\t2,150",
+    "SerialInCompareValuesAreSavedDescending|UARI\tX,1|PD0(RxD6)|press:compare|type:value0=5|"
+    "type:value1=200|type:value2=5|type:value3=17|type:value4=300|ok=off|type:value0=5|"
+    "selected:value4=300|type:value4=|=record=UARI\tC,200,17,5|=items=3",
+    "SerialInBitModeOnRxD0|UARI0\tC,1|PD0(RxD0)|type:name=Rx|press:bit|down:bits=3|"
+    "=record=UARI0\tB,3\t\t;Rx",
+    "SerialOutChangesNothing|UARO|PD1(TxD)|enabled:name=false|shows:name=You can't change this.|"
+    "shows:port=PD1(TxD)|=record=UARO",
+    "PulseWithTwoLevelsNeedsAStepChoice|PULS\tH,PB2,100,0|PB1,PB2|checked:five=false|"
+    "checked:three=false|ok=off|press:three|type:name=Fan|=record=PULS\tH,PB2,100,50,0\t\t;Fan",
+    "PwmDutiesAreSavedDescendingWithinTheFrequencyRange|PWM|PB1|type:duty0=50|type:duty1=100|"
+    "type:duty2=50|type:duty3=0|type:frequency=9|ok=off|type:frequency=100x|"
+    "selected:frequency=100x|type:frequency=500|type:duty4=101|ok=off|type:duty4=|"
+    "=record=PWM \t500Hz,100,50,0",
+    // The line keeps no port (the build takes the palette's); the panel keeps the choice.
+    "PwmWithSeveralPortsKeepsTheChosenOne|PWM\t500Hz,50|PB1,PB2,PB3|index:port=-1|ok=off|"
+    "down:port=2|shows:port=PB2|=record=PWM \t500Hz,50|=port=1",
+    "WebInWithoutNameStoresLoneSemicolon|WEBIN\t2||down:bits=2|=record=WEBIN\t4\t\t;",
+    "LcdClearDisablesTheText|LCD\t1,\"Hi\"||press:clear|enabled:text=false|=record=LCD \t0,\"\"",
+    "LcdTextStopsAtSixteenCharacters|LCD\t3,\"\"||ok=off|press:below|type:text=Hi, there|ok=off|"
+    "hidden:refused=false|type:text=ABCDEFGHIJKLMNOPQ|=record=LCD \t2,\"ABCDEFGHIJKLMNOP\"",
+};
+
 TEST_F(PropertyDialogs, OutputAndSerialFamilies)
 {
-    Run({
-        {"StepMotorSpeedOffTheListMustBeChosen", "SMOT\t1,25", "",
-         "index:speed=-1|ok=off|down:speed=2", "SMOT\t1,20", ""},
-        {"StepMotorOutTakesATypedSpeed", "SMOTO\t1,100", "PB1",
-         "down:mode=1|type:speed=19|ok=off|type:speed=150", "SMOTO\t2,150", ""},
-        {"SerialInCompareValuesAreSavedDescending", "UARI\tX,1", "PD0(RxD6)",
-         "press:compare|type:value0=5|type:value1=200|type:value2=5|type:value3=17|"
-         "type:value4=300|ok=off|type:value0=5|selected:value4=300|type:value4=",
-         "UARI\tC,200,17,5", "items=3"},
-        {"SerialInBitModeOnRxD0", "UARI0\tC,1", "PD0(RxD0)", "type:name=Rx|press:bit|down:bits=3",
-         "UARI0\tB,3\t\t;Rx", ""},
-        {"SerialOutChangesNothing", "UARO", "PD1(TxD)",
-         "enabled:name=false|shows:name=You can't change this.|shows:port=PD1(TxD)", "UARO", ""},
-        {"PulseWithTwoLevelsNeedsAStepChoice", "PULS\tH,PB2,100,0", "PB1,PB2",
-         "checked:five=false|checked:three=false|ok=off|press:three|type:name=Fan",
-         "PULS\tH,PB2,100,50,0\t\t;Fan", ""},
-        {"PwmDutiesAreSavedDescendingWithinTheFrequencyRange", "PWM", "PB1",
-         "type:duty0=50|type:duty1=100|type:duty2=50|type:duty3=0|type:frequency=9|ok=off|"
-         "type:frequency=100x|selected:frequency=100x|type:frequency=500|type:duty4=101|ok=off|"
-         "type:duty4=",
-         "PWM \t500Hz,100,50,0", ""},
-        // The line keeps no port (the build takes the palette's); the panel keeps the choice.
-        {"PwmWithSeveralPortsKeepsTheChosenOne", "PWM\t500Hz,50", "PB1,PB2,PB3",
-         "index:port=-1|ok=off|down:port=2|shows:port=PB2", "PWM \t500Hz,50", "port=1"},
-        {"WebInWithoutNameStoresLoneSemicolon", "WEBIN\t2", "", "down:bits=2", "WEBIN\t4\t\t;", ""},
-        {"LcdClearDisablesTheText", "LCD\t1,\"Hi\"", "", "press:clear|enabled:text=false",
-         "LCD \t0,\"\"", ""},
-        {"LcdTextStopsAtSixteenCharacters", "LCD\t3,\"\"", "",
-         "ok=off|press:below|type:text=Hi, there|ok=off|hidden:refused=false|"
-         "type:text=ABCDEFGHIJKLMNOPQ",
-         "LCD \t2,\"ABCDEFGHIJKLMNOP\"", ""},
-    });
+    Run(kOutputAndSerialFamilies);
 }
+
+const CText kBoardsPwmRange[] = {
+    "BoardsLowest|PWM|PB1|note=(Available 31 to 62500)|type:duty0=20|type:frequency=30|ok=off|"
+    "type:frequency=31|=record=PWM \t31Hz,20",
+};
 
 TEST_F(PropertyDialogs, PwmRangeIsTheBoards)
 {
     CPwmDialog::SetFrequencyLimits(31, 62500);
-    Run({{"BoardsLowest", "PWM", "PB1",
-          "note=(Available 31 to 62500)|type:duty0=20|type:frequency=30|ok=off|type:frequency=31",
-          "PWM \t31Hz,20", ""}});
+    Run(kBoardsPwmRange);
 }
 
 TEST(UsedPortDialog, ListsInputsThenOutputsInEitherLanguage)

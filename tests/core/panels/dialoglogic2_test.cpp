@@ -18,191 +18,151 @@ namespace {
 
 const CPortList kOnePort = Ports({"PB1(RxD6)"});
 
+const CText kStepMotor[] = {
+    "TwoPhaseTwenty|SMOT,2,20||mode=1|speed=1|saved=SMOT,2,20",
+    "SlowestSpeed|SMOT,1,100||mode=0|speed=5|saved=SMOT,1,100",
+    "SpeedOffTheListOpensWithNoSpeed|SMOT,1,25||mode=0|speed=-1|saved=|>speed=4|saved=SMOT,1,50",
+    "UnknownModeOpensWithNoMode|SMOT,3,20||mode=-1|speed=1|saved=",
+    "BareKeywordSelectsNothing|SMOT||mode=-1|speed=-1|saved=",
+};
+
 TEST(StepMotorDialogLogic, OpensOnTheListedSpeedsOnly)
 {
-    // name, tokens, mode, speed, saved
-    const std::tuple<CText, CText, int, int, CText> rows[] = {
-        {"TwoPhaseTwenty", "SMOT,2,20", 1, 1, "SMOT,2,20"},
-        {"SlowestSpeed", "SMOT,1,100", 0, 5, "SMOT,1,100"},
-        {"SpeedOffTheListOpensWithNoSpeed", "SMOT,1,25", 0, -1, ""},
-        {"UnknownModeOpensWithNoMode", "SMOT,3,20", -1, 1, ""},
-        {"BareKeywordSelectsNothing", "SMOT", -1, -1, ""},
-    };
-    for (const auto& [name, tokens, mode, speed, saved] : rows) {
-        const CStepMotorDialogLogic logic(Split(tokens));
-        EXPECT_EQ(logic.Mode, mode) << name;
-        EXPECT_EQ(logic.Speed, speed) << name;
-        EXPECT_EQ(Saved(logic), saved) << name;
-    }
-    CStepMotorDialogLogic logic(Split("SMOT,1,25"));
-    logic.Speed = 4;
-    EXPECT_EQ(Saved(logic), "SMOT,1,50");
+    using L = CStepMotorDialogLogic;
+    CheckLogic<L>(kStepMotor, Open<L>, {{"mode", Member(&L::Mode)}, {"speed", Member(&L::Speed)}});
 }
+
+// "speed" is the suggestion selected, "text" the speed typed.
+const CText kStepMotorOut[] = {
+    "SuggestionIsSelected|SMOTO,1,100|PB1|speed=2|saved=SMOTO,1,100",
+    "OtherSpeedIsAddedAndSelected|SMOTO,2,250|PB1|speed=8|saved=SMOTO,2,250",
+    "BelowTwentySelectsNothing|SMOTO,2,19|PB1|speed=-1|saved=",
+    "TypedLowestSpeed|SMOTO,2|PB1|speed=-1|>text=20|saved=SMOTO,2,20",
+    "TypedBelowLowest|SMOTO,2|PB1|>text=19|saved=",
+    "TypedHighestKeepsItsBlanksOff|SMOTO,1|PB1|>text= 30000 |saved=SMOTO,1,30000",
+    "TypedAsAPlainNumber|SMOTO,1|PB1|>text=0025|saved=SMOTO,1,25",
+    "EmptyWithoutSuggestion|SMOTO,1|PB1|>text=|saved=",
+    "UnknownMode|SMOTO,3,100|PB1|speed=2|saved=",
+    "SeveralPortsNeedAChoice|SMOTO,1,100|PB1,PB2|saved=|>port=1|saved=SMOTO,1,100",
+};
 
 TEST(StepMotorOutDialogLogic, TakesASuggestedOrTypedSpeed)
 {
-    // name, tokens, speed typed (nullptr: none), suggestion selected on opening, saved
-    const std::tuple<CText, CText, CText, int, CText> rows[] = {
-        {"SuggestionIsSelected", "SMOTO,1,100", nullptr, 2, "SMOTO,1,100"},
-        {"OtherSpeedIsAddedAndSelected", "SMOTO,2,250", nullptr, 8, "SMOTO,2,250"},
-        {"BelowTwentySelectsNothing", "SMOTO,2,19", nullptr, -1, ""},
-        {"TypedLowestSpeed", "SMOTO,2", "20", -1, "SMOTO,2,20"},
-        {"TypedBelowLowest", "SMOTO,2", "19", -1, ""},
-        {"TypedHighestKeepsItsBlanksOff", "SMOTO,1", " 30000 ", -1, "SMOTO,1,30000"},
-        {"EmptyWithoutSuggestion", "SMOTO,1", "", -1, ""},
-        {"UnknownMode", "SMOTO,3,100", nullptr, 2, ""},
-    };
-    for (const auto& [name, tokens, typed, speed, saved] : rows) {
-        CStepMotorOutDialogLogic logic(Split(tokens), Ports({"PB1"}));
-        EXPECT_EQ(logic.Speed, speed) << name;
-        if (typed) {
-            logic.SpeedText = QString::fromUtf8(typed);
-            logic.Speed = -1;
-        }
-        EXPECT_EQ(Saved(logic), saved) << name;
-    }
-    CStepMotorOutDialogLogic logic(Split("SMOTO,1,100"), Ports({"PB1", "PB2"}));
-    EXPECT_EQ(Saved(logic), ""); // several ports need a choice
-    logic.Port = 1;
-    EXPECT_EQ(Saved(logic), "SMOTO,1,100");
+    using L = CStepMotorOutDialogLogic;
+    CheckLogic<L>(kStepMotorOut, Open<L>,
+                  {{"speed", Member(&L::Speed)},
+                   {"text", Member(&L::SpeedText)},
+                   {"port", Member(&L::Port)}});
 }
 
-TEST(SerialInDialogLogic, WritesItsModeValuesAndKeyword)
-{
-    using L = CSerialInDialogLogic;
-    // name, tokens, the one port, mode, values typed, bit count, saved
-    const std::tuple<CText, CText, CText, L::EMode, CText, int, CText> rows[] = {
-        {"CompareDescendingWithoutRepeats", "UARI", "PD0(RxD6)", L::Compare, "5,200,5,17", -1,
-         "UARI,C,200,17,5"},
-        {"EmptyFieldBesideValueIsAllowed", "UARI", "RxD6", L::Compare, ",7", -1, "UARI,C,7"},
-        {"NoValueKeepsOkOff", "UARI", "RxD6", L::Compare, "", -1, ""},
-        {"RxD0PortSavesUari0", "UARI", "PD0(RxD0)", L::Compare, "1", -1, "UARI0,C,1"},
-        {"BothPinsSaveUari", "UARI0", "RxD0/RxD6", L::Compare, "1", -1, "UARI,C,1"},
-        {"BitModeSavesTheCount", "UARI", "RxD6", L::Bit, "", 2, "UARI,B,3"},
-        {"BitModeWithoutCount", "UARI", "RxD6", L::Bit, "", -1, ""},
-        {"NoModeKeepsOkOff", "UARI", "RxD6", L::NoMode, "1", -1, ""},
-        {"NameIsTheLastToken", "UARI,C,1,;Door", "RxD6", L::Compare, "9", -1, "UARI,C,9,;Door"},
-    };
-    for (const auto& [name, tokens, port, mode, values, bits, saved] : rows) {
-        SCOPED_TRACE(name);
-        L logic(Split(tokens), Ports({QString::fromUtf8(port)}));
-        logic.Port = 0;
-        logic.Mode = mode;
-        for (int i = 0; i < L::kValueFields; ++i)
-            logic.Values[i] = Split(values).value(i);
-        logic.BitCount = bits;
-        EXPECT_EQ(Saved(logic), saved);
-    }
-}
+// Modes: 1 compare, 2 bit; "bits" is the index of the bit count.
+const CText kSerialIn[] = {
+    "CompareDescendingWithoutRepeats|UARI|PD0(RxD6)|>port=0|>mode=1|>values=5,200,5,17|"
+    "saved=UARI,C,200,17,5",
+    "EmptyFieldBesideValueIsAllowed|UARI|RxD6|>port=0|>mode=1|>values=,7|saved=UARI,C,7",
+    "NoValueKeepsOkOff|UARI|RxD6|>port=0|>mode=1|saved=",
+    "RxD0PortSavesUari0|UARI|PD0(RxD0)|>port=0|>mode=1|>values=1|saved=UARI0,C,1",
+    "BothPinsSaveUari|UARI0|RxD0/RxD6|>port=0|>mode=1|>values=1|saved=UARI,C,1",
+    "BitModeSavesTheCount|UARI|RxD6|>port=0|>mode=2|>bits=2|saved=UARI,B,3",
+    "BitModeWithoutCount|UARI|RxD6|>port=0|>mode=2|saved=",
+    "NoModeKeepsOkOff|UARI|RxD6|>port=0|>mode=0|>values=1|saved=",
+    "NameIsTheLastToken|UARI,C,1,;Door|RxD6|>port=0|>values=9|saved=UARI,C,9,;Door",
+    "OpensWithModeValuesPortAndName|UARI,CW,3,9,3,;Key|PB0,PD0(RxD6)|mode=1|port=1|name=Key|"
+    "values=9,3",
+    "Uari0LooksForRxD0|UARI0,B,4|PD0(RxD6),PD1(RxD0)|port=1|mode=2|bits=3",
+    "UnknownModeAndPort|UARI,X,4|RxD2|mode=0|port=-1",
+};
 
-TEST(SerialInDialogLogic, OpensWithModeValuesPortAndName)
+TEST(SerialInDialogLogic, OpensAndWritesItsModeValuesAndKeyword)
 {
     using L = CSerialInDialogLogic;
-    const L compare(Split("UARI,CW,3,9,3,;Key"), Ports({"PB0", "PD0(RxD6)"}));
-    EXPECT_EQ(compare.Mode, L::Compare);
-    EXPECT_EQ(compare.Port, 1);
-    EXPECT_EQ(compare.Name, "Key");
-    EXPECT_EQ(compare.Values.mid(0, 3), Split("9,3,"));
-    EXPECT_EQ(compare.Values.size(), L::kValueFields);
-    const L bits(Split("UARI0,B,4"), Ports({"PD0(RxD6)", "PD1(RxD0)"}));
-    EXPECT_EQ(bits.Port, 1); // UARI0 looks for RxD0
-    EXPECT_EQ(bits.Mode, L::Bit);
-    EXPECT_EQ(bits.BitCount, 3);
-    const L unknown(Split("UARI,X,4"), Ports({"RxD2"}));
-    EXPECT_EQ(unknown.Mode, L::NoMode);
-    EXPECT_EQ(unknown.Port, -1);
+    CheckLogic<L>(kSerialIn, Open<L>,
+                  {{"port", Member(&L::Port)},
+                   {"mode", Member(&L::Mode)},
+                   {"values", Member(&L::Values)},
+                   {"bits", Member(&L::BitCount)},
+                   {"name", Member(&L::Name)}});
     EXPECT_EQ(CSerialOutDialogLogic(Ports({"TxD"})).Port, 0);
     EXPECT_EQ(CSerialOutDialogLogic(Ports({"TxD", "TxD0"})).Port, -1);
 }
 
+// Steps: 1 five, 2 three.
+const CText kPulse[] = {
+    "FiveSteps|PULS,H,PB2,100,75,50,25,0|PB1,PB2,PB3|port=1|steps=1|"
+    "saved=PULS,H,PB2,100,75,50,25,0",
+    "ThreeStepsWithName|PULS,H,PB3,100,50,0,;Fan|PB1,PB2,PB3|port=2|steps=2|"
+    "saved=PULS,H,PB3,100,50,0,;Fan",
+    "TwoLevelsCheckNeither|PULS,H,PB2,100,0|PB1,PB2,PB3|port=1|steps=0|saved=",
+    "SinglePortIsSelected|PULS,H,PX,100,50,0|PB1|port=0|steps=2|saved=PULS,H,PB1,100,50,0",
+    "PortNotInTheList|PULS,H,PX,100,50,0|PB1,PB2,PB3|port=-1|steps=2|saved=",
+    "ChoicesAreWritten|PULS,H,PB2,100,75,50,25,0|PB1,PB2|>steps=2|>name=Lamp|"
+    "saved=PULS,H,PB2,100,50,0,;Lamp",
+};
+
 TEST(PulseDialogLogic, OpensWithPortAndStepsAndWritesTheLevels)
 {
     using L = CPulseDialogLogic;
-    // name, tokens, ports, port, steps, saved
-    const std::tuple<CText, CText, CText, int, L::ESteps, CText> rows[] = {
-        {"FiveSteps", "PULS,H,PB2,100,75,50,25,0", "PB1,PB2,PB3", 1, L::FiveSteps,
-         "PULS,H,PB2,100,75,50,25,0"},
-        {"ThreeStepsWithName", "PULS,H,PB3,100,50,0,;Fan", "PB1,PB2,PB3", 2, L::ThreeSteps,
-         "PULS,H,PB3,100,50,0,;Fan"},
-        {"TwoLevelsCheckNeither", "PULS,H,PB2,100,0", "PB1,PB2,PB3", 1, L::NoSteps, ""},
-        {"SinglePortIsSelected", "PULS,H,PX,100,50,0", "PB1", 0, L::ThreeSteps,
-         "PULS,H,PB1,100,50,0"},
-        {"PortNotInTheList", "PULS,H,PX,100,50,0", "PB1,PB2,PB3", -1, L::ThreeSteps, ""},
-    };
-    for (const auto& [name, tokens, ports, port, steps, saved] : rows) {
-        const L logic(Split(tokens), Ports(Split(ports)));
-        EXPECT_EQ(logic.Port, port) << name;
-        EXPECT_EQ(logic.Steps, steps) << name;
-        EXPECT_EQ(Saved(logic), saved) << name;
-    }
-    L logic(Split("PULS,H,PB2,100,75,50,25,0"), Ports({"PB1", "PB2"}));
-    logic.Steps = L::ThreeSteps;
-    logic.Name = "Lamp";
-    EXPECT_EQ(Saved(logic), "PULS,H,PB2,100,50,0,;Lamp");
+    CheckLogic<L>(
+        kPulse, Open<L>,
+        {{"port", Member(&L::Port)}, {"steps", Member(&L::Steps)}, {"name", Member(&L::Name)}});
 }
+
+// "low" and "high" are the board's frequency range.
+const CText kPwm[] = {
+    "DutiesDescendingWithoutRepeats|PWM|PB1|>frequency=500|>duties=50,100,50,0|"
+    "saved=PWM,500Hz,100,50,0",
+    "DefaultLowestFrequency|PWM|PB1|>frequency=10|>duties=50|saved=PWM,10Hz,50",
+    "DefaultHighestFrequency|PWM|PB1|>frequency=81920|>duties=0|saved=PWM,81920Hz,0",
+    "BoardLowestFrequency|PWM|PB1|>low=31|>high=62500|>frequency=31|>duties=25|saved=PWM,31Hz,25",
+    "BelowBoardLowest|PWM|PB1|>low=31|>high=62500|>frequency=30|>duties=25|saved=",
+    "AboveBoardHighest|PWM|PB1|>low=31|>high=62500|>frequency=62501|>duties=25|saved=",
+    "NoDuty|PWM|PB1|>frequency=100|saved=",
+    "WrittenAsPlainNumbers|PWM,100Hz,50|PB1|>frequency= 0500 |>duties= 050|saved=PWM,500Hz,50",
+    "OpensWithFrequencyAndDutiesAndNoPort|PWM,1000Hz,80,20,80|PB1,PB2|frequency=1000|"
+    "duties=80,20|port=-1|low=10|high=81920",
+};
 
 TEST(PwmDialogLogic, TakesFrequencyInTheBoardsRangeAndDutiesDescending)
 {
-    // name, frequency, duties, the board's lowest and highest (0: the defaults), saved
-    const std::tuple<CText, CText, CText, int, int, CText> rows[] = {
-        {"DutiesDescendingWithoutRepeats", "500", "50,100,50,0", 0, 0, "PWM,500Hz,100,50,0"},
-        {"DefaultLowestFrequency", "10", "50", 0, 0, "PWM,10Hz,50"},
-        {"DefaultHighestFrequency", "81920", "0", 0, 0, "PWM,81920Hz,0"},
-        {"BoardLowestFrequency", "31", "25", 31, 62500, "PWM,31Hz,25"},
-        {"BelowBoardLowest", "30", "25", 31, 62500, ""},
-        {"AboveBoardHighest", "62501", "25", 31, 62500, ""},
-        {"NoDuty", "100", "", 0, 0, ""},
-    };
-    for (const auto& [name, frequency, duties, low, high, saved] : rows) {
-        CPwmDialogLogic logic({"PWM"}, Ports({"PB1"}), low, high);
-        logic.Frequency = QString::fromUtf8(frequency);
-        for (int i = 0; i < CPwmDialogLogic::kDutyFields; ++i)
-            logic.Duties[i] = Split(duties).value(i);
-        EXPECT_EQ(Saved(logic), saved) << name;
-    }
-    const CPwmDialogLogic opened(Split("PWM,1000Hz,80,20,80"), Ports({"PB1", "PB2"}));
-    EXPECT_EQ(opened.Frequency, "1000");
-    EXPECT_EQ(opened.Duties.mid(0, 3), Split("80,20,"));
-    EXPECT_EQ(opened.Port, -1); // token 2 is a duty, not a port
-    EXPECT_EQ(opened.LowFreq, CPwmDialogLogic::kDefaultLowFreq);
-    EXPECT_EQ(opened.HighFreq, CPwmDialogLogic::kDefaultHighFreq);
+    using L = CPwmDialogLogic;
+    CheckLogic<L>(kPwm, Open<L>,
+                  {{"frequency", Member(&L::Frequency)},
+                   {"duties", Member(&L::Duties)},
+                   {"port", Member(&L::Port)},
+                   {"low", Member(&L::LowFreq)},
+                   {"high", Member(&L::HighFreq)}});
 }
 
-TEST(WebInAndLcdDialogLogic, OpenAndSave)
+const CText kWebIn[] = {
+    "EmptyNameStoresLoneSemicolon|WEBIN,8||bits=7|saved=WEBIN,8,;",
+    "NameIsKept|WEBIN,10,;Gate||bits=9|saved=WEBIN,10,;Gate",
+    "ClearedName|WEBIN,2,;Gate||bits=1|>name=|saved=WEBIN,2,;",
+    "NoCountSelectsNothing|WEBIN||bits=-1|saved=",
+    "CountAboveTenSelectsNothing|WEBIN,11||bits=-1|saved=",
+};
+
+TEST(WebInDialogLogic, OpensWithBitCountAndName)
 {
-    // name, tokens, bit count, name typed (nullptr: none), saved
-    const std::tuple<CText, CText, int, CText, CText> webRows[] = {
-        {"EmptyNameStoresLoneSemicolon", "WEBIN,8", 7, nullptr, "WEBIN,8,;"},
-        {"NameIsKept", "WEBIN,10,;Gate", 9, nullptr, "WEBIN,10,;Gate"},
-        {"ClearedName", "WEBIN,2,;Gate", 1, "", "WEBIN,2,;"},
-        {"NoCountSelectsNothing", "WEBIN", -1, nullptr, ""},
-        {"CountAboveTenSelectsNothing", "WEBIN,11", -1, nullptr, ""},
-    };
-    for (const auto& [name, tokens, bits, typed, saved] : webRows) {
-        CWebInDialogLogic logic(Split(tokens));
-        EXPECT_EQ(logic.BitCount, bits) << name;
-        if (typed)
-            logic.Name = QString::fromUtf8(typed);
-        EXPECT_EQ(Saved(logic), saved) << name;
-    }
+    using L = CWebInDialogLogic;
+    CheckLogic<L>(kWebIn, Open<L>, {{"bits", Member(&L::BitCount)}, {"name", Member(&L::Name)}});
+}
+
+// Modes: 1 upper line, 2 lower line, 3 clear.
+const CText kLcd[] = {
+    "ClearStoresTwoQuotes|LCD,1,\"Hi\"||mode=1|text=Hi|>mode=3|!textenabled|saved=LCD,0,\"\"",
+    "BelowWrapsTheText|LCD,1,\"Hi\"||>mode=2|textenabled|saved=LCD,2,\"Hi\"",
+    "OwnQuotesStayInside|LCD,2,\"\"a\"\"||mode=2|text=\"a\"|saved=LCD,2,\"\"a\"\"",
+    "UnknownModeChecksNothing|LCD,3,\"x\"||mode=0|text=x|textenabled|saved=",
+    "ClearLineOpensEmptyAndNeedsText|LCD,0,\"\"||mode=3|text=|>mode=1|saved=",
+};
+
+TEST(LcdDialogLogic, OpensWithModeAndTextAndWritesThem)
+{
     using L = CLcdDialogLogic;
-    // name, tokens, mode and text opened, mode chosen, saved
-    const std::tuple<CText, CText, L::EMode, CText, L::EMode, CText> lcdRows[] = {
-        {"ClearStoresTwoQuotes", "LCD,1,\"Hi\"", L::Above, "Hi", L::Clear, "LCD,0,\"\""},
-        {"BelowWrapsTheText", "LCD,1,\"Hi\"", L::Above, "Hi", L::Below, "LCD,2,\"Hi\""},
-        {"OwnQuotesStayInside", "LCD,2,\"\"a\"\"", L::Below, "\"a\"", L::Below, "LCD,2,\"\"a\"\""},
-        {"UnknownModeChecksNothing", "LCD,3,\"x\"", L::NoMode, "x", L::NoMode, ""},
-        {"ClearLineOpensEmptyAndNeedsText", "LCD,0,\"\"", L::Clear, "", L::Above, ""},
-    };
-    for (const auto& [name, tokens, opened, text, chosen, saved] : lcdRows) {
-        SCOPED_TRACE(name);
-        L logic(Split(tokens));
-        EXPECT_EQ(logic.Mode, opened);
-        EXPECT_EQ(logic.Text, QString::fromUtf8(text));
-        logic.Mode = chosen;
-        EXPECT_EQ(logic.IsTextEnabled(), chosen != L::Clear);
-        EXPECT_EQ(Saved(logic), saved);
-    }
+    CheckLogic<L>(kLcd, Open<L>,
+                  {{"mode", Member(&L::Mode)},
+                   {"text", Member(&L::Text)},
+                   {"textenabled", Get(&L::IsTextEnabled)}});
 }
 
 // What each numeric field of every dialog does with a number typed into it while the
@@ -246,69 +206,26 @@ std::map<QString, QString> Verdicts(const QString& text)
 
 TEST(NumericFields, TakeOnlyNumbersInTheirRange)
 {
-    const std::tuple<CText, CText, CText> rows[] = {
-        {"CounterValue", "32767", "taken"},
-        {"CounterValue", " 12 ", "taken"},
-        {"CounterValue", "", "taken"},
-        {"CounterValue", "x", "selected"},
-        {"CounterValue", "-", "selected"},
-        {"CounterValue", "1 2", "selected"},
-        {"CounterValue", "32768", "selected"},
-        {"SerialValue", "255", "taken"},
-        {"SerialValue", "x", "selected"},
-        {"SerialValue", "-", "selected"},
-        {"SerialValue", "256", "selected"},
-        {"PwmDuty", "100", "taken"},
-        {"PwmDuty", "x", "selected"},
-        {"PwmDuty", "-", "selected"},
-        {"PwmDuty", "101", "selected"},
-        {"PwmFrequency", " 500 ", "taken"},
-        {"PwmFrequency", "100x", "selected"},
-        {"PwmFrequency", "81921", "selected"},
-        {"PwmFrequency", "9", "refused"},
-        {"PwmFrequency", "", "refused"},
-        {"MotorSpeed", "25", "taken"},
-        {"MotorSpeed", "25x", "selected"},
-        {"MotorSpeed", "30001", "selected"},
-        {"MotorSpeed", "2", "refused"},
-        {"SerialBit", "7", "taken"},
-        {"SerialBit", "x", "selected"},
-        {"SerialBit", "-", "selected"},
-        {"SerialBit", "8", "selected"},
-        {"SerialBit", "", "refused"},
-        {"JumpId", "99", "taken"},
-        {"JumpId", "9x", "selected"},
-        {"JumpId", "+9", "selected"},
-        {"JumpId", "100", "selected"},
-        {"JumpId", "0", "refused"},
-        {"Hours", "8", "taken"},
-        {"Hours", "", "taken"},
-        {"Hours", "x", "selected"},
-        {"Hours", "12", "selected"},
-        {"Minutes", "59", "taken"},
-        {"Minutes", "5m", "selected"},
-        {"Minutes", "60", "selected"},
-        {"Seconds", "-", "selected"},
-        {"Hundredths", "99", "taken"},
-        {"Hundredths", "x", "selected"},
+    // field, texts taken, texts refused and selected, texts refused alone ("|" between texts)
+    const std::tuple<CText, CText, CText, CText> rows[] = {
+        {"CounterValue", "32767| 12 |", "x|-|1 2|32768", nullptr},
+        {"SerialValue", "255", "x|-|256", nullptr},
+        {"PwmDuty", "100", "x|-|101", nullptr},
+        {"PwmFrequency", " 500 ", "100x|81921", "9|"},
+        {"MotorSpeed", "25", "25x|30001", "2"},
+        {"SerialBit", "7", "x|-|8", ""},
+        {"JumpId", "99", "9x|+9|100", "0"},
+        {"Hours", "8|", "x|12", nullptr},
+        {"Minutes", "59", "5m|60", nullptr},
+        {"Seconds", nullptr, "-", nullptr},
+        {"Hundredths", "99", "x", nullptr},
     };
-    for (const auto& [field, text, verdict] : rows)
-        EXPECT_EQ(Verdicts(QString::fromUtf8(text)).at(field), verdict)
-            << field << " \"" << text << '"';
-}
-
-TEST(NumericFields, AreWrittenAsPlainNumbers)
-{
-    CPwmDialogLogic pwm(Split("PWM,100Hz,50"), Ports({"PB1"}));
-    pwm.Frequency = " 0500 ";
-    pwm.Duties[0] = " 050";
-    EXPECT_EQ(Saved(pwm), "PWM,500Hz,50");
-    CStepMotorOutDialogLogic motor(Split("SMOTO,1"), Ports({"PB1"}));
-    motor.SpeedText = "0025";
-    EXPECT_EQ(Saved(motor), "SMOTO,1,25");
-    CNumberDialogLogic jump(CNumberDialogLogic::Jump, Split("JPO,7,R"), 7);
-    jump.SetText(" 09");
-    EXPECT_EQ(Saved(jump), "JPO,9,R");
+    for (const auto& [field, taken, selected, refused] : rows)
+        for (const auto& [texts, verdict] :
+             {std::pair{taken, "taken"}, {selected, "selected"}, {refused, "refused"}})
+            for (const QString& text : texts ? QString(texts).split(u'|') : QStringList())
+                EXPECT_EQ(Verdicts(text).at(field), verdict)
+                    << field << " \"" << text.toStdString() << '"';
 }
 
 // A name or text typed into a dialog, written as a line and read back through the factory

@@ -37,30 +37,28 @@ TEST(PanelLine, WrittenFormPadsTheKeywordAndPutsTheCommentLast)
         EXPECT_EQ(CPanel::JoinLine(Split(tokens)), QString::fromUtf8(line)) << tokens;
 }
 
+const CText kEveryPanel[] = {
+    "LineKeepsTextAndComment|LAMP\tH, P10 ,\t;main||tokens=LAMP,H,P10,;main|comment=main|"
+    "text=LAMP\tH, P10 ,\t;main|trailing=main|line=LAMP\tH,P10\t\t;main",
+    "LaterLineWithoutCommentKeepsTheOneRead|LAMP\tH,P10\t;main||>line=LAMP\tL,P11|comment=main|"
+    "trailing=",
+    "PortIndexFollowsThePortToken|SW\tH,P1|P0,P1|port=1|!incomplete|>line=SW\tH,P7|port=-1|"
+    "incomplete",
+    "PortIndexStaysWhenTheTokenIsMissing|SW\tH,P0|P0,P1|>line=SW\tH|port=0|incomplete",
+    "TooFewTokensIsIncomplete|SW\tH\t\t;name||incomplete",
+    "WithoutPortListOnlyTheCountMatters|SW\tH,P9||!incomplete",
+    "GateIsExemptFromTheCount|AND\tR||!incomplete",
+    "ProcessPictureIsOneItem|DLY\t1.00S||pictures=10027|size=32x32",
+    "SidePictureOfThreeRows|UARI\tC,200,17,5||pictures=10071,10072,10073|size=64x32",
+    "SidePictureOfTwoRows|UARI\tC,200,17||pictures=10071,10073",
+    "SidePictureOfOneRow|UARI\tC,200||pictures=10070",
+    "SidePictureMiddleRowsRepeat|PULS\tH,P1,100,75,50,25,0||pictures=10080,10081,10081,10081,10082",
+    "LampPictureIsOneSideRow|LAMP\tH,P1||pictures=10079|size=64x32",
+};
+
 TEST(PanelLine, EveryPanelKeepsTextCommentPortAndCompleteness)
 {
-    CheckPanels({
-        {"LineKeepsTextAndComment", "LAMP" TAB "H, P10 ," TAB ";main", "",
-         "tokens=LAMP,H,P10,;main|comment=main|text=LAMP\tH, P10 ,\t;main|trailing=main|"
-         "line=LAMP\tH,P10\t\t;main"},
-        {"LaterLineWithoutCommentKeepsTheOneRead", "LAMP" TAB "H,P10" TAB ";main", "",
-         ">line=LAMP\tL,P11|comment=main|trailing="},
-        {"PortIndexFollowsThePortToken", "SW" TAB "H,P1", "P0,P1",
-         "port=1|incomplete=false|>line=SW\tH,P7|port=-1|incomplete=true"},
-        {"PortIndexStaysWhenTheTokenIsMissing", "SW" TAB "H,P0", "P0,P1",
-         ">line=SW\tH|port=0|incomplete=true"},
-        {"TooFewTokensIsIncomplete", "SW" TAB "H" TAB TAB ";name", "", "incomplete=true"},
-        {"WithoutPortListOnlyTheCountMatters", "SW" TAB "H,P9", "", "incomplete=false"},
-        {"GateIsExemptFromTheCount", "AND" TAB "R", "", "incomplete=false"},
-        {"ProcessPictureIsOneItem", "DLY" TAB "1.00S", "", "pictures=10027|size=32x32"},
-        {"SidePictureOfThreeRows", "UARI" TAB "C,200,17,5", "",
-         "pictures=10071,10072,10073|size=64x32"},
-        {"SidePictureOfTwoRows", "UARI" TAB "C,200,17", "", "pictures=10071,10073"},
-        {"SidePictureOfOneRow", "UARI" TAB "C,200", "", "pictures=10070"},
-        {"SidePictureMiddleRowsRepeat", "PULS" TAB "H,P1,100,75,50,25,0", "",
-         "pictures=10080,10081,10081,10081,10082"},
-        {"LampPicture", "LAMP" TAB "H,P1", "", "pictures=10079|size=64x32"},
-    });
+    CheckPanels(kEveryPanel);
 }
 
 TEST(PanelLine, CopyFromTakesWhatTheLineDoesNotCarry)
