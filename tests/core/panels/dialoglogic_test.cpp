@@ -448,26 +448,21 @@ TEST(NumericFields, TakeOnlyNumbersInTheirRange)
 // and the dialog again: what comes back, or "refused" while OK is off.
 template <class Logic> QString RoundTrip(const char* tokens, const QString& text)
 {
-    const auto open = [](const QStringList& line) {
-        if constexpr (std::is_constructible_v<Logic, QStringList, CPortList>)
-            return Logic(line, kOnePort);
-        else
-            return Logic(line);
-    };
     const auto field = [](auto& logic) -> QString& {
         if constexpr (std::is_same_v<Logic, CLcdDialogLogic>)
             return logic.Text;
         else
             return logic.Name;
     };
-    Logic logic = open(Split(tokens));
+    Logic logic = Open<Logic>(tokens, kOnePort);
     if constexpr (std::is_same_v<Logic, CSwitchDialogLogic>)
         logic.SetName(text);
     else
         field(logic) = text;
     if (!logic.IsOkEnabled())
         return QStringLiteral("refused");
-    Logic read = open(MakePanel(CPanel::JoinLine(logic.Tokens()), {"PB1(RxD6)"})->GetTokens());
+    const auto panel = MakePanel(CPanel::JoinLine(logic.Tokens()), {"PB1(RxD6)"});
+    Logic read = Open<Logic>(panel->GetTokens().join(u','), kOnePort);
     if constexpr (std::is_same_v<Logic, CSwitchDialogLogic>)
         return read.GetName();
     else

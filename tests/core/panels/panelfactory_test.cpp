@@ -62,12 +62,10 @@ TEST(PanelFactory, LongLinesAreCutForRecognitionOnly)
 
 TEST(PanelFactory, PanelsMadeWithoutALineHoldTheirDefaultKeyword)
 {
-    EXPECT_EQ(CSwitchPanel().GetLine(), "DGI ");
-    EXPECT_EQ(CLampPanel().GetLine(), "DGO ");
-    EXPECT_EQ(CSevenSegPanel().GetLine(), "7SEG");
-    EXPECT_EQ(CAnalogPanel().GetLine(), "ANI ");
-    EXPECT_EQ(CFlipFlopPanel().GetLine(), "FF  ");
-    EXPECT_EQ(CSegmentDecoderPanel().GetLine(), "7S_ ");
-    EXPECT_EQ(CSerialOutPanel().GetLine(), "UARO");
-    EXPECT_EQ(CJumpPanel().GetLine(), "");
+    const QString lines[] = {CSwitchPanel().GetLine(),    CLampPanel().GetLine(),
+                             CSevenSegPanel().GetLine(),  CAnalogPanel().GetLine(),
+                             CFlipFlopPanel().GetLine(),  CSegmentDecoderPanel().GetLine(),
+                             CSerialOutPanel().GetLine(), CJumpPanel().GetLine()};
+    EXPECT_EQ(QStringList(std::begin(lines), std::end(lines)).join(u'|'),
+              "DGI |DGO |7SEG|ANI |FF  |7S_ |UARO|");
 }
