@@ -106,12 +106,6 @@ inline void Drive(QDialog& dialog, const QString& steps, QChar separator = u'|')
     }
 }
 
-// Rows of name, line, the board's ports, steps, record and facts: a panel placed alone in
-// a grid and edited through the editor's dialogs, the dialog driven by the steps and closed
-// with OK; then the layout's record of the panel ("" when the steps cancel: the record stays
-// as it was) and the panel's facts.
-using CDialogCase = std::tuple<CText, CText, CText, CText, CText, CText>;
-
 struct PropertyDialogs : testing::Test
 {
     void SetUp() override
@@ -128,14 +122,24 @@ struct PropertyDialogs : testing::Test
         return QString();
     }
 
-    static void Run(std::initializer_list<CDialogCase> rows)
+    // Rows of "name|line|ports|steps": a panel placed alone in a grid and edited through the
+    // editor's dialogs, the dialog driven by the steps and closed with OK. Then "=record=R" is
+    // the layout's record of the panel (without it the steps cancel and the record stays as it
+    // was), and further steps after "=" are the panel's facts.
+    static void Run(std::span<const CText> rows)
     {
-        for (const auto& [name, line, ports, steps, record, facts] : rows) {
-            SCOPED_TRACE(name);
+        for (const QString row : rows) {
+            SCOPED_TRACE(row.section(u'|', 0, 0).toStdString());
+            QStringList steps, facts;
+            for (const QString& step : row.section(u'|', 3).split(u'|'))
+                (step.startsWith(u'=') ? facts : steps) << step.mid(step.startsWith(u'='));
+            const QString record =
+                facts.value(0).startsWith("record=") ? facts.takeFirst().mid(7) : "";
             CRecordingMessenger messenger;
             CPanelGrid grid{messenger};
             CPanelDialogs dialogs;
-            std::unique_ptr<CPanel> panel = MakePanel(line, Split(ports));
+            std::unique_ptr<CPanel> panel =
+                MakePanel(row.section(u'|', 1, 1), Split(row.section(u'|', 2, 2)));
             ASSERT_TRUE(panel);
             panel->SetName("P1");
             const int area = panel->GetArea();
@@ -148,15 +152,15 @@ struct PropertyDialogs : testing::Test
             bool ran = false;
             WhenModal(
                 [&](QDialog& d) {
-                    Drive(d, QString::fromUtf8(steps));
+                    Drive(d, steps.join(u'|'));
                     if (d.isVisible())
                         QTest::mouseClick(d.findChild<QPushButton*>("ok"), Qt::LeftButton);
                 },
                 &ran);
-            EXPECT_EQ(grid.EditCell(column, 1, dialogs), *record != 0);
+            EXPECT_EQ(grid.EditCell(column, 1, dialogs), !record.isEmpty());
             EXPECT_TRUE(ran);
-            EXPECT_EQ(Record(grid, prefix), *record ? QString::fromUtf8(record) : before);
-            ExpectFacts(*grid.GetCell(column, 1)->GetPanel(), facts);
+            EXPECT_EQ(Record(grid, prefix), record.isEmpty() ? before : record);
+            ExpectFacts(*grid.GetCell(column, 1)->GetPanel(), facts.join(u'|'));
         }
     }
 };

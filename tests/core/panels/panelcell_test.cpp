@@ -1,5 +1,5 @@
-#include "panelcell.h"
 #include "core/panels/paneltest.h"
+#include "panelcell.h"
 
 TEST(PanelCell, EmptyOrUnknownLineIsAContinuationCell)
 {

@@ -10,70 +10,30 @@
 #include "sevensegpanel.h"
 #include "switchpanel.h"
 
-#include <tuple>
 #include <typeinfo>
+
+// KEYWORD=Family and area (the class name without its C and Panel) in the factory's order; a
+// keyword alone is of the family before it.
+const char* const kKeywords =
+    "KEY=Switch1 SW ANI=Analog1 DGI=Switch1 UARI=SerialIn1 UARI0 DGO=Lamp2 BUZZ=Buzzer2 LAMP=Lamp2 "
+    "PWM=Pwm2 UARO=SerialOut2 UARO0 7SEG=SevenSeg2 7SEG4 LINE=Wire3 JPI=Jump3 UART=SerialBit3 "
+    "UART0 7S_=SegmentDecoder3 7S4_ 7S_B 7S_D 7S_S 7S4_B 7S4_D 7S4_S JPO=Jump3 NOT=Logic3 AND OR "
+    "XOR ON OFF CNT=Counter3 DLY=Delay3 TIM=Timer3 TIM1 RSFF=FlipFlop3 T_FF D_FF FF "
+    "SMOT=StepMotor3 PULS=Pulse2 LCD=Lcd2 WEBIN=WebIn1 WEBOUT=WebOut2 SMOTO=StepMotorOut2";
 
 TEST(PanelFactory, EveryKeywordMakesItsFamilyInTableOrder)
 {
-    // keyword, the class name without its C and Panel, area
-    const std::tuple<const char*, const char*, int> rows[] = {
-        {"KEY", "Switch", 1},
-        {"SW", "Switch", 1},
-        {"ANI", "Analog", 1},
-        {"DGI", "Switch", 1},
-        {"UARI", "SerialIn", 1},
-        {"UARI0", "SerialIn", 1},
-        {"DGO", "Lamp", 2},
-        {"BUZZ", "Buzzer", 2},
-        {"LAMP", "Lamp", 2},
-        {"PWM", "Pwm", 2},
-        {"UARO", "SerialOut", 2},
-        {"UARO0", "SerialOut", 2},
-        {"7SEG", "SevenSeg", 2},
-        {"7SEG4", "SevenSeg", 2},
-        {"LINE", "Wire", 3},
-        {"JPI", "Jump", 3},
-        {"UART", "SerialBit", 3},
-        {"UART0", "SerialBit", 3},
-        {"7S_", "SegmentDecoder", 3},
-        {"7S4_", "SegmentDecoder", 3},
-        {"7S_B", "SegmentDecoder", 3},
-        {"7S_D", "SegmentDecoder", 3},
-        {"7S_S", "SegmentDecoder", 3},
-        {"7S4_B", "SegmentDecoder", 3},
-        {"7S4_D", "SegmentDecoder", 3},
-        {"7S4_S", "SegmentDecoder", 3},
-        {"JPO", "Jump", 3},
-        {"NOT", "Logic", 3},
-        {"AND", "Logic", 3},
-        {"OR", "Logic", 3},
-        {"XOR", "Logic", 3},
-        {"ON", "Logic", 3},
-        {"OFF", "Logic", 3},
-        {"CNT", "Counter", 3},
-        {"DLY", "Delay", 3},
-        {"TIM", "Timer", 3},
-        {"TIM1", "Timer", 3},
-        {"RSFF", "FlipFlop", 3},
-        {"T_FF", "FlipFlop", 3},
-        {"D_FF", "FlipFlop", 3},
-        {"FF", "FlipFlop", 3},
-        {"SMOT", "StepMotor", 3},
-        {"PULS", "Pulse", 2},
-        {"LCD", "Lcd", 2},
-        {"WEBIN", "WebIn", 1},
-        {"WEBOUT", "WebOut", 2},
-        {"SMOTO", "StepMotorOut", 2},
-    };
     QStringList order;
-    for (const auto& [keyword, family, area] : rows) {
-        order << keyword;
-        const auto panel = CPanelFactory::Create(QString::fromLatin1(keyword) + "\tX");
-        ASSERT_TRUE(panel) << keyword;
+    QString family;
+    for (const QString& entry : QString(kKeywords).split(u' ')) {
+        order << entry.section(u'=', 0, 0);
+        family = entry.contains(u'=') ? entry.section(u'=', 1) : family;
+        const auto panel = CPanelFactory::Create(order.last() + "\tX");
+        ASSERT_TRUE(panel) << entry.toStdString();
         // Both mangled and plain type names end in the class name.
         const QByteArray type = typeid(*panel).name();
-        EXPECT_TRUE(type.endsWith("C" + QByteArray(family) + "Panel")) << keyword << type.data();
-        EXPECT_EQ(panel->GetArea(), area) << keyword;
+        EXPECT_TRUE(type.endsWith("C" + family.chopped(1).toLatin1() + "Panel")) << type.data();
+        EXPECT_EQ(panel->GetArea(), family.right(1).toInt()) << entry.toStdString();
     }
     EXPECT_EQ(CPanelFactory::Keywords(), order);
 }
@@ -102,12 +62,10 @@ TEST(PanelFactory, LongLinesAreCutForRecognitionOnly)
 
 TEST(PanelFactory, PanelsMadeWithoutALineHoldTheirDefaultKeyword)
 {
-    EXPECT_EQ(CSwitchPanel().GetLine(), "DGI ");
-    EXPECT_EQ(CLampPanel().GetLine(), "DGO ");
-    EXPECT_EQ(CSevenSegPanel().GetLine(), "7SEG");
-    EXPECT_EQ(CAnalogPanel().GetLine(), "ANI ");
-    EXPECT_EQ(CFlipFlopPanel().GetLine(), "FF  ");
-    EXPECT_EQ(CSegmentDecoderPanel().GetLine(), "7S_ ");
-    EXPECT_EQ(CSerialOutPanel().GetLine(), "UARO");
-    EXPECT_EQ(CJumpPanel().GetLine(), "");
+    const QString lines[] = {CSwitchPanel().GetLine(),    CLampPanel().GetLine(),
+                             CSevenSegPanel().GetLine(),  CAnalogPanel().GetLine(),
+                             CFlipFlopPanel().GetLine(),  CSegmentDecoderPanel().GetLine(),
+                             CSerialOutPanel().GetLine(), CJumpPanel().GetLine()};
+    EXPECT_EQ(QStringList(std::begin(lines), std::end(lines)).join(u'|'),
+              "DGI |DGO |7SEG|ANI |FF  |7S_ |UARO|");
 }

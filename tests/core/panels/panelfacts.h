@@ -3,19 +3,20 @@
 // Table helpers of the panel and dialog rule tests.
 #include "core/panels/paneltest.h"
 
+#include <QRegularExpression>
 #include <QVariant>
 
 #include <functional>
 #include <map>
-#include <tuple>
+#include <span>
 
 // The texts of table rows.
 using CText = const char*;
 
 // Tokens, ports or fields written the way a line writes tokens: with commas between them.
-inline QStringList Split(const char* list)
+inline QStringList Split(const QString& list)
 {
-    return *list ? QString::fromUtf8(list).split(u',') : QStringList();
+    return list.isEmpty() ? QStringList() : list.split(u',');
 }
 
 inline CPortList Ports(const QStringList& names)
@@ -75,9 +76,10 @@ inline QString Fact(CPanel& panel, const QString& key, const QString& value)
         editor.Ok = false;
         EXPECT_FALSE(panel.EditProperties(editor));
         return kDialogs[int(editor.Asked)];
-    } else if (const auto fact = kFacts.find(key); fact != kFacts.end())
-        return fact->second(panel).toString();
-    else if (const int row = key.mid(4).toInt(); key.size() > 4 && key[4].isDigit())
+    } else if (const auto fact = kFacts.find(key); fact != kFacts.end()) {
+        const QVariant v = fact->second(panel);
+        return v.typeId() == QMetaType::Bool ? QString::number(v.toInt()) : v.toString();
+    } else if (const int row = key.mid(4).toInt(); key.size() > 4 && key[4].isDigit())
         return key.startsWith(u"name") ? panel.GetPortName(row) : panel.GetComment(row);
     if (key.startsWith(u'>'))
         return value;
@@ -97,28 +99,36 @@ inline QString Fact(CPanel& panel, const QString& key, const QString& value)
     return items.join(u',');
 }
 
-// Checks and carries out facts ("key=value|key=value") in their order.
-inline void ExpectFacts(CPanel& panel, const char* facts)
+// A fact "key=value"; "key" alone stands for "key=1" (true), "!key" for "key=0".
+inline std::pair<QString, QString> KeyValue(const QString& fact)
 {
-    for (const QString& fact : QString::fromUtf8(facts).split(u'|', Qt::SkipEmptyParts)) {
-        const QString key = fact.section(u'=', 0, 0);
-        const QString value = fact.section(u'=', 1);
+    if (fact.contains(u'='))
+        return {fact.section(u'=', 0, 0), fact.section(u'=', 1)};
+    return {fact.mid(fact.startsWith(u'!')), fact.startsWith(u'!') ? "0" : "1"};
+}
+
+// Checks and carries out facts ("key=value|key=value") in their order.
+inline void ExpectFacts(CPanel& panel, const QString& facts)
+{
+    for (const QString& fact : facts.split(u'|', Qt::SkipEmptyParts)) {
+        const auto [key, value] = KeyValue(fact);
         EXPECT_EQ(Fact(panel, key, value), value) << key.toStdString();
     }
 }
 
-// Rows of name, line, the board's ports ("PD2:D2" for a port the board labels D2) and the
-// facts of the panel made from them.
-inline void CheckPanels(std::initializer_list<std::tuple<CText, CText, CText, CText>> rows)
+// Rows of "name|line|ports|facts": the board's ports ("PD2:D2" for a port the board labels
+// D2) and the facts of the panel made from the line.
+inline void CheckPanels(std::span<const CText> rows)
 {
-    for (const auto& [name, line, ports, facts] : rows) {
-        SCOPED_TRACE(name);
-        const auto panel = CPanelFactory::Create(QString::fromUtf8(line));
+    for (const QString row : rows) {
+        SCOPED_TRACE(row.section(u'|', 0, 0).toStdString());
+        const QString line = row.section(u'|', 1, 1);
+        const auto panel = CPanelFactory::Create(line);
         ASSERT_TRUE(panel);
-        for (const QString& port : Split(ports))
+        for (const QString& port : Split(row.section(u'|', 2, 2)))
             panel->PortList().Add({port, port.section(u':', 0, 0), port.section(u':', 1)});
-        panel->SetLine(QString::fromUtf8(line));
-        ExpectFacts(*panel, facts);
+        panel->SetLine(line);
+        ExpectFacts(*panel, row.section(u'|', 3));
     }
 }
 
@@ -126,4 +136,104 @@ inline void CheckPanels(std::initializer_list<std::tuple<CText, CText, CText, CT
 template <class Logic> QString Saved(const Logic& logic)
 {
     return logic.IsOkEnabled() ? logic.Tokens().join(u',') : QString();
+}
+
+// A field of a dialog's logic, read and set as text: lists with commas between their items
+// (read without their empty tail), the flags of a list as 1 and 0.
+template <class L>
+using CField = std::pair<std::function<QString(const L&)>, std::function<void(L&, const QString&)>>;
+template <class L> using CFields = std::map<QString, CField<L>>;
+
+template <class T> QString AsText(const T& value)
+{
+    if constexpr (std::is_same_v<T, QStringList>)
+        return value.join(u',').remove(QRegularExpression(",+$"));
+    else if constexpr (std::is_same_v<T, QString>)
+        return value;
+    else
+        return QString::number(int(value));
+}
+
+template <class T> void Assign(T& to, const QString& text)
+{
+    if constexpr (std::is_same_v<T, QStringList>)
+        to = Split(text) + QStringList(qMax(0, to.size() - Split(text).size()), QString());
+    else if constexpr (std::is_same_v<T, QString>)
+        to = text;
+    else
+        to = T(text.toInt());
+}
+
+template <class L, class T> CField<L> Member(T L::*m)
+{
+    return {[m](const L& l) { return AsText(l.*m); },
+            [m](L& l, const QString& v) { Assign(l.*m, v); }};
+}
+
+// A field by its getter (and setter); or count fields by index, as a list.
+template <class L, class T> CField<L> Get(T (L::*get)() const)
+{
+    return {[get](const L& l) { return AsText((l.*get)()); }, {}};
+}
+
+template <class L, class T, class A> CField<L> Access(T (L::*get)() const, void (L::*set)(A))
+{
+    return {[get](const L& l) { return AsText((l.*get)()); },
+            [set](L& l, const QString& v) {
+                std::decay_t<A> to;
+                Assign(to, v);
+                (l.*set)(to);
+            }};
+}
+
+template <class L, class I, class T, class A>
+CField<L> Each(int count, T (L::*get)(I) const, void (L::*set)(I, A))
+{
+    return {[=](const L& l) {
+                QStringList list;
+                for (int i = 0; i < count; ++i)
+                    list << AsText((l.*get)(I(i)));
+                return AsText(list);
+            },
+            [=](L& l, const QString& v) {
+                for (int i = 0; i < count; ++i) {
+                    std::decay_t<A> to;
+                    Assign(to, Split(v).value(i));
+                    (l.*set)(I(i), to);
+                }
+            }};
+}
+
+// Rows of "name|opening|ports|facts" for a dialog's logic that open() makes from the opening
+// (its tokens) and the board's ports: "field=value" checks a field, ">field=value" sets it;
+// every logic has "saved" (see Saved), "tokens" and "ok" (OK is enabled).
+template <class L, class Open>
+void CheckLogic(std::span<const CText> rows, Open open, CFields<L> fields)
+{
+    if constexpr (requires(const L& l) { l.Tokens(); }) {
+        fields["saved"].first = [](const L& l) { return Saved(l); };
+        fields["tokens"].first = [](const L& l) { return l.Tokens().join(u','); };
+    }
+    fields["ok"].first = [](const L& l) { return AsText(l.IsOkEnabled()); };
+    for (const QString row : rows) {
+        SCOPED_TRACE(row.section(u'|', 0, 0).toStdString());
+        const CPortList ports = Ports(Split(row.section(u'|', 2, 2)));
+        L logic = open(row.section(u'|', 1, 1), ports);
+        for (const QString& fact : row.section(u'|', 3).split(u'|', Qt::SkipEmptyParts)) {
+            const auto [key, value] = KeyValue(fact);
+            if (key.startsWith(u'>'))
+                fields.at(key.mid(1)).second(logic, value);
+            else
+                EXPECT_EQ(fields.at(key).first(logic), value) << key.toStdString();
+        }
+    }
+}
+
+// Opens a logic from its tokens, and the board's ports where it takes them.
+template <class L> L Open(const QString& tokens, const CPortList& ports)
+{
+    if constexpr (std::is_constructible_v<L, QStringList, CPortList>)
+        return L(Split(tokens), ports);
+    else
+        return L(Split(tokens));
 }

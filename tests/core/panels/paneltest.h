@@ -24,7 +24,7 @@ inline std::unique_ptr<CPanel> MakePanel(const QString& line, const QStringList&
 // told to answer OK, hands the prepared tokens back as the dialog's OK would.
 class CFakeEditor : public IPropertyEditor
 {
-public:
+  public:
     bool Edit(CPanel& panel, EPanelDialog dialog) override
     {
         Asked = dialog;

@@ -1,5 +1,6 @@
-// The output and serial families' property dialogs, the target, writer, build and used port
-// dialogs, driven through real key and mouse input offscreen.
+// The property dialogs, driven by keys through the grid's edit: a control change reaches the
+// rule, OK shows it and the tokens come out in the layout; and the target, writer, build and
+// used port dialogs, driven through real key and mouse input offscreen.
 #include "boardinfo.h"
 #include "builddialog.h"
 #include "flashwriterdialog.h"
@@ -17,48 +18,78 @@
 
 namespace {
 
-TEST_F(PropertyDialogs, OutputAndSerialFamilies)
+const CText kEveryFamily[] = {
+    "SwitchTakesNamePortAndLevel|SW|PD2,PD3|title=Property Settings.(P1)|index:port=-1|"
+    "shows:level=H|type:name=start|keys:port=PD3|keys:level=L|=record=SW  \tL,PD3\t\t;start|"
+    "=comment=start",
+    "NameThatCannotBeStoredIsRefused|KEY\tH,PD2\t\t;old|PD2|hidden:refused=true|type:name=a,b|"
+    "ok=off|hidden:refused=false|type:name=a;b|ok=on|hidden:refused=true|"
+    "=record=KEY \tH,PD2\t\t;a;b",
+    "LampWritesNewNameButKeepsItsComment|LAMP\tH,PD2\t\t;old|PD2,PD3|shows:name=old|type:name=new|"
+    "=record=LAMP\tH,PD2\t\t;new|=comment=old",
+    "UntypedFlipFlopBecomesT|FF||index:type=-1|ok=off|keys:type=T|ok=on|=record=T_FF|=bitmap=10025",
+    "DelayStoresTheTypedTimeOnTheGrid|DLY\t90.45S||shows:minutes=1|shows:seconds=30|"
+    "shows:hundredths=45|type:minutes=2|type:seconds=3|type:hundredths=47|=record=DLY \t123.45S",
+    "FourHundredthsAreTooShortTwentyMinutesDropThem|DLY||type:hundredths=04|ok=off|"
+    "type:hundredths=45|enabled:hundredths=true|type:minutes=20|enabled:hundredths=false|"
+    "shows:hundredths=00|ok=on|type:hours=9|ok=off|type:hours=0|=record=DLY \t1200.00S",
+    "LongHourValueShowsWholeAndIsSelected|DLY\t360000000.00S||shows:hours=100000|wide:hours|"
+    "ok=off|selected:hours=100000|type:hours=8|ok=on|=record=DLY \t28800.00S",
+    "TimerTakesKindAndNestedTime|TIM1\tH,1.00S||index:type=-1|ok=off|keys:type=O|ok=on|"
+    "nested:set=title=Time Setting;shows:seconds=1;type:minutes=19;type:seconds=59;"
+    "type:hundredths=99|shows:time=0h 19m 59.95s|=record=TIM1\tN,1199.95S",
+    "BuzzerWithSeveralPortsNeedsOneChosen|BUZZ\tPB1|PB1,PB2|index:port=-1|press:freq500|"
+    "press:freq2000|ok=off|keys:port=PB2|ok=on|=record=BUZZ\tPB2,2000,500|=items=2",
+    "CounterTypeChoiceEnablesOk|CNT\tX,5||index:type=-1|ok=off|keys:type=C|ok=on|"
+    "=record=CNT \tC,5|=mode=2",
+    "CounterValueOutOfRangeIsSelected|CNT\tH,1||keys:value2=40000|ok=off|selected:value2=40000|"
+    "keys:value2=400|ok=on|=record=CNT \tH,400,1",
+    "FourDigitDisplayEditedToBit|7SEG4|PB0|index:port=0|ok=off|keys:type=B|"
+    "=record=7SEG4\t\t\t;7SEG4_B|=mode=4",
+    "SerialBitTakesItsPosition|UART\t-||type:number=8|ok=off|type:number=5|ok=on|=record=UART\t5,L",
+    "JumpWithoutIdStartsEmptyAndTakesOne|JPI\t0,L||shows:number=|ok=off|type:number=42|"
+    "=record=JPI \t42,L|=ref=42",
+    "CancelLeavesThePanelAlone|CNT\tH,1||type:value1=77|click:cancel",
+    "StepMotorSpeedOffTheListMustBeChosen|SMOT\t1,25||index:speed=-1|ok=off|down:speed=2|"
+    "=record=SMOT\t1,20",
+    "StepMotorOutTakesATypedSpeed|SMOTO\t1,100|PB1|down:mode=1|type:speed=19|ok=off|"
+    "type:speed=150|=record=SMOTO\t2,150",
+    "SerialInCompareValuesAreSavedDescending|UARI\tX,1|PD0(RxD6)|press:compare|type:value0=5|"
+    "type:value1=200|type:value2=5|type:value3=17|type:value4=300|ok=off|type:value0=5|"
+    "selected:value4=300|type:value4=|=record=UARI\tC,200,17,5|=items=3",
+    "SerialInBitModeOnRxD0|UARI0\tC,1|PD0(RxD0)|type:name=Rx|press:bit|down:bits=3|"
+    "=record=UARI0\tB,3\t\t;Rx",
+    "SerialOutChangesNothing|UARO|PD1(TxD)|enabled:name=false|shows:name=You can't change this.|"
+    "shows:port=PD1(TxD)|=record=UARO",
+    "PulseWithTwoLevelsNeedsAStepChoice|PULS\tH,PB2,100,0|PB1,PB2|checked:five=false|"
+    "checked:three=false|ok=off|press:three|type:name=Fan|=record=PULS\tH,PB2,100,50,0\t\t;Fan",
+    "PwmDutiesAreSavedDescendingWithinTheFrequencyRange|PWM|PB1|type:duty0=50|type:duty1=100|"
+    "type:duty2=50|type:duty3=0|type:frequency=9|ok=off|type:frequency=100x|"
+    "selected:frequency=100x|type:frequency=500|type:duty4=101|ok=off|type:duty4=|"
+    "=record=PWM \t500Hz,100,50,0",
+    // The line keeps no port (the build takes the palette's); the panel keeps the choice.
+    "PwmWithSeveralPortsKeepsTheChosenOne|PWM\t500Hz,50|PB1,PB2,PB3|index:port=-1|ok=off|"
+    "down:port=2|shows:port=PB2|=record=PWM \t500Hz,50|=port=1",
+    "WebInWithoutNameStoresLoneSemicolon|WEBIN\t2||down:bits=2|=record=WEBIN\t4\t\t;",
+    "LcdClearDisablesTheText|LCD\t1,\"Hi\"||press:clear|enabled:text=false|=record=LCD \t0,\"\"",
+    "LcdTextStopsAtSixteenCharacters|LCD\t3,\"\"||ok=off|press:below|type:text=Hi, there|ok=off|"
+    "hidden:refused=false|type:text=ABCDEFGHIJKLMNOPQ|=record=LCD \t2,\"ABCDEFGHIJKLMNOP\"",
+};
+
+TEST_F(PropertyDialogs, EveryFamily)
 {
-    Run({
-        {"StepMotorSpeedOffTheListMustBeChosen", "SMOT\t1,25", "",
-         "index:speed=-1|ok=off|down:speed=2", "SMOT\t1,20", ""},
-        {"StepMotorOutTakesATypedSpeed", "SMOTO\t1,100", "PB1",
-         "down:mode=1|type:speed=19|ok=off|type:speed=150", "SMOTO\t2,150", ""},
-        {"SerialInCompareValuesAreSavedDescending", "UARI\tX,1", "PD0(RxD6)",
-         "press:compare|type:value0=5|type:value1=200|type:value2=5|type:value3=17|"
-         "type:value4=300|ok=off|type:value0=5|selected:value4=300|type:value4=",
-         "UARI\tC,200,17,5", "items=3"},
-        {"SerialInBitModeOnRxD0", "UARI0\tC,1", "PD0(RxD0)", "type:name=Rx|press:bit|down:bits=3",
-         "UARI0\tB,3\t\t;Rx", ""},
-        {"SerialOutChangesNothing", "UARO", "PD1(TxD)",
-         "enabled:name=false|shows:name=You can't change this.|shows:port=PD1(TxD)", "UARO", ""},
-        {"PulseWithTwoLevelsNeedsAStepChoice", "PULS\tH,PB2,100,0", "PB1,PB2",
-         "checked:five=false|checked:three=false|ok=off|press:three|type:name=Fan",
-         "PULS\tH,PB2,100,50,0\t\t;Fan", ""},
-        {"PwmDutiesAreSavedDescendingWithinTheFrequencyRange", "PWM", "PB1",
-         "type:duty0=50|type:duty1=100|type:duty2=50|type:duty3=0|type:frequency=9|ok=off|"
-         "type:frequency=100x|selected:frequency=100x|type:frequency=500|type:duty4=101|ok=off|"
-         "type:duty4=",
-         "PWM \t500Hz,100,50,0", ""},
-        // The line keeps no port (the build takes the palette's); the panel keeps the choice.
-        {"PwmWithSeveralPortsKeepsTheChosenOne", "PWM\t500Hz,50", "PB1,PB2,PB3",
-         "index:port=-1|ok=off|down:port=2|shows:port=PB2", "PWM \t500Hz,50", "port=1"},
-        {"WebInWithoutNameStoresLoneSemicolon", "WEBIN\t2", "", "down:bits=2", "WEBIN\t4\t\t;", ""},
-        {"LcdClearDisablesTheText", "LCD\t1,\"Hi\"", "", "press:clear|enabled:text=false",
-         "LCD \t0,\"\"", ""},
-        {"LcdTextStopsAtSixteenCharacters", "LCD\t3,\"\"", "",
-         "ok=off|press:below|type:text=Hi, there|ok=off|hidden:refused=false|"
-         "type:text=ABCDEFGHIJKLMNOPQ",
-         "LCD \t2,\"ABCDEFGHIJKLMNOP\"", ""},
-    });
+    Run(kEveryFamily);
 }
+
+const CText kBoardsPwmRange[] = {
+    "BoardsLowest|PWM|PB1|note=(Available 31 to 62500)|type:duty0=20|type:frequency=30|ok=off|"
+    "type:frequency=31|=record=PWM \t31Hz,20",
+};
 
 TEST_F(PropertyDialogs, PwmRangeIsTheBoards)
 {
     CPwmDialog::SetFrequencyLimits(31, 62500);
-    Run({{"BoardsLowest", "PWM", "PB1",
-          "note=(Available 31 to 62500)|type:duty0=20|type:frequency=30|ok=off|type:frequency=31",
-          "PWM \t31Hz,20", ""}});
+    Run(kBoardsPwmRange);
 }
 
 TEST(UsedPortDialog, ListsInputsThenOutputsInEitherLanguage)
@@ -81,15 +112,10 @@ TEST(UsedPortDialog, ListsInputsThenOutputsInEitherLanguage)
     EXPECT_EQ(out->text(0) + out->text(4), "OUTPB5");
     EXPECT_EQ(out->textAlignment(1) & Qt::AlignHorizontal_Mask, Qt::AlignRight);
     EXPECT_EQ(out->textAlignment(0) & Qt::AlignHorizontal_Mask, Qt::AlignHCenter);
-    const int widths[] = {30, 50, 80, 100, 200};
     QStringList headings;
-    for (int c = 0; c < 5; ++c) {
-        EXPECT_EQ(list->columnWidth(c), widths[c]) << c;
+    for (int c = 0; c < 5; ++c)
         headings << list->headerItem()->text(c);
-    }
     EXPECT_EQ(headings.join(u'|'), "I/O|location|type|name|assigned");
-    EXPECT_EQ(list->selectionBehavior(), QAbstractItemView::SelectRows);
-    EXPECT_EQ(list->editTriggers(), QAbstractItemView::NoEditTriggers);
     CStringTable::SetLanguage(ELanguage::Japanese);
     const CUsedPortDialog japanese(grid, nullptr);
     const QTreeWidgetItem* header = japanese.findChild<QTreeWidget*>("ports")->headerItem();
@@ -97,8 +123,8 @@ TEST(UsedPortDialog, ListsInputsThenOutputsInEitherLanguage)
     CStringTable::SetLanguage(ELanguage::English);
 }
 
-// A TARGET folder with the sample board as "uno" and the network board as "net".
-struct TargetDialog : testing::Test
+// Settings beside a TARGET folder with the sample board as "uno" and the network board as "net".
+struct SettingsDialogs : testing::Test
 {
     QTemporaryDir dir;
     QString targets = dir.filePath("TARGET");
@@ -125,9 +151,19 @@ struct TargetDialog : testing::Test
         EXPECT_TRUE(board.Read(targets + "/" + name, QString(), messenger));
         return board;
     }
+
+    // What the next start of the program reads.
+    CSettings NextStart()
+    {
+        profile.sync();
+        QSettings again(dir.filePath("profile.ini"), QSettings::IniFormat);
+        CSettings next(&again, dir.filePath(CSettings::kIniFileName));
+        next.Load();
+        return next;
+    }
 };
 
-TEST_F(TargetDialog, NetworkControlsOnlyForTheNetworkBoard)
+TEST_F(SettingsDialogs, TargetShowsNetworkControlsOnlyForTheNetworkBoard)
 {
     settings->SetTarget("uno");
     messenger.Answers = {EAnswer::No};
@@ -143,7 +179,7 @@ TEST_F(TargetDialog, NetworkControlsOnlyForTheNetworkBoard)
     EXPECT_EQ(settings->GetIPAddress(), 0x0A000007u);
 }
 
-TEST_F(TargetDialog, NetworkBoardInUseShowsItsAddresses)
+TEST_F(SettingsDialogs, TargetShowsTheAddressesOfTheNetworkBoardInUse)
 {
     settings->SetTarget("net");
     settings->SetIPAddress(0xC0A8000A);
@@ -154,53 +190,30 @@ TEST_F(TargetDialog, NetworkBoardInUseShowsItsAddresses)
     EXPECT_FALSE(CTargetDialog::Run(Board("net"), *settings, targets, messenger, nullptr));
 }
 
-struct WriterDialogs : testing::Test
-{
-    QTemporaryDir dir;
-    QSettings profile{dir.filePath("profile.ini"), QSettings::IniFormat};
-    CSettings settings{&profile, dir.filePath("quillon.ini")};
-
-    void SetUp() override
-    {
-        CStringTable::SetLanguage(ELanguage::English);
-        settings.Load();
-    }
-
-    // What the next start of the program reads.
-    CSettings NextStart()
-    {
-        profile.sync();
-        QSettings again(dir.filePath("profile.ini"), QSettings::IniFormat);
-        CSettings next(&again, dir.filePath("quillon.ini"));
-        next.Load();
-        return next;
-    }
-};
-
-TEST_F(WriterDialogs, OptionDialogSavesTheChosenDeviceAndKeepsAnUnlistedWait)
+TEST_F(SettingsDialogs, WriterOptionsSaveTheChosenDeviceAndKeepsAnUnlistedWait)
 {
 #ifdef Q_OS_WIN
     GTEST_SKIP() << "Windows lists COM numbers";
 #endif
-    settings.SetWriteWait(7);
+    settings->SetWriteWait(7);
     WhenModal(
         [](QDialog& d) { Drive(d, "index:wait=-1|shows:port=Autoselect|down:port=1|click:ok"); });
     const QList<CSerialDevicePortFinder::CDevice> devices{
         {"USB2.0-Serial", "QinHeng", "/dev/ttyUSB0"}};
-    ASSERT_TRUE(CWriterOptionDialog::Run(settings, devices, nullptr));
+    ASSERT_TRUE(CWriterOptionDialog::Run(*settings, devices, nullptr));
     const CSettings saved = NextStart();
     EXPECT_EQ(saved.GetWritePort(), "/dev/ttyUSB0");
     EXPECT_EQ(saved.GetWriteWait(), 7);
 }
 
-TEST_F(WriterDialogs, FlashWriterTakesProgramAndOptions)
+TEST_F(SettingsDialogs, FlashWriterTakesProgramAndOptions)
 {
-    settings.SetWriter("/old/writer");
+    settings->SetWriter("/old/writer");
     WhenModal([](QDialog& d) {
         Drive(d, "shows:program=/old/writer|type:program=/usr/bin/avrdude|"
                  "type:options=-U flash:w:%hex%|click:ok");
     });
-    ASSERT_TRUE(CFlashWriterDialog::Run(settings, nullptr));
+    ASSERT_TRUE(CFlashWriterDialog::Run(*settings, nullptr));
     const CSettings saved = NextStart();
     EXPECT_EQ(saved.GetWriter(), "/usr/bin/avrdude");
     EXPECT_EQ(saved.GetWriterOptions(), "-U flash:w:%hex%");
