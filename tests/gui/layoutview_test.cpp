@@ -55,11 +55,8 @@ struct LayoutViewTest : testing::Test
     void TearDown() override { QApplication::clipboard()->clear(); }
 
     QWidget* Port() { return view.viewport(); }
-
-    QPoint At(int column, int row) const
-    {
-        return view.MapFromLogical(CLayoutGeometry::CellRect(column, row).center());
-    }
+    QPoint At(int c, int r) const { return view.MapFromLogical(CellRect(c, r).center()); }
+    static QRect CellRect(int c, int r) { return CLayoutGeometry::CellRect(c, r); }
 
     void Place(const char* panels)
     {
@@ -67,46 +64,44 @@ struct LayoutViewTest : testing::Test
         grid.ClearJournal();
     }
 
-    void Click(int column, int row)
-    {
-        QTest::mouseClick(Port(), Qt::LeftButton, {}, At(column, row));
-    }
+    void Click(int c, int r) { QTest::mouseClick(Port(), Qt::LeftButton, {}, At(c, r)); }
     void Press(QPoint point) { QTest::mousePress(Port(), Qt::LeftButton, {}, point); }
     void Release(QPoint point) { QTest::mouseRelease(Port(), Qt::LeftButton, {}, point); }
-
-    void DoubleClick(int column, int row)
+    void Move(QPoint point) { QTest::mouseMove(Port(), point); }
+    void DoubleClick(int c, int r)
     {
-        Click(column, row);
-        QTest::mouseDClick(Port(), Qt::LeftButton, {}, At(column, row));
-        Release(At(column, row));
+        Click(c, r);
+        QTest::mouseDClick(Port(), Qt::LeftButton, {}, At(c, r));
+        Release(At(c, r));
+    }
+    void Key(int key, Qt::KeyboardModifiers with = {})
+    {
+        QTest::keyClick(&view, Qt::Key(key), with);
     }
 
     // Press, a first step past the drag threshold, then on to the target.
-    void StartDrag(QPoint from, QPoint to, Qt::KeyboardModifiers modifiers = {})
+    void StartDrag(QPoint from, QPoint to, Qt::KeyboardModifiers with = {})
     {
-        QTest::mousePress(Port(), Qt::LeftButton, modifiers, from);
-        QTest::mouseMove(Port(),
-                         from + QPoint(to.x() > from.x() ? 12 : -12, to.y() > from.y() ? 12 : -12));
-        QTest::mouseMove(Port(), to);
+        QTest::mousePress(Port(), Qt::LeftButton, with, from);
+        Move(from + QPoint(to.x() > from.x() ? 12 : -12, to.y() > from.y() ? 12 : -12));
+        Move(to);
     }
-
-    void Drag(QPoint from, QPoint to, Qt::KeyboardModifiers modifiers = {})
+    void Drag(QPoint from, QPoint to, Qt::KeyboardModifiers with = {})
     {
-        StartDrag(from, to, modifiers);
-        QTest::mouseRelease(Port(), Qt::LeftButton, modifiers, to);
+        StartDrag(from, to, with);
+        QTest::mouseRelease(Port(), Qt::LeftButton, with, to);
+    }
+    void SelectBlock(int c1, int r1, int c2, int r2)
+    {
+        Drag(At(c1, r1), At(c2, r2), Qt::ControlModifier);
     }
 
     // A move with no button held goes through the platform's cursor, which ignores a move
     // to where it already is; stepping aside first makes every hover arrive.
     void Hover(QPoint point)
     {
-        QTest::mouseMove(Port(), QPoint(1, 1));
-        QTest::mouseMove(Port(), point);
-    }
-
-    void Key(int key, Qt::KeyboardModifiers modifiers = {})
-    {
-        QTest::keyClick(&view, Qt::Key(key), modifiers);
+        Move(QPoint(1, 1));
+        Move(point);
     }
 
     // A drag from a panel bar, as its list starts it: the area, a line feed, the line. It
@@ -126,11 +121,6 @@ struct LayoutViewTest : testing::Test
         return move.isAccepted();
     }
 
-    void SelectBlock(int c1, int r1, int c2, int r2)
-    {
-        Drag(At(c1, r1), At(c2, r2), Qt::ControlModifier);
-    }
-
     // "c1,r1-c2,r2", "" for none.
     QString Selection() const
     {
@@ -144,7 +134,7 @@ struct LayoutViewTest : testing::Test
     // pixels in the text colour, which nothing else draws there.
     bool DragRectAt(int column, int row)
     {
-        const QRect cell = CLayoutGeometry::CellRect(column, row);
+        const QRect cell = CellRect(column, row);
         const QImage image = Port()->grab().toImage();
         const QPoint edge = view.MapFromLogical({cell.left() + 1, cell.center().y()});
         return image.pixelColor(edge) == view.palette().color(QPalette::Active, QPalette::Text);
@@ -289,8 +279,8 @@ TEST_F(LayoutViewTest, ASelectionOutOfSightIsScrolledInWithFiftyPixelsToSpare)
     const int visible = Port()->height();
     EXPECT_EQ(bar->maximum(), CLayoutGeometry::DrawingSize().height() - visible);
     view.SetSelection(3, 25);
-    EXPECT_EQ(bar->value(), CLayoutGeometry::CellRect(3, 25).bottom() + 1 + 50 - visible);
-    const int top = CLayoutGeometry::CellRect(3, 2).top() - 50;
+    EXPECT_EQ(bar->value(), CellRect(3, 25).bottom() + 1 + 50 - visible);
+    const int top = CellRect(3, 2).top() - 50;
     view.SetSelection(3, 2);
     EXPECT_EQ(bar->value(), top);
     view.SetSelection(3, 4); // already in sight
@@ -301,71 +291,66 @@ TEST_F(LayoutViewTest, ASelectionOutOfSightIsScrolledInWithFiftyPixelsToSpare)
 
 // --- Moving ---------------------------------------------------------------------------
 
-TEST_F(LayoutViewTest, DraggingAPanelMovesItAndItsSelection)
+TEST_F(LayoutViewTest, DraggingAPanelMovesItAndItsSelectionAndOutOfTheWindowAsksToDelete)
 {
-    Place("3,3 CNT \tC,3,2");
+    Place("3,3 CNT \tC,3,2; -2,3 LAMP\tH,P1");
     QSignalSpy modified(&view, &CLayoutView::Modified);
     StartDrag(At(3, 3), At(6, 8));
     EXPECT_EQ(view.GetState(), CLayoutView::EState::Moving);
     EXPECT_EQ(Cursor(), Qt::SizeAllCursor);
     Release(At(6, 8));
-    EXPECT_EQ(Cells(grid), "6,8 CNT \tC,3,2; 6,9 +");
+    EXPECT_EQ(Cells(grid), "-2,3 LAMP\tH,P1; 6,8 CNT \tC,3,2; 6,9 +");
     EXPECT_EQ(Selection(), "6,8-6,9");
     EXPECT_EQ(modified.count(), 1);
     ASSERT_TRUE(view.CanUndo());
     view.Undo();
-    EXPECT_EQ(Cells(grid), "3,3 CNT \tC,3,2; 3,4 +");
+    EXPECT_EQ(Cells(grid), "-2,3 LAMP\tH,P1; 3,3 CNT \tC,3,2; 3,4 +");
+    for (const EAnswer answer : {EAnswer::Cancel, EAnswer::Ok}) {
+        document.SetModified(false);
+        messenger.Texts.clear();
+        messenger.Answers = {answer};
+        Drag(At(-2, 3), QPoint(Port()->width() + 40, At(-2, 3).y()));
+        EXPECT_EQ(messenger.Texts, Said(Ids::MsgDeletePanel));
+        EXPECT_EQ(LineAt(grid, -2, 3), answer == EAnswer::Ok ? "" : "LAMP\tH,P1");
+        EXPECT_EQ(document.IsModified(), answer == EAnswer::Ok);
+    }
 }
 
 TEST_F(LayoutViewTest, AMoveIsShownAndDoneOnlyPastTenPixelsAndWithinItsOwnArea)
 {
     Place("3,3 AND \tR; -1,3 KEY \tH,P1");
     const QString before = Cells(grid);
-    const QRect cell = CLayoutGeometry::CellRect(3, 3);
+    const QRect cell = CellRect(3, 3);
     const QPoint press = view.MapFromLogical({cell.right() - 1, cell.center().y()});
     const QPoint near = press + QPoint(9, 9); // in column 4
     ASSERT_EQ(view.HitTest(near).Column, 4);
     Press(press);
-    QTest::mouseMove(Port(), near);
+    Move(near);
     EXPECT_EQ(view.GetState(), CLayoutView::EState::Selecting);
     Release(near);
     // A drag that went further but comes back near the press point is no move either.
     Press(press);
-    QTest::mouseMove(Port(), press + QPoint(20, 0));
+    Move(press + QPoint(20, 0));
     ASSERT_EQ(view.GetState(), CLayoutView::EState::Moving);
-    QTest::mouseMove(Port(), near);
+    Move(near);
     Release(near);
 
     ASSERT_FALSE(DragRectAt(6, 8));
     StartDrag(At(3, 3), At(6, 8));
     EXPECT_TRUE(DragRectAt(6, 8));
-    QTest::mouseMove(Port(), At(-2, 8));
+    Move(At(-2, 8));
     EXPECT_FALSE(DragRectAt(-2, 8));
     EXPECT_FALSE(DragRectAt(6, 8));
     Release(At(-2, 8));
     // A side panel is shown only in its own column.
     StartDrag(At(-1, 3), At(-1, 9));
     EXPECT_TRUE(DragRectAt(-1, 9));
-    QTest::mouseMove(Port(), At(4, 9));
+    Move(At(4, 9));
     EXPECT_FALSE(DragRectAt(4, 9));
     Release(At(4, 9));
     EXPECT_FALSE(DragRectAt(4, 9));
     EXPECT_EQ(Cells(grid), before);
     EXPECT_FALSE(document.IsModified());
-}
-
-TEST_F(LayoutViewTest, DraggingAPanelOutOfTheWindowDeletesItAfterTheQuestion)
-{
-    Place("-2,3 LAMP\tH,P1");
-    const QPoint outside(Port()->width() + 40, At(-2, 3).y());
-    for (const EAnswer answer : {EAnswer::Cancel, EAnswer::Ok}) {
-        messenger.Texts.clear();
-        messenger.Answers = {answer};
-        Drag(At(-2, 3), outside);
-        EXPECT_EQ(messenger.Texts, QStringList{CStringTable::Get(Ids::MsgDeletePanel)});
-        EXPECT_EQ(Cells(grid), answer == EAnswer::Ok ? "" : "-2,3 LAMP\tH,P1");
-        EXPECT_EQ(document.IsModified(), answer == EAnswer::Ok);
-    }
 }
 
 TEST_F(LayoutViewTest, ABlockSelectionArmsUnderTheMouseAndMovesAsAWhole)
@@ -552,7 +537,7 @@ TEST_F(LayoutViewTest, PasteFitsItsBlockAndAsksOverPanels)
         messenger.Texts.clear();
         messenger.Answers = {answer};
         view.Paste();
-        EXPECT_EQ(messenger.Texts, QStringList{CStringTable::Get(Ids::MsgPasteOverPanels)});
+        EXPECT_EQ(messenger.Texts, Said(Ids::MsgPasteOverPanels));
         EXPECT_EQ(document.IsModified(), answer == EAnswer::Yes);
     }
 }

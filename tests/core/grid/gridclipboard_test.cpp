@@ -160,24 +160,10 @@ TEST_F(GridClipboardTest, APasteThatCannotFinishUndoesAll)
         QStringList Texts;
     } cases[] = {
         // The gate lands at (7, 2) first; the counter's rows 3-5 of column 8 then meet the NOT.
-        {"a tall panel blocked",
-         "1,1 AND \tR; 2,2 CNT \tC,3,2,1",
-         2,
-         4,
-         "8,4 NOT \tR",
-         -1,
-         7,
-         2,
-         {Text(Ids::MsgPasteOverPanels), Text(Ids::MsgNotAllPasted)}},
-        {"over the use limit",
-         "1,1 AND \tR; 1,2 AND \tR",
-         1,
-         2,
-         "9,9 NOT \tR",
-         3,
-         5,
-         5,
-         {Text(Ids::MsgPasteOverLimit)}},
+        {"a tall panel blocked", "1,1 AND \tR; 2,2 CNT \tC,3,2,1", 2, 4, "8,4 NOT \tR", -1, 7, 2,
+         Said(Ids::MsgPasteOverPanels) + Said(Ids::MsgNotAllPasted)},
+        {"over the use limit", "1,1 AND \tR; 1,2 AND \tR", 1, 2, "9,9 NOT \tR", 3, 5, 5,
+         Said(Ids::MsgPasteOverLimit)},
     };
     for (const auto& c : cases) {
         SCOPED_TRACE(c.Name);

@@ -66,7 +66,8 @@ TEST_F(GridEditTest, MoveTakesThePanelsByTheSelectionsOffset)
 
 TEST_F(GridEditTest, MoveThatCannotBePastedUndoesTheCut)
 {
-    const QStringList overPanels = Said(Ids::MsgPasteOverPanels);
+    const QStringList over = Said(Ids::MsgPasteOverPanels);
+    const QList<EAnswer> cancel = {EAnswer::Cancel}, no = {EAnswer::No};
     const struct
     {
         const char* Name;
@@ -76,21 +77,9 @@ TEST_F(GridEditTest, MoveThatCannotBePastedUndoesTheCut)
     } cases[] = {
         {"past the last row", 3, 3, 3, 39, {}, {}},
         {"into a side column", 3, 3, -1, 1, {}, {}},
-        {"onto a panel, Cancel", 3, 3, 8, 1, {EAnswer::Cancel}, overPanels},
-        {"tall panel blocked, No",
-         3,
-         3,
-         8,
-         1,
-         {EAnswer::No},
-         overPanels + Said(Ids::MsgNotAllPasted)},
-        {"protruding selection, Cancel",
-         4,
-         2,
-         10,
-         10,
-         {EAnswer::Cancel},
-         Said(Ids::MsgProtrudedPanel)},
+        {"onto a panel, Cancel", 3, 3, 8, 1, cancel, over},
+        {"tall panel blocked, No", 3, 3, 8, 1, no, over + Said(Ids::MsgNotAllPasted)},
+        {"protruding selection, Cancel", 4, 2, 10, 10, cancel, Said(Ids::MsgProtrudedPanel)},
     };
     for (const auto& c : cases) {
         SCOPED_TRACE(c.Name);
