@@ -1,11 +1,8 @@
 // The layout drawing on screen and on paper, checked at pixels whose place the geometry
 // fixes: frames, corner crosses, row numbers, pictures, the selection and the clip.
+#include "core/grid/gridtest.h"
 #include "layoutgeometry.h"
 #include "layoutpainter.h"
-#include "panelgrid.h"
-#include "support/recordingmessenger.h"
-
-#include <gtest/gtest.h>
 
 #include <QImage>
 #include <QPainter>
@@ -14,18 +11,12 @@ namespace {
 
 const QColor kMarker(0xff, 0x00, 0xff);
 
-struct LayoutPainterTest : testing::Test
+struct LayoutPainterTest : GridFixture
 {
-    CRecordingMessenger messenger;
-    CPanelGrid grid{messenger};
-
     void SetUp() override
     {
-        for (const auto& [column, row, line] :
-             {std::tuple{-1, 1, "KEY \tH,PD2\t\t;start"}, std::tuple{-2, 1, "LAMP\tH,PB5\t\t;run"},
-              std::tuple{-1, 3, "UARI\tC,200,17,5"}, std::tuple{2, 1, "AND \tR"},
-              std::tuple{5, 4, "CNT \tC,300,10,5"}})
-            ASSERT_TRUE(grid.Place(column, row, std::make_unique<CPanelCell>(QString(line))));
+        PutAll(grid, "-1,1 KEY \tH,PD2\t\t;start; -2,1 LAMP\tH,PB5\t\t;run; -1,3 UARI\tC,200,17,5; "
+                     "2,1 AND \tR; 5,4 CNT \tC,300,10,5");
     }
 
     QImage Draw(const CLayoutPaintOptions& options)

@@ -12,10 +12,6 @@
 #include <QTemporaryDir>
 #include <QTest>
 
-#include <gtest/gtest.h>
-
-#include <memory>
-
 namespace {
 
 // Stands in for the panel bars: the chosen entry is a definition line, "" for none.
@@ -24,7 +20,7 @@ class CFakeChooser : public IPanelChooser
   public:
     std::unique_ptr<CPanelCell> TakeChosenCell() override
     {
-        return Line.isEmpty() ? nullptr : std::make_unique<CPanelCell>(Line);
+        return Line.isEmpty() ? nullptr : Cell(Line);
     }
     bool HasChosen() const override { return !Line.isEmpty(); }
     int ChosenArea() const override
@@ -59,58 +55,53 @@ struct LayoutViewTest : testing::Test
     void TearDown() override { QApplication::clipboard()->clear(); }
 
     QWidget* Port() { return view.viewport(); }
+    QPoint At(int c, int r) const { return view.MapFromLogical(CellRect(c, r).center()); }
+    static QRect CellRect(int c, int r) { return CLayoutGeometry::CellRect(c, r); }
 
-    QPoint At(int column, int row) const
-    {
-        return view.MapFromLogical(CLayoutGeometry::CellRect(column, row).center());
-    }
-
-    void Place(const QList<CPut>& panels)
+    void Place(const char* panels)
     {
         PutAll(grid, panels);
         grid.ClearJournal();
     }
 
-    void Click(int column, int row)
-    {
-        QTest::mouseClick(Port(), Qt::LeftButton, {}, At(column, row));
-    }
+    void Click(int c, int r) { QTest::mouseClick(Port(), Qt::LeftButton, {}, At(c, r)); }
     void Press(QPoint point) { QTest::mousePress(Port(), Qt::LeftButton, {}, point); }
     void Release(QPoint point) { QTest::mouseRelease(Port(), Qt::LeftButton, {}, point); }
-
-    void DoubleClick(int column, int row)
+    void Move(QPoint point) { QTest::mouseMove(Port(), point); }
+    void DoubleClick(int c, int r)
     {
-        Click(column, row);
-        QTest::mouseDClick(Port(), Qt::LeftButton, {}, At(column, row));
-        Release(At(column, row));
+        Click(c, r);
+        QTest::mouseDClick(Port(), Qt::LeftButton, {}, At(c, r));
+        Release(At(c, r));
+    }
+    void Key(int key, Qt::KeyboardModifiers with = {})
+    {
+        QTest::keyClick(&view, Qt::Key(key), with);
     }
 
     // Press, a first step past the drag threshold, then on to the target.
-    void StartDrag(QPoint from, QPoint to, Qt::KeyboardModifiers modifiers = {})
+    void StartDrag(QPoint from, QPoint to, Qt::KeyboardModifiers with = {})
     {
-        QTest::mousePress(Port(), Qt::LeftButton, modifiers, from);
-        QTest::mouseMove(Port(),
-                         from + QPoint(to.x() > from.x() ? 12 : -12, to.y() > from.y() ? 12 : -12));
-        QTest::mouseMove(Port(), to);
+        QTest::mousePress(Port(), Qt::LeftButton, with, from);
+        Move(from + QPoint(to.x() > from.x() ? 12 : -12, to.y() > from.y() ? 12 : -12));
+        Move(to);
     }
-
-    void Drag(QPoint from, QPoint to, Qt::KeyboardModifiers modifiers = {})
+    void Drag(QPoint from, QPoint to, Qt::KeyboardModifiers with = {})
     {
-        StartDrag(from, to, modifiers);
-        QTest::mouseRelease(Port(), Qt::LeftButton, modifiers, to);
+        StartDrag(from, to, with);
+        QTest::mouseRelease(Port(), Qt::LeftButton, with, to);
+    }
+    void SelectBlock(int c1, int r1, int c2, int r2)
+    {
+        Drag(At(c1, r1), At(c2, r2), Qt::ControlModifier);
     }
 
     // A move with no button held goes through the platform's cursor, which ignores a move
     // to where it already is; stepping aside first makes every hover arrive.
     void Hover(QPoint point)
     {
-        QTest::mouseMove(Port(), QPoint(1, 1));
-        QTest::mouseMove(Port(), point);
-    }
-
-    void Key(int key, Qt::KeyboardModifiers modifiers = {})
-    {
-        QTest::keyClick(&view, Qt::Key(key), modifiers);
+        Move(QPoint(1, 1));
+        Move(point);
     }
 
     // A drag from a panel bar, as its list starts it: the area, a line feed, the line. It
@@ -130,11 +121,6 @@ struct LayoutViewTest : testing::Test
         return move.isAccepted();
     }
 
-    void SelectBlock(int c1, int r1, int c2, int r2)
-    {
-        Drag(At(c1, r1), At(c2, r2), Qt::ControlModifier);
-    }
-
     // "c1,r1-c2,r2", "" for none.
     QString Selection() const
     {
@@ -148,14 +134,14 @@ struct LayoutViewTest : testing::Test
     // pixels in the text colour, which nothing else draws there.
     bool DragRectAt(int column, int row)
     {
-        const QRect cell = CLayoutGeometry::CellRect(column, row);
+        const QRect cell = CellRect(column, row);
         const QImage image = Port()->grab().toImage();
         const QPoint edge = view.MapFromLogical({cell.left() + 1, cell.center().y()});
         return image.pixelColor(edge) == view.palette().color(QPalette::Active, QPalette::Text);
     }
 
     Qt::CursorShape Cursor() { return Port()->cursor().shape(); }
-    QString Text(const QSignalSpy& spy) const
+    static QString Last(const QSignalSpy& spy)
     {
         return spy.isEmpty() ? "none" : spy.last().at(0).toString();
     }
@@ -182,7 +168,7 @@ TEST_F(LayoutViewTest, ClickPlacesTheChosenEntryOfItsAreaAndAUsedUpTypeLosesTheC
     Release(At(3, 4));
     EXPECT_EQ(Cells(grid), "3,4 AND \tR; 9,9 NOT \tR");
     EXPECT_EQ(modified.count(), 1);
-    EXPECT_EQ(Text(usage), "2");
+    EXPECT_EQ(Last(usage), "2");
     EXPECT_EQ(Selection(), "3,4-3,4");
     EXPECT_EQ(chooser.Line, "AND \tR"); // still chosen: no use limit
     EXPECT_GT(chooser.Refreshes, 0);
@@ -201,36 +187,22 @@ TEST_F(LayoutViewTest, ClickPlacesTheChosenEntryOfItsAreaAndAUsedUpTypeLosesTheC
 
 TEST_F(LayoutViewTest, DropFromTheBarPlacesOnlyWhereTheAreaFits)
 {
+    const int in = CPanel::AreaInput, out = CPanel::AreaOutput, process = CPanel::AreaProcess;
     const struct
     {
         const char* Name;
         int Area;
         const char* Line;
-        CGridPos Target;
+        int Column, Row;
         bool Chosen;
         const char* Placed;
     } cases[] = {
-        {"process panel on a process cell",
-         CPanel::AreaProcess,
-         "AND \tR",
-         {4, 6},
-         true,
-         "4,6 AND \tR"},
-        {"input panel on a process cell", CPanel::AreaInput, "KEY \tH,P1", {4, 6}, true, ""},
-        {"input panel on the input column",
-         CPanel::AreaInput,
-         "KEY \tH,P1",
-         {-1, 2},
-         true,
-         "-1,2 KEY \tH,P1"},
-        {"output panel on the input column", CPanel::AreaOutput, "LAMP\tH,P1", {-1, 2}, true, ""},
-        {"process panel on the output column", CPanel::AreaProcess, "AND \tR", {-2, 2}, true, ""},
-        {"without a choice, the dragged line",
-         CPanel::AreaOutput,
-         "LAMP\tL,P2",
-         {-2, 9},
-         false,
-         "-2,9 LAMP\tL,P2"},
+        {"process panel on a process cell", process, "AND \tR", 4, 6, true, "4,6 AND \tR"},
+        {"input panel on a process cell", in, "KEY \tH,P1", 4, 6, true, ""},
+        {"input panel on the input column", in, "KEY \tH,P1", -1, 2, true, "-1,2 KEY \tH,P1"},
+        {"output panel on the input column", out, "LAMP\tH,P1", -1, 2, true, ""},
+        {"process panel on the output column", process, "AND \tR", -2, 2, true, ""},
+        {"without a choice, the dragged line", out, "LAMP\tL,P2", -2, 9, false, "-2,9 LAMP\tL,P2"},
     };
     for (const auto& c : cases) {
         SCOPED_TRACE(c.Name);
@@ -238,7 +210,7 @@ TEST_F(LayoutViewTest, DropFromTheBarPlacesOnlyWhereTheAreaFits)
         document.SetModified(false);
         chooser.Line = c.Chosen ? c.Line : "";
         // The refusal shows while dragging, before anything is dropped.
-        EXPECT_EQ(DropFromBar(At(c.Target.Column, c.Target.Row), c.Area, c.Line), *c.Placed != 0);
+        EXPECT_EQ(DropFromBar(At(c.Column, c.Row), c.Area, c.Line), *c.Placed != 0);
         EXPECT_EQ(Cells(grid), c.Placed);
         EXPECT_EQ(document.IsModified(), *c.Placed != 0);
         EXPECT_EQ(view.GetState(), CLayoutView::EState::Idle);
@@ -249,7 +221,7 @@ TEST_F(LayoutViewTest, DropFromTheBarPlacesOnlyWhereTheAreaFits)
 
 TEST_F(LayoutViewTest, ThePositionPaneShowsWhatAClickSelectedAndEscapeDropsIt)
 {
-    Place({{2, 5, "CNT \tC,3,2,1"}});
+    Place("2,5 CNT \tC,3,2,1");
     QSignalSpy position(&view, &CLayoutView::PositionText);
     const struct
     {
@@ -266,14 +238,14 @@ TEST_F(LayoutViewTest, ThePositionPaneShowsWhatAClickSelectedAndEscapeDropsIt)
     for (const auto& c : cases) {
         position.clear();
         QTest::mouseClick(Port(), Qt::LeftButton, {}, c.Point);
-        EXPECT_EQ(Text(position), c.Text);
+        EXPECT_EQ(Last(position), c.Text);
         EXPECT_EQ(Selection(), c.Selection);
     }
     Click(12, 7);
     chooser.Line = "XOR \tR";
     Key(Qt::Key_Escape);
     EXPECT_TRUE(chooser.Line.isEmpty());
-    EXPECT_EQ(Text(position), "  -- , -- ");
+    EXPECT_EQ(Last(position), "  -- , -- ");
     EXPECT_EQ(Selection(), "");
     EXPECT_FALSE(document.IsModified());
 }
@@ -293,7 +265,7 @@ TEST_F(LayoutViewTest, ASelectionNeverSpansASideColumnAndAnythingElse)
         EXPECT_EQ(Selection(), c.Selection);
     }
     // A drag from an empty cell or a Ctrl-drag from a panel selects a rectangle.
-    Place({{4, 3, "AND \tR"}});
+    Place("4,3 AND \tR");
     Drag(At(5, 3), At(7, 5));
     EXPECT_EQ(Selection(), "5,3-7,5");
     SelectBlock(4, 3, 6, 5);
@@ -307,8 +279,8 @@ TEST_F(LayoutViewTest, ASelectionOutOfSightIsScrolledInWithFiftyPixelsToSpare)
     const int visible = Port()->height();
     EXPECT_EQ(bar->maximum(), CLayoutGeometry::DrawingSize().height() - visible);
     view.SetSelection(3, 25);
-    EXPECT_EQ(bar->value(), CLayoutGeometry::CellRect(3, 25).bottom() + 1 + 50 - visible);
-    const int top = CLayoutGeometry::CellRect(3, 2).top() - 50;
+    EXPECT_EQ(bar->value(), CellRect(3, 25).bottom() + 1 + 50 - visible);
+    const int top = CellRect(3, 2).top() - 50;
     view.SetSelection(3, 2);
     EXPECT_EQ(bar->value(), top);
     view.SetSelection(3, 4); // already in sight
@@ -319,52 +291,61 @@ TEST_F(LayoutViewTest, ASelectionOutOfSightIsScrolledInWithFiftyPixelsToSpare)
 
 // --- Moving ---------------------------------------------------------------------------
 
-TEST_F(LayoutViewTest, DraggingAPanelMovesItAndItsSelection)
+TEST_F(LayoutViewTest, DraggingAPanelMovesItAndItsSelectionAndOutOfTheWindowAsksToDelete)
 {
-    Place({{3, 3, "CNT \tC,3,2"}});
+    Place("3,3 CNT \tC,3,2; -2,3 LAMP\tH,P1");
     QSignalSpy modified(&view, &CLayoutView::Modified);
     StartDrag(At(3, 3), At(6, 8));
     EXPECT_EQ(view.GetState(), CLayoutView::EState::Moving);
     EXPECT_EQ(Cursor(), Qt::SizeAllCursor);
     Release(At(6, 8));
-    EXPECT_EQ(Cells(grid), "6,8 CNT \tC,3,2; 6,9 +");
+    EXPECT_EQ(Cells(grid), "-2,3 LAMP\tH,P1; 6,8 CNT \tC,3,2; 6,9 +");
     EXPECT_EQ(Selection(), "6,8-6,9");
     EXPECT_EQ(modified.count(), 1);
     ASSERT_TRUE(view.CanUndo());
     view.Undo();
-    EXPECT_EQ(Cells(grid), "3,3 CNT \tC,3,2; 3,4 +");
+    EXPECT_EQ(Cells(grid), "-2,3 LAMP\tH,P1; 3,3 CNT \tC,3,2; 3,4 +");
+    for (const EAnswer answer : {EAnswer::Cancel, EAnswer::Ok}) {
+        document.SetModified(false);
+        messenger.Texts.clear();
+        messenger.Answers = {answer};
+        Drag(At(-2, 3), QPoint(Port()->width() + 40, At(-2, 3).y()));
+        EXPECT_EQ(messenger.Texts, Said(Ids::MsgDeletePanel));
+        EXPECT_EQ(LineAt(grid, -2, 3), answer == EAnswer::Ok ? "" : "LAMP\tH,P1");
+        EXPECT_EQ(document.IsModified(), answer == EAnswer::Ok);
+    }
 }
 
 TEST_F(LayoutViewTest, AMoveIsShownAndDoneOnlyPastTenPixelsAndWithinItsOwnArea)
 {
-    Place({{3, 3, "AND \tR"}, {-1, 3, "KEY \tH,P1"}});
+    Place("3,3 AND \tR; -1,3 KEY \tH,P1");
     const QString before = Cells(grid);
-    const QRect cell = CLayoutGeometry::CellRect(3, 3);
+    const QRect cell = CellRect(3, 3);
     const QPoint press = view.MapFromLogical({cell.right() - 1, cell.center().y()});
     const QPoint near = press + QPoint(9, 9); // in column 4
     ASSERT_EQ(view.HitTest(near).Column, 4);
     Press(press);
-    QTest::mouseMove(Port(), near);
+    Move(near);
     EXPECT_EQ(view.GetState(), CLayoutView::EState::Selecting);
     Release(near);
     // A drag that went further but comes back near the press point is no move either.
     Press(press);
-    QTest::mouseMove(Port(), press + QPoint(20, 0));
+    Move(press + QPoint(20, 0));
     ASSERT_EQ(view.GetState(), CLayoutView::EState::Moving);
-    QTest::mouseMove(Port(), near);
+    Move(near);
     Release(near);
 
     ASSERT_FALSE(DragRectAt(6, 8));
     StartDrag(At(3, 3), At(6, 8));
     EXPECT_TRUE(DragRectAt(6, 8));
-    QTest::mouseMove(Port(), At(-2, 8));
+    Move(At(-2, 8));
     EXPECT_FALSE(DragRectAt(-2, 8));
     EXPECT_FALSE(DragRectAt(6, 8));
     Release(At(-2, 8));
     // A side panel is shown only in its own column.
     StartDrag(At(-1, 3), At(-1, 9));
     EXPECT_TRUE(DragRectAt(-1, 9));
-    QTest::mouseMove(Port(), At(4, 9));
+    Move(At(4, 9));
     EXPECT_FALSE(DragRectAt(4, 9));
     Release(At(4, 9));
     EXPECT_FALSE(DragRectAt(4, 9));
@@ -372,23 +353,9 @@ TEST_F(LayoutViewTest, AMoveIsShownAndDoneOnlyPastTenPixelsAndWithinItsOwnArea)
     EXPECT_FALSE(document.IsModified());
 }
 
-TEST_F(LayoutViewTest, DraggingAPanelOutOfTheWindowDeletesItAfterTheQuestion)
-{
-    Place({{-2, 3, "LAMP\tH,P1"}});
-    const QPoint outside(Port()->width() + 40, At(-2, 3).y());
-    for (const EAnswer answer : {EAnswer::Cancel, EAnswer::Ok}) {
-        messenger.Texts.clear();
-        messenger.Answers = {answer};
-        Drag(At(-2, 3), outside);
-        EXPECT_EQ(messenger.Texts, QStringList{CStringTable::Get(Ids::MsgDeletePanel)});
-        EXPECT_EQ(Cells(grid), answer == EAnswer::Ok ? "" : "-2,3 LAMP\tH,P1");
-        EXPECT_EQ(document.IsModified(), answer == EAnswer::Ok);
-    }
-}
-
 TEST_F(LayoutViewTest, ABlockSelectionArmsUnderTheMouseAndMovesAsAWhole)
 {
-    Place({{4, 3, "AND \tR"}, {5, 4, "XOR \tR"}});
+    Place("4,3 AND \tR; 5,4 XOR \tR");
     SelectBlock(11, 11, 12, 12); // an empty block has nothing to move
     Hover(At(11, 11));
     EXPECT_EQ(view.GetState(), CLayoutView::EState::Idle);
@@ -432,7 +399,7 @@ TEST_F(LayoutViewTest, ABlockSelectionArmsUnderTheMouseAndMovesAsAWhole)
 
 TEST_F(LayoutViewTest, DoubleClickEditsThePanelUnlessItWouldGrowIntoAnother)
 {
-    Place({{2, 5, "CNT \tC,3"}, {2, 7, "AND \tR"}});
+    Place("2,5 CNT \tC,3; 2,7 AND \tR");
     editor.Tokens = {"CNT", "C", "3", "2"};
     DoubleClick(2, 5);
     EXPECT_EQ(editor.Asked, EPanelDialog::Counter);
@@ -447,33 +414,29 @@ TEST_F(LayoutViewTest, DoubleClickEditsThePanelUnlessItWouldGrowIntoAnother)
 
 TEST_F(LayoutViewTest, ArrowsWalkAcrossTheAreasStepOverATallPanelAndCtrlJumpsToTheEnds)
 {
-    Place({{4, 5, "CNT \tC,3,2,1"}});
+    Place("4,5 CNT \tC,3,2,1");
     const auto ctrl = Qt::ControlModifier;
+    const int left = Qt::Key_Left, right = Qt::Key_Right, up = Qt::Key_Up, down = Qt::Key_Down;
     const struct
     {
-        CGridPos From;
-        int Key;
+        int Column, Row, Key;
         Qt::KeyboardModifiers Modifiers;
         const char* Text;
     } cases[] = {
-        {{16, 7}, Qt::Key_Right, {}, "  OUT,  7 "},   {{16, 7}, Qt::Key_Left, ctrl, "  IN ,  7 "},
-        {{-1, 7}, Qt::Key_Right, ctrl, "  OUT,  7 "}, {{-2, 7}, Qt::Key_Left, {}, "  16 ,  7 "},
-        {{1, 7}, Qt::Key_Left, {}, "  IN ,  7 "},     {{-1, 7}, Qt::Key_Right, {}, "   1 ,  7 "},
-        {{-1, 7}, Qt::Key_Left, {}, "  IN ,  7 "},    {{-2, 7}, Qt::Key_Right, {}, "  OUT,  7 "},
-        {{5, 1}, Qt::Key_Up, {}, "   5 ,  1 "},       {{5, 3}, Qt::Key_Down, ctrl, "   5 , 40 "},
-        {{5, 30}, Qt::Key_Up, ctrl, "   5 ,  1 "},    {{4, 4}, Qt::Key_Down, {}, "   4 ,  5 "},
-        {{4, 5}, Qt::Key_Down, {}, "   4 ,  8 "},     {{4, 8}, Qt::Key_Up, {}, "   4 ,  5 "},
+        {16, 7, right, {}, "  OUT,  7 "},   {16, 7, left, ctrl, "  IN ,  7 "},
+        {-1, 7, right, ctrl, "  OUT,  7 "}, {-2, 7, left, {}, "  16 ,  7 "},
+        {1, 7, left, {}, "  IN ,  7 "},     {-1, 7, right, {}, "   1 ,  7 "},
+        {-1, 7, left, {}, "  IN ,  7 "},    {-2, 7, right, {}, "  OUT,  7 "},
+        {5, 1, up, {}, "   5 ,  1 "},       {5, 3, down, ctrl, "   5 , 40 "},
+        {5, 30, up, ctrl, "   5 ,  1 "},    {4, 4, down, {}, "   4 ,  5 "},
+        {4, 5, down, {}, "   4 ,  8 "},     {4, 8, up, {}, "   4 ,  5 "},
     };
     QSignalSpy position(&view, &CLayoutView::PositionText);
     for (const auto& c : cases) {
-        SCOPED_TRACE(QStringLiteral("%1,%2 key %3")
-                         .arg(c.From.Column)
-                         .arg(c.From.Row)
-                         .arg(c.Key)
-                         .toStdString());
-        view.SetSelection(c.From.Column, c.From.Row);
+        SCOPED_TRACE(testing::Message() << c.Column << "," << c.Row << " key " << c.Key);
+        view.SetSelection(c.Column, c.Row);
         Key(c.Key, c.Modifiers);
-        EXPECT_EQ(Text(position), c.Text);
+        EXPECT_EQ(Last(position), c.Text);
     }
 }
 
@@ -481,11 +444,7 @@ TEST_F(LayoutViewTest, ArrowsWalkAcrossTheAreasStepOverATallPanelAndCtrlJumpsToT
 
 TEST_F(LayoutViewTest, DeleteFillAndRotateWorkOnTheSelection)
 {
-    Place({{-1, 2, "KEY \tH,P1"},
-           {-1, 3, "KEY \tL,P2"},
-           {5, 35, "AND \tR"},
-           {5, 38, "NOT \tR"},
-           {4, 3, "CNT \tC,3"}});
+    Place("-1,2 KEY \tH,P1; -1,3 KEY \tL,P2; 5,35 AND \tR; 5,38 NOT \tR; 4,3 CNT \tC,3");
     view.SetSelection(-1, 2, -1, 3);
     messenger.Answers = {EAnswer::Cancel, EAnswer::Ok};
     Key(Qt::Key_Delete);
@@ -518,7 +477,7 @@ TEST_F(LayoutViewTest, EveryShiftRefreshesThePanelBarsAndIsUndoneByUndo)
     for (void (CLayoutView::*shift)() : {&CLayoutView::ShiftAllUp, &CLayoutView::ShiftAllDown,
                                          &CLayoutView::ShiftAllLeft, &CLayoutView::ShiftAllRight}) {
         grid.ClearAll();
-        Place({{3, 3, "AND \tR"}, {-1, 40, "KEY \tH,P1"}});
+        Place("3,3 AND \tR; -1,40 KEY \tH,P1");
         document.SetModified(false);
         chooser.Refreshes = 0;
         (view.*shift)();
@@ -535,7 +494,7 @@ TEST_F(LayoutViewTest, EveryShiftRefreshesThePanelBarsAndIsUndoneByUndo)
 
 TEST_F(LayoutViewTest, CopiedPanelsPasteIntoAnotherLayoutAndAsTextAnywhere)
 {
-    Place({{3, 3, "AND \tR\t\t;gate"}, {4, 4, "NOT \tR"}});
+    Place("3,3 AND \tR\t\t;gate; 4,4 NOT \tR");
     SelectBlock(2, 2, 4, 4);
     view.Copy();
     EXPECT_EQ(QApplication::clipboard()->text(), "AND \tR\t\t;gate\nNOT \tR\n");
@@ -560,7 +519,7 @@ TEST_F(LayoutViewTest, CopiedPanelsPasteIntoAnotherLayoutAndAsTextAnywhere)
 
 TEST_F(LayoutViewTest, PasteFitsItsBlockAndAsksOverPanels)
 {
-    Place({{-1, 2, "KEY \tH,P1"}});
+    Place("-1,2 KEY \tH,P1");
     Click(-1, 2);
     view.Cut();
     EXPECT_EQ(Cells(grid), "");
@@ -578,7 +537,7 @@ TEST_F(LayoutViewTest, PasteFitsItsBlockAndAsksOverPanels)
         messenger.Texts.clear();
         messenger.Answers = {answer};
         view.Paste();
-        EXPECT_EQ(messenger.Texts, QStringList{CStringTable::Get(Ids::MsgPasteOverPanels)});
+        EXPECT_EQ(messenger.Texts, Said(Ids::MsgPasteOverPanels));
         EXPECT_EQ(document.IsModified(), answer == EAnswer::Yes);
     }
 }
@@ -587,13 +546,13 @@ TEST_F(LayoutViewTest, PasteFitsItsBlockAndAsksOverPanels)
 
 TEST_F(LayoutViewTest, TheMessagePaneShowsTheCaptionUnderTheMouse)
 {
-    Place({{4, 5, "CNT \tC,3,2,1"}});
+    Place("4,5 CNT \tC,3,2,1");
     QSignalSpy status(&view, &CLayoutView::StatusText);
     Hover(At(4, 7));
-    EXPECT_EQ(Text(status), grid.GetCell(4, 5)->GetPanel()->GetCaption());
-    EXPECT_FALSE(Text(status).isEmpty());
+    EXPECT_EQ(Last(status), grid.GetCell(4, 5)->GetPanel()->GetCaption());
+    EXPECT_FALSE(Last(status).isEmpty());
     Hover(At(9, 9));
-    EXPECT_EQ(Text(status), "");
+    EXPECT_EQ(Last(status), "");
 }
 
 TEST_F(LayoutViewTest, ZoomScalesTheDrawingButKeepsItsCells)

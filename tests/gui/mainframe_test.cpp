@@ -1,12 +1,10 @@
 // The editor's window, offscreen: its title, which commands it offers, its recent files.
 #include "boardinfo.h"
-#include "core/panels/paneltest.h"
+#include "core/grid/gridtest.h"
 #include "layoutdocument.h"
 #include "layoutview.h"
 #include "mainframe.h"
 #include "settings.h"
-#include "stringtable.h"
-#include "support/recordingmessenger.h"
 
 #include <QAction>
 #include <QApplication>
@@ -18,8 +16,6 @@
 #include <QSettings>
 #include <QStandardPaths>
 #include <QTemporaryDir>
-
-#include <gtest/gtest.h>
 
 #include <memory>
 
@@ -89,21 +85,11 @@ struct MainFrameTest : testing::Test
 
 } // namespace
 
-TEST_F(MainFrameTest, TitleNamesTheLayoutAndMarksAChange)
+TEST_F(MainFrameTest, TitleAndEditCommandsFollowTheLayoutTheSelectionAndTheClipboard)
 {
     EXPECT_EQ(frame->windowTitle(), "Untitled[*] - Quillon");
-    EXPECT_FALSE(frame->isWindowModified());
-    ASSERT_TRUE(Open("blink.loc", "; PANEL LOCATION\r\n0303:AND\tR\r\n"));
-    EXPECT_EQ(frame->windowTitle(), "blink.loc[*] - Quillon");
-    EXPECT_FALSE(frame->isWindowModified());
-    frame->View().SetSelection(3, 3);
-    Action(Ids::MenuEditCut)->trigger();
-    EXPECT_TRUE(frame->isWindowModified());
-}
-
-TEST_F(MainFrameTest, EditCommandsFollowTheSelectionTheClipboardAndTheLastStep)
-{
     ASSERT_TRUE(Open("gate.loc", "; PANEL LOCATION\r\n0303:AND\tR\r\n"));
+    EXPECT_EQ(frame->windowTitle(), "gate.loc[*] - Quillon");
     EXPECT_EQ(Enabled(), "");
     frame->View().SetSelection(3, 3);
     EXPECT_EQ(Enabled(), "Cut Copy Delete Rotate Show");
@@ -111,8 +97,10 @@ TEST_F(MainFrameTest, EditCommandsFollowTheSelectionTheClipboardAndTheLastStep)
     EXPECT_EQ(Enabled(), "Cut Copy Paste Delete Rotate Show");
     frame->View().SetSelection(8, 8);
     EXPECT_EQ(Enabled(), "Cut Copy Paste Delete");
+    EXPECT_FALSE(frame->isWindowModified());
     Action(Ids::MenuEditPaste)->trigger();
     EXPECT_EQ(Enabled(), "Undo Cut Copy Paste Delete Rotate Show");
+    EXPECT_TRUE(frame->isWindowModified());
 }
 
 TEST_F(MainFrameTest, RecentFilesKeepTheLastFourOpenedNewestFirst)

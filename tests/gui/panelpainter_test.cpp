@@ -82,17 +82,11 @@ int SharpSteps(const QImage& image)
 bool PinAt(const QImage& image, char side)
 {
     const int w = image.width(), h = image.height();
-    const auto at = [&image](int x, int y) { return qAlpha(image.pixel(x, y)) > 128; };
-    switch (side) {
-    case 'U':
-        return at(w / 2 - 1, 0) && at(w / 2, 0);
-    case 'D':
-        return at(w / 2 - 1, h - 1) && at(w / 2, h - 1);
-    case 'L':
-        return at(0, h / 2 - 1) && at(0, h / 2);
-    default:
-        return at(w - 1, h / 2 - 1) && at(w - 1, h / 2);
-    }
+    const bool across = side == 'U' || side == 'D';
+    const QPoint middle((side == 'R') * (w - 1) + across * (w / 2),
+                        (side == 'D') * (h - 1) + !across * (h / 2));
+    const auto at = [&image](QPoint p) { return qAlpha(image.pixel(p)) > 128; };
+    return at(middle) && at(middle - (across ? QPoint(1, 0) : QPoint(0, 1)));
 }
 
 } // namespace
@@ -150,66 +144,29 @@ TEST(PanelPainter, TextsOnAPictureChangeIt)
 // bottom pin on the last; side-column strips lead towards the process area.
 TEST(PanelPainter, PinsSitOnTheSidesThePanelsWireTo)
 {
-    const char* const lines[] = {
-        "NOT \tR",
-        "NOT \tD",
-        "AND \tR",
-        "AND \tD",
-        "OR  \tR",
-        "OR  \tD",
-        "XOR \tR",
-        "XOR \tD",
-        "ON  \tR",
-        "ON  \tD",
-        "OFF \tR",
-        "OFF \tD",
-        "LINE\tUD",
-        "LINE\tLR",
-        "LINE\tUR",
-        "LINE\tLD",
-        "LINE\tUR,LD",
-        "LINE\tUD,LR",
-        "LINE\tUR,UD",
-        "LINE\tLR,LD",
-        "JPI \t7,U",
-        "JPI \t7,L",
-        "JPO \t7,R",
-        "JPO \t7,D",
-        "FF",
-        "RSFF",
-        "D_FF",
-        "T_FF",
-        "DLY \t1.00S",
-        "TIM \tH,1.00S",
-        "CNT \tC,5",
-        "CNT \tC,300,10,5",
-        "UART\t3",
-        "7S_B\t0",
-        "7S4_D\t1",
-        "SMOT\t2,20",
-        "UARI\tC,200,17,5",
-        "KEY \tH,PD2\t\t;start",
-        "LAMP\tH,PB5\t\t;run",
-        "BUZZ\tPB1,2000,500",
-    };
-    for (const char* line : lines) {
-        const CPanelCell cell{QString::fromLatin1(line)};
-        ASSERT_NE(cell.GetPanel(), nullptr) << line;
+    const QStringList lines =
+        QStringLiteral(
+            "NOT \tR|NOT \tD|AND \tR|AND \tD|OR  \tR|OR  \tD|XOR \tR|XOR \tD|ON  \tR|ON  \tD|"
+            "OFF \tR|OFF \tD|LINE\tUD|LINE\tLR|LINE\tUR|LINE\tLD|LINE\tUR,LD|LINE\tUD,LR|"
+            "LINE\tUR,UD|LINE\tLR,LD|JPI \t7,U|JPI \t7,L|JPO \t7,R|JPO \t7,D|FF|RSFF|D_FF|T_FF|"
+            "DLY \t1.00S|TIM \tH,1.00S|CNT \tC,5|CNT \tC,300,10,5|UART\t3|7S_B\t0|7S4_D\t1|"
+            "SMOT\t2,20|UARI\tC,200,17,5|KEY \tH,PD2\t\t;start|LAMP\tH,PB5\t\t;run|"
+            "BUZZ\tPB1,2000,500")
+            .split(u'|');
+    for (const QString& line : lines) {
+        const CPanelCell cell{line};
+        ASSERT_NE(cell.GetPanel(), nullptr) << line.toStdString();
         const QString sides = cell.GetPanel()->GetSides();
         const bool process = cell.IsProcess();
         const auto& items = cell.GetImage().Items;
         for (int row = 0; row < items.size(); ++row) {
-            SCOPED_TRACE(std::string(line) + " row " + std::to_string(row));
+            SCOPED_TRACE(testing::Message() << line.toStdString() << " row " << row);
             const QImage image = Bare(items[row], 1);
             const bool first = row == 0, last = row == items.size() - 1;
             EXPECT_EQ(PinAt(image, 'L'), sides.contains(u'L') && (!process || first));
             EXPECT_EQ(PinAt(image, 'R'), sides.contains(u'R'));
-            if (process && first) {
-                EXPECT_EQ(PinAt(image, 'U'), sides.contains(u'U'));
-            }
-            if (process && last) {
-                EXPECT_EQ(PinAt(image, 'D'), sides.contains(u'D'));
-            }
+            EXPECT_TRUE(!process || !first || PinAt(image, 'U') == sides.contains(u'U'));
+            EXPECT_TRUE(!process || !last || PinAt(image, 'D') == sides.contains(u'D'));
         }
     }
 }

@@ -1,40 +1,16 @@
+#include "core/grid/gridtest.h"
 #include "netlist.h"
-#include "panelgrid.h"
-#include "support/recordingmessenger.h"
-
-#include <gtest/gtest.h>
 
 #include <string>
 
 namespace {
 
-// "0R>" for an output on the right of the top row, "<" input, "-" wire.
-std::string Describe(const std::vector<CNetPin>& pins)
+struct CNetlistFixture : GridFixture
 {
-    std::string text;
-    for (const CNetPin& pin : pins) {
-        if (!text.empty())
-            text += ' ';
-        text += std::to_string(pin.Row) + pin.Side +
-                (pin.Role == EPinRole::Input ? '<' : pin.Role == EPinRole::Output ? '>' : '-');
-    }
-    return text;
-}
-
-struct CNetlistFixture : testing::Test
-{
-    CRecordingMessenger messenger;
-    CPanelGrid grid{messenger};
-
-    void Put(int column, int row, const QString& line)
-    {
-        ASSERT_TRUE(grid.Place(column, row, std::make_unique<CPanelCell>(line))) << line.toStdString();
-    }
-
     void Wires(int row, int from, int to)
     {
         for (int column = from; column <= to; ++column)
-            Put(column, row, "LINE\tLR");
+            ASSERT_TRUE(grid.Place(column, row, Cell("LINE\tLR")));
     }
 
     // The net of the panel pin at the top cell, row and side; -1 when it has none.
@@ -46,32 +22,29 @@ struct CNetlistFixture : testing::Test
         return -1;
     }
 
-    // The panels of each fault of the kind.
-    static std::vector<std::vector<CGridPos>> Faults(const CNetlist& netlist, CNetFault::EKind kind)
+    // The panels of each fault of the kind: "c,r c,r; c,r".
+    static QString Faults(const CNetlist& netlist, CNetFault::EKind kind)
     {
-        std::vector<std::vector<CGridPos>> panels;
-        for (const CNetFault& fault : netlist.GetFaults())
+        QStringList faults;
+        for (const CNetFault& fault : netlist.GetFaults()) {
+            QStringList panels;
+            for (const CGridPos pos : fault.Panels)
+                panels.append(QStringLiteral("%1,%2").arg(pos.Column).arg(pos.Row));
             if (fault.Kind == kind)
-                panels.push_back(fault.Panels);
-        return panels;
+                faults.append(panels.join(u' '));
+        }
+        return faults.join(QStringLiteral("; "));
     }
 };
-
-using CPositions = std::vector<std::vector<CGridPos>>;
 
 } // namespace
 
 TEST_F(CNetlistFixture, WiresCarryANetAcrossTheGridAndAGapOrNoPanelEndsIt)
 {
-    Put(-1, 3, "KEY\tH,PD2");
+    // (2, 5) is empty; the wires in row 8 reach no panel.
+    PutAll(grid, "-1,3 KEY\tH,PD2; -2,3 LAMP\tH,PB5; -1,5 KEY\tH,PD2; 1,5 LINE\tLR; "
+                 "3,5 LINE\tLR; 4,5 NOT\tR; 3,8 LINE\tLR; 4,8 LINE\tLD");
     Wires(3, 1, 16);
-    Put(-2, 3, "LAMP\tH,PB5");
-    Put(-1, 5, "KEY\tH,PD2");
-    Put(1, 5, "LINE\tLR");
-    Put(3, 5, "LINE\tLR"); // (2, 5) is empty
-    Put(4, 5, "NOT\tR");
-    Put(3, 8, "LINE\tLR"); // a wire reaching no panel
-    Put(4, 8, "LINE\tLD");
     const CNetlist netlist(grid);
 
     const int across = Net(netlist, {-1, 3}, 0, 'R');
@@ -94,52 +67,48 @@ TEST_F(CNetlistFixture, WiresCarryANetAcrossTheGridAndAGapOrNoPanelEndsIt)
 // in the order U, D, L, R.
 TEST_F(CNetlistFixture, WireKindsJoinTheirPiecesOnly)
 {
-    const struct { const char* line; const char* joined; } cases[] = {
-        {"LINE\tUD", "UD"},
-        {"LINE\tLR", "LR"},
-        {"LINE\tUR", "UR"},
-        {"LINE\tLD", "DL"},
-        {"LINE\tUR,LD", "UR DL"},    // two corners stay apart
-        {"LINE\tUD,LR", "UD LR"},    // a crossing stays apart
-        {"LINE\tUR,UD", "UD UR DR"}, // a run with its branch is one net
-        {"LINE\tLR,LD", "DL DR LR"},
-        {"JPI\t4,L", ""},            // a lone jump joins nothing in its cell
+    const struct
+    {
+        const char *Line, *Joined;
+    } cases[] = {
+        {"LINE\tUD", "UD"},          {"LINE\tLR", "LR"},       {"LINE\tUR", "UR"},
+        {"LINE\tLD", "DL"},          {"LINE\tUR,LD", "UR DL"}, // two corners stay apart
+        {"LINE\tUD,LR", "UD LR"},                              // a crossing stays apart
+        {"LINE\tUR,UD", "UD UR DR"},                           // a run with its branch is one net
+        {"LINE\tLR,LD", "DL DR LR"}, {"JPI\t4,L", ""}, // a lone jump joins nothing in its cell
     };
-    const struct { char side; CGridPos neighbour; char facing; } around[] = {
-        {'U', {5, 4}, 'D'}, {'D', {5, 6}, 'U'}, {'L', {4, 5}, 'R'}, {'R', {6, 5}, 'L'}};
+    const struct
+    {
+        char Side;
+        CGridPos Neighbour;
+        char Facing;
+    } around[] = {{'U', {5, 4}, 'D'}, {'D', {5, 6}, 'U'}, {'L', {4, 5}, 'R'}, {'R', {6, 5}, 'L'}};
 
     for (const auto& c : cases) {
-        SCOPED_TRACE(c.line);
+        SCOPED_TRACE(c.Line);
         grid.ClearAll();
-        Put(5, 4, "ON\tD");
-        Put(4, 5, "OFF\tR");
-        Put(6, 5, "NOT\tR");
-        Put(5, 6, "NOT\tD");
-        Put(5, 5, c.line);
+        PutAll(grid, "5,4 ON\tD; 4,5 OFF\tR; 6,5 NOT\tR; 5,6 NOT\tD");
+        ASSERT_TRUE(grid.Place(5, 5, Cell(c.Line)));
         const CNetlist netlist(grid);
 
         std::string joined;
         for (int a = 0; a < 4; ++a)
             for (int b = a + 1; b < 4; ++b) {
-                const int netA = Net(netlist, around[a].neighbour, 0, around[a].facing);
-                const int netB = Net(netlist, around[b].neighbour, 0, around[b].facing);
+                const int netA = Net(netlist, around[a].Neighbour, 0, around[a].Facing);
+                const int netB = Net(netlist, around[b].Neighbour, 0, around[b].Facing);
                 if (netA >= 0 && netA == netB)
-                    joined += std::string(joined.empty() ? "" : " ") + around[a].side + around[b].side;
+                    joined +=
+                        std::string(joined.empty() ? "" : " ") + around[a].Side + around[b].Side;
             }
-        EXPECT_EQ(joined, c.joined);
+        EXPECT_EQ(joined, c.Joined);
     }
 }
 
 TEST_F(CNetlistFixture, JumpCarriesItsNetToEveryJumpOutWithItsId)
 {
-    Put(-1, 1, "KEY\tH,PD2");
-    Put(1, 1, "JPI\t7,L");
-    Put(5, 6, "JPO\t7,R");
-    Put(6, 6, "NOT\tR");
-    Put(8, 2, "JPO\t7,D");
-    Put(8, 3, "NOT\tD");
-    Put(5, 8, "JPO\t8,R"); // no jump-in with id 8
-    Put(6, 8, "NOT\tR");
+    // No jump-in has id 8.
+    PutAll(grid, "-1,1 KEY\tH,PD2; 1,1 JPI\t7,L; 5,6 JPO\t7,R; 6,6 NOT\tR; 8,2 JPO\t7,D; "
+                 "8,3 NOT\tD; 5,8 JPO\t8,R; 6,8 NOT\tR");
     const CNetlist netlist(grid);
 
     const int key = Net(netlist, {-1, 1}, 0, 'R');
@@ -155,25 +124,21 @@ TEST_F(CNetlistFixture, JumpCarriesItsNetToEveryJumpOutWithItsId)
 
 TEST_F(CNetlistFixture, TwoDriversOnOneNetAreAFault)
 {
-    const struct { const char* Name; const char* First; const char* SecondJump;
-                   CPositions Panels; } cases[] = {
-        {"two panels into jump-ins of one id", "ON\tR", "JPI\t3,L", {{{1, 1}, {1, 2}}}},
-        {"two rows of one counter", "CNT\tH,20,10", "JPI\t3,L", {{{1, 1}}}},
-        {"two rows of one counter, other ids", "CNT\tH,20,10", "JPI\t4,L", {}},
+    const struct
+    {
+        const char *Name, *Drivers, *Fault;
+    } cases[] = {
+        {"two panels into jump-ins of one id", "1,1 ON\tR; 1,2 OFF\tR; 2,2 JPI\t3,L", "1,1 1,2"},
+        {"two rows of one counter", "1,1 CNT\tH,20,10; 2,2 JPI\t3,L", "1,1"},
+        {"two rows of one counter, other ids", "1,1 CNT\tH,20,10; 2,2 JPI\t4,L", ""},
     };
     for (const auto& c : cases) {
         SCOPED_TRACE(c.Name);
         grid.ClearAll();
-        Put(1, 1, c.First);
-        if (QString(c.First).startsWith("ON"))
-            Put(1, 2, "OFF\tR");
-        Put(2, 1, "JPI\t3,L");
-        Put(2, 2, c.SecondJump);
-        Put(5, 5, "JPO\t3,R");
-        Put(6, 5, "NOT\tR");
+        PutAll(grid, QString(c.Drivers) + "; 2,1 JPI\t3,L; 5,5 JPO\t3,R; 6,5 NOT\tR");
         const CNetlist netlist(grid);
-        EXPECT_EQ(Faults(netlist, CNetFault::TwoDrivers), c.Panels);
-        if (!c.Panels.empty()) {
+        EXPECT_EQ(Faults(netlist, CNetFault::TwoDrivers), c.Fault);
+        if (*c.Fault) {
             EXPECT_EQ(netlist.GetFaults()[0].Net, Net(netlist, {6, 5}, 0, 'L'));
         }
     }
@@ -183,48 +148,34 @@ TEST_F(CNetlistFixture, TwoDriversOnOneNetAreAFault)
 // loop: only panels that store state may close it.
 TEST_F(CNetlistFixture, LoopNeedsAStoringPanel)
 {
-    const struct { const char* middle; CPositions loops; } cases[] = {
-        {"NOT\tR", {{{2, 2}, {3, 2}}}}, {"LINE\tLR", {{{2, 2}}}}, {"RSFF", {}},
-        {"D_FF", {}},                   {"T_FF", {}},             {"CNT\tH,5", {}},
-        {"DLY\t1.00S", {}},             {"TIM\tH,1.00S", {}},     {"TIM1\tN,0.50S", {}},
-    };
-    for (const auto& c : cases) {
-        SCOPED_TRACE(c.middle);
+    const char* const storing[] = {"RSFF",       "D_FF",         "T_FF",         "CNT\tH,5",
+                                   "DLY\t1.00S", "TIM\tH,1.00S", "TIM1\tN,0.50S"};
+    const auto loops = [this](const char* middle) {
         grid.ClearAll();
-        Put(1, 2, "ON\tR");
-        Put(2, 2, "AND\tR");
-        Put(3, 2, c.middle);
-        Put(4, 2, "JPI\t9,L");
-        Put(2, 1, "JPO\t9,D");
-        EXPECT_EQ(Faults(CNetlist(grid), CNetFault::Loop), c.loops);
-    }
+        PutAll(grid, QStringLiteral("1,2 ON\tR; 2,2 AND\tR; 3,2 %1; 4,2 JPI\t9,L; 2,1 JPO\t9,D")
+                         .arg(middle));
+        return Faults(CNetlist(grid), CNetFault::Loop);
+    };
+    EXPECT_EQ(loops("NOT\tR"), "2,2 3,2");
+    EXPECT_EQ(loops("LINE\tLR"), "2,2");
+    for (const char* middle : storing)
+        EXPECT_EQ(loops(middle), "") << middle;
     // A gate feeding itself.
     grid.ClearAll();
-    Put(1, 2, "OFF\tR");
-    Put(2, 2, "OR\tD");
-    Put(2, 3, "JPI\t1,U");
-    Put(2, 1, "JPO\t1,D");
+    PutAll(grid, "1,2 OFF\tR; 2,2 OR\tD; 2,3 JPI\t1,U; 2,1 JPO\t1,D");
     const CNetlist netlist(grid);
     ASSERT_EQ(netlist.GetFaults().size(), 1u);
-    EXPECT_EQ(Faults(netlist, CNetFault::Loop), (CPositions{{{2, 2}}}));
+    EXPECT_EQ(Faults(netlist, CNetFault::Loop), "2,2");
 }
 
 TEST_F(CNetlistFixture, EvaluationOrderPutsEachGateAfterItsFeedersAndLeavesOutTheRest)
 {
-    // (2, 5) comes first in the grid but reads what (5, 1) makes, through a jump.
-    Put(1, 5, "JPO\t2,R");
-    Put(2, 5, "NOT\tR");
-    Put(4, 1, "ON\tR");
-    Put(5, 1, "NOT\tR");
-    Put(6, 1, "JPI\t2,L");
-    Put(9, 9, "XOR\tD"); // on its own: keeps its place in grid order
-    Put(3, 5, "AND\tR"); // reads (2, 5) on its left
-    // Storing and side panels are not evaluated as gates.
-    Put(-1, 12, "KEY\tH,PD2");
-    Put(1, 12, "T_FF");
-    Put(3, 12, "UART\t3,L");
+    // (2, 5) comes first in the grid but reads what (5, 1) makes, through a jump; the XOR on
+    // its own keeps its place in grid order; the AND reads (2, 5) on its left. Storing and
+    // side panels are not evaluated as gates.
+    PutAll(grid, "1,5 JPO\t2,R; 2,5 NOT\tR; 4,1 ON\tR; 5,1 NOT\tR; 6,1 JPI\t2,L; 9,9 XOR\tD; "
+                 "3,5 AND\tR; -1,12 KEY\tH,PD2; 1,12 T_FF; 3,12 UART\t3,L");
     const CNetlist netlist(grid);
-
     EXPECT_EQ(netlist.GetEvaluationOrder(),
               (std::vector<CGridPos>{{4, 1}, {5, 1}, {2, 5}, {3, 5}, {9, 9}}));
     EXPECT_TRUE(netlist.GetFaults().empty());
@@ -232,7 +183,11 @@ TEST_F(CNetlistFixture, EvaluationOrderPutsEachGateAfterItsFeedersAndLeavesOutTh
 
 TEST_F(CNetlistFixture, PanelsHaveTheirDocumentedPins)
 {
-    const struct { int column; const char* line; const char* pins; } cases[] = {
+    const struct
+    {
+        int Column;
+        const char *Line, *Pins; // "0R>": an output on the right of the top row
+    } cases[] = {
         {-1, "KEY\tH,PD2", "0R>"},
         {-1, "ANI\tH,PC0,512,256", "0R> 1R>"},
         {-1, "UARI\tC,200,17,5", "0R> 1R> 2R>"},
@@ -255,25 +210,28 @@ TEST_F(CNetlistFixture, PanelsHaveTheirDocumentedPins)
         {3, "LINE\tUR,LR", ""}, // no kind: no pins
     };
     for (const auto& c : cases) {
-        SCOPED_TRACE(c.line);
+        SCOPED_TRACE(c.Line);
         grid.ClearAll();
-        Put(c.column, 2, c.line);
-        const CNetlist netlist(grid);
-        const std::vector<CNetPin> pins = netlist.GetPins({c.column, 2});
-        EXPECT_EQ(Describe(pins), c.pins);
-        for (const CNetPin& pin : pins)
-            EXPECT_EQ(pin.Pos, (CGridPos{c.column, 2}));
+        ASSERT_TRUE(grid.Place(c.Column, 2, Cell(c.Line)));
+        std::string pins;
+        for (const CNetPin& pin : CNetlist(grid).GetPins({c.Column, 2})) {
+            EXPECT_EQ(pin.Pos, (CGridPos{c.Column, 2}));
+            pins += std::string(pins.empty() ? "" : " ") + std::to_string(pin.Row) + pin.Side +
+                    (pin.Role == EPinRole::Input    ? '<'
+                     : pin.Role == EPinRole::Output ? '>'
+                                                    : '-');
+        }
+        EXPECT_EQ(pins, c.Pins);
     }
 }
 
 TEST_F(CNetlistFixture, TallPanelsJoinOnTheRowsThatHavePins)
 {
-    Put(16, 1, "CNT\tH,30,20,10");
-    Put(-2, 2, "LAMP\tH,PB5"); // beside the counter's second row
-    Put(-1, 2, "KEY\tH,PD2");  // into the counter's second row, which has no input
+    // The lamp sits beside the counter's second row, the key feeds that row, which has no
+    // input, and the NOT sits beside the receiver's third row.
+    PutAll(grid, "16,1 CNT\tH,30,20,10; -2,2 LAMP\tH,PB5; -1,2 KEY\tH,PD2; -1,10 UARI\tC,3,2,1; "
+                 "1,12 NOT\tR");
     Wires(2, 1, 15);
-    Put(-1, 10, "UARI\tC,3,2,1");
-    Put(1, 12, "NOT\tR"); // beside the receiver's third row
     const CNetlist netlist(grid);
 
     const int lamp = Net(netlist, {-2, 2}, 0, 'L');

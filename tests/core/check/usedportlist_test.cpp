@@ -1,15 +1,17 @@
 // The used port list: inputs then outputs, in row order, with their assigned ports.
-#include "usedportlist.h"
+#include "core/panels/paneltest.h"
 #include "panelcell.h"
 #include "panelgrid.h"
-#include "core/panels/paneltest.h"
 #include "stringtable.h"
 #include "support/recordingmessenger.h"
+#include "usedportlist.h"
 
 // Readable failures: gtest finds this beside the row's type.
 void PrintTo(const CUsedPortList::CRow& row, std::ostream* os)
 {
-    *os << QStringList{row.Io, row.Location, row.Type, row.Name, row.Assigned}.join(u'|').toStdString();
+    *os << QStringList{row.Io, row.Location, row.Type, row.Name, row.Assigned}
+               .join(u'|')
+               .toStdString();
 }
 
 namespace {
@@ -21,7 +23,8 @@ struct UsedPortList : testing::Test
 
     void SetUp() override { CStringTable::SetLanguage(ELanguage::English); }
 
-    void Place(int column, int row, const QString& line, const QString& type, const QList<CPortEntry>& ports)
+    void Place(int column, int row, const QString& line, const QString& type,
+               const QList<CPortEntry>& ports)
     {
         std::unique_ptr<CPanel> panel = CPanelFactory::Create(line);
         ASSERT_TRUE(panel);

@@ -1,13 +1,11 @@
 #include "gridtest.h"
 
-#include <algorithm>
-
 using GridClipboardTest = GridFixture;
 
 namespace {
 
 // A counter over rows 2-4 of column 1 and a gate at (2, 1).
-const QList<CPut> kBlock = {{1, 2, "CNT \tC,3,2,1"}, {2, 1, "AND \tR"}};
+const char* const kBlock = "1,2 CNT \tC,3,2,1; 2,1 AND \tR";
 
 } // namespace
 
@@ -16,73 +14,22 @@ TEST_F(GridClipboardTest, PasteRecreatesTheCopiedPanelsAtTheirOffsets)
 {
     const struct
     {
-        const char* Name;
-        QList<CPut> Panels;
-        int C1, R1, C2, R2;
-        int Width, Height;
-        CGridPos Target;
-        QList<CPut> Pasted;
+        const char *Name, *Panels;
+        int C1, R1, C2, R2, Width, Height, Column, Row;
+        const char* Pasted;
     } cases[] = {
-        {"counter and gate",
-         kBlock,
-         1,
-         1,
-         2,
-         4,
-         2,
-         4,
-         {5, 10},
-         {{5, 11, "CNT \tC,3,2,1"}, {5, 12, "+"}, {5, 13, "+"}, {6, 10, "AND \tR"}}},
-        {"empty top rows and left column",
-         {{2, 5, "AND \tR"}, {3, 6, "NOT \tR"}},
-         1,
-         1,
-         3,
-         6,
-         2,
-         2,
-         {8, 10},
-         {{8, 10, "AND \tR"}, {9, 11, "NOT \tR"}}},
-        {"fits above the last row",
-         {{2, 5, "AND \tR"}, {3, 6, "NOT \tR"}},
-         1,
-         1,
-         3,
-         6,
-         2,
-         2,
-         {1, 39},
-         {{1, 39, "AND \tR"}, {2, 40, "NOT \tR"}}},
-        {"top rows covered by a tall panel from above",
-         {{1, 2, "CNT \tC,3,2,1"}, {2, 4, "NOT \tR"}},
-         1,
-         3,
-         2,
-         4,
-         1,
-         1,
-         {8, 8},
-         {{8, 8, "NOT \tR"}}},
-        {"a tall panel counts to its bottom",
-         {{3, 3, "CNT \tC,3,2,1"}},
-         1,
-         1,
-         4,
-         9,
-         1,
-         3,
-         {5, 38},
-         {{5, 38, "CNT \tC,3,2,1"}, {5, 39, "+"}, {5, 40, "+"}}},
-        {"side column",
-         {{-1, 1, "UARI\tC,5,4"}, {-1, 3, "KEY \tH,P1"}},
-         -1,
-         1,
-         -1,
-         8,
-         1,
-         3,
-         {-1, 38},
-         {{-1, 38, "UARI\tC,5,4"}, {-1, 39, "+"}, {-1, 40, "KEY \tH,P1"}}},
+        {"counter and gate", kBlock, 1, 1, 2, 4, 2, 4, 5, 10,
+         "5,11 CNT \tC,3,2,1; 5,12 +; 5,13 +; 6,10 AND \tR"},
+        {"empty top rows and left column", "2,5 AND \tR; 3,6 NOT \tR", 1, 1, 3, 6, 2, 2, 8, 10,
+         "8,10 AND \tR; 9,11 NOT \tR"},
+        {"fits above the last row", "2,5 AND \tR; 3,6 NOT \tR", 1, 1, 3, 6, 2, 2, 1, 39,
+         "1,39 AND \tR; 2,40 NOT \tR"},
+        {"top rows covered by a tall panel from above", "1,2 CNT \tC,3,2,1; 2,4 NOT \tR", 1, 3, 2,
+         4, 1, 1, 8, 8, "8,8 NOT \tR"},
+        {"a tall panel counts to its bottom", "3,3 CNT \tC,3,2,1", 1, 1, 4, 9, 1, 3, 5, 38,
+         "5,38 CNT \tC,3,2,1; 5,39 +; 5,40 +"},
+        {"side column", "-1,1 UARI\tC,5,4; -1,3 KEY \tH,P1", -1, 1, -1, 8, 1, 3, -1, 38,
+         "-1,38 UARI\tC,5,4; -1,39 +; -1,40 KEY \tH,P1"},
     };
     for (const auto& c : cases) {
         SCOPED_TRACE(c.Name);
@@ -93,15 +40,10 @@ TEST_F(GridClipboardTest, PasteRecreatesTheCopiedPanelsAtTheirOffsets)
         EXPECT_EQ(layout.GetClipboard().GetWidth(), c.Width);
         EXPECT_EQ(layout.GetClipboard().GetHeight(), c.Height);
         layout.ClearAll();
-        ASSERT_TRUE(layout.CanPaste(c.Target.Column, c.Target.Row));
-        ASSERT_TRUE(layout.Paste(c.Target.Column, c.Target.Row));
-        QStringList expected;
-        for (const CPut& put : c.Pasted)
-            expected.append(QStringLiteral("%1,%2 %3").arg(put.Column).arg(put.Row).arg(put.Line));
-        EXPECT_EQ(Cells(layout), expected.join(QStringLiteral("; ")));
-        EXPECT_EQ(layout.GetWeightedTotal(),
-                  10 * std::count_if(c.Pasted.begin(), c.Pasted.end(),
-                                     [](const CPut& put) { return *put.Line != '+'; }));
+        ASSERT_TRUE(layout.CanPaste(c.Column, c.Row));
+        ASSERT_TRUE(layout.Paste(c.Column, c.Row));
+        EXPECT_EQ(Cells(layout), c.Pasted);
+        EXPECT_EQ(layout.GetWeightedTotal(), 10 * QString(c.Pasted).count(u'\t'));
     }
 }
 
@@ -129,13 +71,11 @@ TEST_F(GridClipboardTest, EachPasteIsAnIndependentCopyAndItsOwnStep)
 
 TEST_F(GridClipboardTest, CanPasteKeepsSideAndProcessBlocksApart)
 {
-    PutAll(grid,
-           {{-1, 1, "UARI\tC,5,4"}, {-2, 1, "LAMP\tH,P1"}, {1, 1, "AND \tR"}, {3, 2, "AND \tR"}});
+    PutAll(grid, "-1,1 UARI\tC,5,4; -2,1 LAMP\tH,P1; 1,1 AND \tR; 3,2 AND \tR");
     const struct
     {
         const char* Name;
-        int C1, R1, C2, R2;
-        int Column, Row;
+        int C1, R1, C2, R2, Column, Row;
         bool CanPaste;
     } cases[] = {
         {"input into input", -1, 1, -1, 2, -1, 39, true},
@@ -179,28 +119,25 @@ TEST_F(GridClipboardTest, PasteOutOfTheGridSaysSoAndChangesNothing)
 
 TEST_F(GridClipboardTest, PasteOverPanelsAsksYesNoCancel)
 {
-    // AtTwoOne: where a NOT already stands
     const struct
     {
         const char* Name;
         EAnswer Answer;
         bool Pasted;
-        const char* AtTwoOne;
+        const char* AtTwoOne; // where a NOT already stands
         int Gates;
-    } cases[] = {
-        {"Yes replaces", EAnswer::Yes, true, "AND \tR", 4},
-        {"No keeps the existing panel", EAnswer::No, true, "NOT \tR", 3},
-        {"Cancel changes nothing", EAnswer::Cancel, false, "NOT \tR", 2},
-    };
+    } cases[] = {{"Yes replaces", EAnswer::Yes, true, "AND \tR", 4},
+                 {"No keeps the existing panel", EAnswer::No, true, "NOT \tR", 3},
+                 {"Cancel changes nothing", EAnswer::Cancel, false, "NOT \tR", 2}};
     for (const auto& c : cases) {
         SCOPED_TRACE(c.Name);
         CPanelGrid layout(messenger);
-        PutAll(layout, {{1, 1, "AND \tR"}, {1, 2, "AND \tR"}});
+        PutAll(layout, "1,1 AND \tR; 1,2 AND \tR");
         ASSERT_TRUE(layout.Copy(1, 1, 2, 2));
         ASSERT_TRUE(layout.Place(2, 1, Cell("NOT \tR")));
         messenger.Reset({c.Answer});
         EXPECT_EQ(layout.Paste(2, 1), c.Pasted);
-        EXPECT_EQ(messenger.Texts, QStringList{Text(Ids::MsgPasteOverPanels)});
+        EXPECT_EQ(messenger.Texts, Said(Ids::MsgPasteOverPanels));
         EXPECT_EQ(messenger.Buttons, QList<EButtons>{EButtons::YesNoCancel});
         EXPECT_EQ(LineAt(layout, 2, 1), c.AtTwoOne);
         EXPECT_EQ(LineAt(layout, 2, 2), c.Pasted ? "AND \tR" : "");
@@ -216,47 +153,29 @@ TEST_F(GridClipboardTest, APasteThatCannotFinishUndoesAll)
 {
     const struct
     {
-        const char* Name;
-        QList<CPut> Panels;
-        int C1, R1, C2, R2;
-        CPut Blocker;
-        int Limit;
-        CGridPos Target;
+        const char *Name, *Panels;
+        int C2, R2;
+        const char* Blocker;
+        int Limit, Column, Row;
         QStringList Texts;
     } cases[] = {
         // The gate lands at (7, 2) first; the counter's rows 3-5 of column 8 then meet the NOT.
-        {"a tall panel blocked",
-         {{1, 1, "AND \tR"}, {2, 2, "CNT \tC,3,2,1"}},
-         1,
-         1,
-         2,
-         4,
-         {8, 4, "NOT \tR"},
-         -1,
-         {7, 2},
-         {Text(Ids::MsgPasteOverPanels), Text(Ids::MsgNotAllPasted)}},
-        {"over the use limit",
-         {{1, 1, "AND \tR"}, {1, 2, "AND \tR"}},
-         1,
-         1,
-         1,
-         2,
-         {9, 9, "NOT \tR"},
-         3,
-         {5, 5},
-         {Text(Ids::MsgPasteOverLimit)}},
+        {"a tall panel blocked", "1,1 AND \tR; 2,2 CNT \tC,3,2,1", 2, 4, "8,4 NOT \tR", -1, 7, 2,
+         Said(Ids::MsgPasteOverPanels) + Said(Ids::MsgNotAllPasted)},
+        {"over the use limit", "1,1 AND \tR; 1,2 AND \tR", 1, 2, "9,9 NOT \tR", 3, 5, 5,
+         Said(Ids::MsgPasteOverLimit)},
     };
     for (const auto& c : cases) {
         SCOPED_TRACE(c.Name);
         CPanelGrid layout(messenger);
         PutAll(layout, c.Panels);
-        ASSERT_TRUE(layout.Copy(c.C1, c.R1, c.C2, c.R2));
-        PutAll(layout, {c.Blocker});
+        ASSERT_TRUE(layout.Copy(1, 1, c.C2, c.R2));
+        PutAll(layout, c.Blocker);
         layout.SetUseLimits({{AndType, c.Limit}});
         layout.ClearJournal();
         const QString before = Dump(layout);
         messenger.Reset({EAnswer::No});
-        EXPECT_FALSE(layout.Paste(c.Target.Column, c.Target.Row));
+        EXPECT_FALSE(layout.Paste(c.Column, c.Row));
         EXPECT_EQ(messenger.Texts, c.Texts);
         EXPECT_EQ(Dump(layout), before);
         EXPECT_FALSE(layout.CanUndo());
@@ -268,7 +187,7 @@ TEST_F(GridClipboardTest, ProtrudingPanelIsLeftOutOnOkAndNothingIsCopiedOnCancel
     PutAll(grid, kBlock);
     messenger.Reset({EAnswer::Ok});
     ASSERT_TRUE(grid.Copy(1, 1, 2, 3)); // rows 1-3 cut through the counter (rows 2-4)
-    EXPECT_EQ(messenger.Texts, QStringList{Text(Ids::MsgProtrudedPanel)});
+    EXPECT_EQ(messenger.Texts, Said(Ids::MsgProtrudedPanel));
     EXPECT_EQ(messenger.Buttons, QList<EButtons>{EButtons::OkCancel});
     EXPECT_EQ(grid.GetClipboard().ToPlainText(), "AND \tR\n");
 
@@ -284,7 +203,7 @@ TEST_F(GridClipboardTest, TheClipboardTravelsAsTextToAnotherLayout)
     ASSERT_TRUE(grid.Copy(1, 1, 3, 4));
     EXPECT_EQ(grid.GetClipboard().ToPlainText(), "CNT \tC,3,2,1\nAND \tR\nNOT \tR\t\t;inverter\n");
 
-    const auto make = [](const QString& line) { return std::make_unique<CPanelCell>(line); };
+    const auto make = [](const QString& line) { return Cell(line); };
     CPanelGrid other(messenger);
     ASSERT_TRUE(other.Clipboard().FromText(grid.GetClipboard().ToText(), make));
     ASSERT_TRUE(other.Paste(11, 20));
@@ -324,12 +243,8 @@ TEST_F(GridClipboardTest, CutAnsweredCancelStillRemovesWhatLiesInsideAndUndoRest
 TEST_F(GridClipboardTest, CountPanelsCountsTopCellsOnly)
 {
     PutAll(grid, kBlock);
-    const struct
-    {
-        int C1, R1, C2, R2;
-        int Count;
-    } cases[] = {{1, 1, 2, 4, 2}, {1, 3, 1, 4, 0}, {1, 2, 1, 2, 1}, {3, 1, 16, 40, 0}};
-    for (const auto& c : cases)
-        EXPECT_EQ(grid.CountPanels(c.C1, c.R1, c.C2, c.R2), c.Count)
-            << c.C1 << "," << c.R1 << "-" << c.C2 << "," << c.R2;
+    EXPECT_EQ(grid.CountPanels(1, 1, 2, 4), 2);
+    EXPECT_EQ(grid.CountPanels(1, 3, 1, 4), 0);
+    EXPECT_EQ(grid.CountPanels(1, 2, 1, 2), 1);
+    EXPECT_EQ(grid.CountPanels(3, 1, 16, 40), 0);
 }

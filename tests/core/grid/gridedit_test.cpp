@@ -6,33 +6,28 @@ TEST_F(GridEditTest, DeletingACompletePanelAsksOnceAndCancelKeepsAll)
 {
     const struct
     {
-        const char* Name;
-        const char* First;
-        const char* Second;
+        const char *Name, *Panels;
         EAnswer Answer;
-        bool Asked;
-        bool Deleted;
+        bool Asked, Deleted;
     } cases[] = {
-        {"complete, OK", "LAMP\tH,P1", "LAMP\tL,P2", EAnswer::Ok, true, true},
-        {"complete, Cancel", "LAMP\tH,P1", "LAMP\tL,P2", EAnswer::Cancel, true, false},
-        {"incomplete only", "LAMP\tH", "LAMP\tL", EAnswer::Cancel, false, true},
-    };
+        {"complete, OK", "-2,1 LAMP\tH,P1; -2,2 LAMP\tL,P2", EAnswer::Ok, true, true},
+        {"complete, Cancel", "-2,1 LAMP\tH,P1; -2,2 LAMP\tL,P2", EAnswer::Cancel, true, false},
+        {"incomplete only", "-2,1 LAMP\tH; -2,2 LAMP\tL", EAnswer::Cancel, false, true}};
     for (const auto& c : cases) {
         SCOPED_TRACE(c.Name);
         CPanelGrid layout(messenger);
-        PutAll(layout, {{-2, 1, c.First}, {-2, 2, c.Second}});
+        PutAll(layout, c.Panels);
         const QString before = Dump(layout);
         messenger.Reset({c.Answer});
         EXPECT_EQ(layout.DeleteRange(-2, 1, -2, 2), c.Deleted);
-        EXPECT_EQ(messenger.Texts,
-                  c.Asked ? QStringList{Text(Ids::MsgDeletePanel)} : QStringList{});
+        EXPECT_EQ(messenger.Texts, Said(c.Asked ? Ids::MsgDeletePanel : 0));
         EXPECT_EQ(messenger.Buttons,
                   c.Asked ? QList<EButtons>{EButtons::OkCancel} : QList<EButtons>{});
         EXPECT_EQ(Dump(layout), c.Deleted ? "total=0" : before);
     }
     // A panel reaching out of the range stays; a range without panels deletes nothing.
     messenger.Reset();
-    PutAll(grid, {{1, 1, "CNT \tC,3,2,1"}, {2, 1, "AND \tR"}});
+    PutAll(grid, "1,1 CNT \tC,3,2,1; 2,1 AND \tR");
     ASSERT_TRUE(grid.DeleteRange(1, 1, 2, 2));
     EXPECT_EQ(Cells(grid), "1,1 CNT \tC,3,2,1; 1,2 +; 1,3 +");
     EXPECT_FALSE(grid.DeleteRange(5, 5, 6, 6));
@@ -42,36 +37,20 @@ TEST_F(GridEditTest, MoveTakesThePanelsByTheSelectionsOffset)
 {
     const struct
     {
-        const char* Name;
-        QList<CPut> Panels;
+        const char *Name, *Panels;
         int C1, R1, C2, R2, Column, Row;
         const char* After;
     } cases[] = {
-        {"a block",
-         {{1, 1, "CNT \tC,3,2,1"}, {2, 2, "AND \tR"}},
-         1,
-         1,
-         2,
-         3,
-         4,
-         20,
+        {"a block", "1,1 CNT \tC,3,2,1; 2,2 AND \tR", 1, 1, 2, 3, 4, 20,
          "4,20 CNT \tC,3,2,1; 4,21 +; 4,22 +; 5,21 AND \tR"},
-        {"onto its own rows",
-         {{3, 1, "CNT \tC,3,2,1"}},
-         3,
-         1,
-         3,
-         3,
-         3,
-         2,
+        {"onto its own rows", "3,1 CNT \tC,3,2,1", 3, 1, 3, 3, 3, 2,
          "3,2 CNT \tC,3,2,1; 3,3 +; 3,4 +"},
-        {"a selection with empty edges", {{3, 5, "AND \tR"}}, 2, 2, 4, 6, 8, 30, "9,33 AND \tR"},
+        {"a selection with empty edges", "3,5 AND \tR", 2, 2, 4, 6, 8, 30, "9,33 AND \tR"},
     };
     for (const auto& c : cases) {
         SCOPED_TRACE(c.Name);
         CPanelGrid layout(messenger);
-        PutAll(layout, c.Panels);
-        PutAll(layout, {{-2, 9, "LAMP\tH,P1"}});
+        PutAll(layout, QStringLiteral("-2,9 LAMP\tH,P1; ") + c.Panels);
         ASSERT_TRUE(layout.Copy(-2, 9, -2, 9));
         const QString before = Dump(layout);
         messenger.Reset();
@@ -87,6 +66,8 @@ TEST_F(GridEditTest, MoveTakesThePanelsByTheSelectionsOffset)
 
 TEST_F(GridEditTest, MoveThatCannotBePastedUndoesTheCut)
 {
+    const QStringList over = Said(Ids::MsgPasteOverPanels);
+    const QList<EAnswer> cancel = {EAnswer::Cancel}, no = {EAnswer::No};
     const struct
     {
         const char* Name;
@@ -96,26 +77,14 @@ TEST_F(GridEditTest, MoveThatCannotBePastedUndoesTheCut)
     } cases[] = {
         {"past the last row", 3, 3, 3, 39, {}, {}},
         {"into a side column", 3, 3, -1, 1, {}, {}},
-        {"onto a panel, Cancel", 3, 3, 8, 1, {EAnswer::Cancel}, {Text(Ids::MsgPasteOverPanels)}},
-        {"tall panel blocked, No",
-         3,
-         3,
-         8,
-         1,
-         {EAnswer::No},
-         {Text(Ids::MsgPasteOverPanels), Text(Ids::MsgNotAllPasted)}},
-        {"protruding selection, Cancel",
-         4,
-         2,
-         10,
-         10,
-         {EAnswer::Cancel},
-         {Text(Ids::MsgProtrudedPanel)}},
+        {"onto a panel, Cancel", 3, 3, 8, 1, cancel, over},
+        {"tall panel blocked, No", 3, 3, 8, 1, no, over + Said(Ids::MsgNotAllPasted)},
+        {"protruding selection, Cancel", 4, 2, 10, 10, cancel, Said(Ids::MsgProtrudedPanel)},
     };
     for (const auto& c : cases) {
         SCOPED_TRACE(c.Name);
         CPanelGrid layout(messenger);
-        PutAll(layout, {{3, 1, "CNT \tC,3,2,1"}, {4, 1, "AND \tR"}, {8, 3, "NOT \tR"}});
+        PutAll(layout, "3,1 CNT \tC,3,2,1; 4,1 AND \tR; 8,3 NOT \tR");
         layout.ClearJournal();
         const QString before = Dump(layout);
         messenger.Reset(c.Answers);
@@ -144,16 +113,15 @@ TEST_F(GridEditTest, ReplaceRefusesACopyTallerThanTheRoomBelow)
     for (const auto& c : cases) {
         SCOPED_TRACE(c.Name);
         CPanelGrid layout(messenger);
-        PutAll(layout, {{2, 5, "CNT \tC,3"}, {2, 7, "AND \tR"}, {2, 37, "CNT \tC,3,2"}});
+        PutAll(layout, "2,5 CNT \tC,3; 2,7 AND \tR; 2,37 CNT \tC,3,2");
         const QString before = Dump(layout);
         messenger.Reset();
         EXPECT_EQ(layout.ReplaceCell(2, c.Row, Cell(c.Replacement)), c.Fits);
+        EXPECT_EQ(messenger.Texts, Said(c.Fits ? 0 : Ids::MsgCantChangeSize));
         if (!c.Fits) {
-            EXPECT_EQ(messenger.Texts, QStringList{Text(Ids::MsgCantChangeSize)});
             EXPECT_EQ(Dump(layout), before);
             continue;
         }
-        EXPECT_TRUE(messenger.Texts.isEmpty());
         EXPECT_EQ(LineAt(layout, 2, c.Row == 5 ? 5 : 37), c.Replacement);
         EXPECT_EQ(layout.GetUseCount(CounterType), 2);
         EXPECT_EQ(layout.GetLastOperation(), CPanelGrid::OpReplace);
@@ -163,20 +131,9 @@ TEST_F(GridEditTest, ReplaceRefusesACopyTallerThanTheRoomBelow)
     EXPECT_FALSE(grid.ReplaceCell(5, 5, Cell("CNT \tC,3"))); // nothing there
 }
 
-TEST_F(GridEditTest, ReplacingTheDisplayRefreshesTheDecoders)
-{
-    ASSERT_TRUE(grid.Place(-2, 1, Cell("7SEG\t;7SEG_B")));
-    grid.RefreshDecoders();
-    ASSERT_TRUE(grid.Place(1, 1, Cell("7S_D\t0")));
-    ASSERT_EQ(grid.GetCell(1, 1)->GetPanel()->GetMode(), 1);
-    ASSERT_TRUE(grid.ReplaceCell(-2, 1, Cell("7SEG\t;7SEG_S")));
-    EXPECT_EQ(grid.GetDecoderVariant(), 3);
-    EXPECT_EQ(grid.GetCell(1, 1)->GetPanel()->GetMode(), 3);
-}
-
 TEST_F(GridEditTest, EditCellReplacesOnOkIfItStillFitsAndKeepsAllOnCancel)
 {
-    PutAll(grid, {{2, 5, "CNT \tC,3"}, {2, 8, "AND \tR"}});
+    PutAll(grid, "2,5 CNT \tC,3; 2,8 AND \tR");
     const QString before = Dump(grid);
     CFakeEditor editor;
     editor.Ok = false;
@@ -187,7 +144,7 @@ TEST_F(GridEditTest, EditCellReplacesOnOkIfItStillFitsAndKeepsAllOnCancel)
     editor.Ok = true;
     editor.Tokens = {"CNT", "H", "9", "8", "7", "6"};
     EXPECT_FALSE(grid.EditCell(2, 5, editor)); // would cover the gate
-    EXPECT_EQ(messenger.Texts, QStringList{Text(Ids::MsgCantChangeSize)});
+    EXPECT_EQ(messenger.Texts, Said(Ids::MsgCantChangeSize));
     EXPECT_EQ(Dump(grid), before);
 
     editor.Tokens = {"CNT", "H", "9", "8"};

@@ -47,24 +47,21 @@ TEST_F(GridShiftTest, VerticalShiftRefusesAMultiRowPanelOnTheLostEdge)
 {
     const struct
     {
-        const char* Name;
-        CPut Panel;
+        const char *Name, *Panel;
         bool (CPanelGrid::*Shift)();
-    } cases[] = {
-        {"down, counter reaching row 40", {3, 38, "CNT \tC,3,2,1"}, &CPanelGrid::ShiftDown},
-        {"down, input panel reaching row 40", {-1, 39, "UARI\tC,5,4"}, &CPanelGrid::ShiftDown},
-        {"up, counter starting in row 1", {3, 1, "CNT \tC,3,2,1"}, &CPanelGrid::ShiftUp},
-        {"up, two-row counter in row 1", {3, 1, "CNT \tC,3,2"}, &CPanelGrid::ShiftUp},
-    };
+    } cases[] = {{"down, counter reaching row 40", "3,38 CNT \tC,3,2,1", &CPanelGrid::ShiftDown},
+                 {"down, input panel reaching row 40", "-1,39 UARI\tC,5,4", &CPanelGrid::ShiftDown},
+                 {"up, counter starting in row 1", "3,1 CNT \tC,3,2,1", &CPanelGrid::ShiftUp},
+                 {"up, two-row counter in row 1", "3,1 CNT \tC,3,2", &CPanelGrid::ShiftUp}};
     for (const auto& c : cases) {
         SCOPED_TRACE(c.Name);
         messenger.Reset();
         CPanelGrid layout(messenger);
-        PutAll(layout, {c.Panel, {5, 5, "AND \tR"}});
+        PutAll(layout, QString(c.Panel) + "; 5,5 AND \tR");
         const QString before = Dump(layout);
         EXPECT_FALSE((layout.*c.Shift)());
         EXPECT_EQ(Dump(layout), before);
-        EXPECT_EQ(messenger.Texts, QStringList{Text(Ids::MsgCantShift)});
+        EXPECT_EQ(messenger.Texts, Said(Ids::MsgCantShift));
         // The refused shift did not commit the step before it.
         ASSERT_TRUE(layout.CanUndo());
         layout.Undo();

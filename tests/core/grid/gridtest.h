@@ -38,18 +38,31 @@ inline QString Text(int id)
 {
     return CStringTable::Get(id);
 }
-
-// A panel and where it goes.
-struct CPut
+// The text of a message as a list, none for 0.
+inline QStringList Said(int id)
 {
-    int Column, Row;
-    const char* Line;
-};
+    return id ? QStringList{Text(id)} : QStringList{};
+}
 
-inline void PutAll(CPanelGrid& grid, const QList<CPut>& panels)
+// Places a panel written the way Cells() lists it, "c,r LINE", and names it as a board's
+// palette would when " @Name" follows.
+inline bool Put(CPanelGrid& grid, const QString& put)
 {
-    for (const CPut& put : panels)
-        EXPECT_TRUE(grid.Place(put.Column, put.Row, Cell(put.Line))) << put.Line;
+    const QString pos = put.section(u' ', 0, 0), line = put.section(u' ', 1);
+    auto cell = Cell(line.section(QStringLiteral(" @"), 0, 0));
+    if (cell->GetPanel() && line.contains(QStringLiteral(" @")))
+        cell->GetPanel()->SetName(line.section(QStringLiteral(" @"), 1));
+    return grid.Place(pos.section(u',', 0, 0).toInt(), pos.section(u',', 1).toInt(),
+                      std::move(cell));
+}
+
+// Places panels listed as Cells() lists them, "c,r LINE; c,r LINE"; "+" is skipped.
+inline void PutAll(CPanelGrid& grid, const QString& panels)
+{
+    for (const QString& put : panels.split(QStringLiteral("; "), Qt::SkipEmptyParts))
+        if (!put.endsWith(QStringLiteral(" +"))) {
+            EXPECT_TRUE(Put(grid, put)) << put.toStdString();
+        }
 }
 
 // The line of the panel at a position, "+" for a continuation cell, "" when empty.
@@ -98,15 +111,8 @@ enum : int
 // shift of it succeeds.
 inline void FillSampleLayout(CPanelGrid& grid)
 {
-    PutAll(grid, {{-1, 1, "KEY \tH,P1"},
-                  {-1, 3, "UARI\tC,5,4"},
-                  {-2, 1, "LAMP\tH,P1"},
-                  {-2, 40, "LAMP\tL,P2"},
-                  {1, 2, "CNT \tC,3,2,1"},
-                  {2, 1, "AND \tR"},
-                  {16, 5, "SMOT\t1,10"},
-                  {5, 40, "JPI \t1,L"},
-                  {1, 10, "7S_B\t0"}});
+    PutAll(grid, "-1,1 KEY \tH,P1; -1,3 UARI\tC,5,4; -2,1 LAMP\tH,P1; -2,40 LAMP\tL,P2; "
+                 "1,2 CNT \tC,3,2,1; 2,1 AND \tR; 16,5 SMOT\t1,10; 5,40 JPI \t1,L; 1,10 7S_B\t0");
     grid.ClearJournal();
 }
 

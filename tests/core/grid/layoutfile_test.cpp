@@ -1,10 +1,6 @@
 #include "boardinfo.h"
+#include "gridtest.h"
 #include "layoutfile.h"
-#include "panelgrid.h"
-#include "core/panels/paneltest.h"
-#include "support/recordingmessenger.h"
-
-#include <gtest/gtest.h>
 
 #include <QDir>
 #include <QFile>
@@ -32,20 +28,13 @@ QString Fixture(const char* name)
     return QStringLiteral(QUILLON_TEST_DATA "/layouts/") + QString::fromLatin1(name);
 }
 
-const QString kNotLoaded = QStringLiteral("Some lines of the file were not loaded as they stand:\n");
+const QString kNotLoaded =
+    QStringLiteral("Some lines of the file were not loaded as they stand:\n");
 
-struct CLayoutFixture : testing::Test
+struct CLayoutFixture : GridFixture
 {
-    CRecordingMessenger messenger;
-    CPanelGrid grid{messenger};
     CLayoutFile file{nullptr, messenger};
     QTemporaryDir dir;
-
-    QString Line(int column, int row) const
-    {
-        const CPanelCell* cell = grid.GetCell(column, row);
-        return cell && cell->GetPanel() ? cell->GetPanel()->GetLine() : QString();
-    }
 
     QString Path(const char* name) const { return dir.filePath(QString::fromLatin1(name)); }
 };
@@ -69,8 +58,7 @@ TEST_F(CLayoutFixture, RecordsForTopCellsOnlyAndEmptyGridWritesTheFrame)
 {
     const QByteArray head = "; Quillon\r\n; PANEL LOCATION\r\n;\r\nINPUT\r\n;\r\nPROCESS\r\n";
     EXPECT_EQ(CLayoutFile::Write(grid), head + ";\r\nOUTPUT\r\n");
-    grid.Place(1, 5, std::make_unique<CPanelCell>("CNT\tC,3,2,1"));
-    grid.Place(16, 12, std::make_unique<CPanelCell>("AND\tR"));
+    PutAll(grid, "1,5 CNT\tC,3,2,1; 16,12 AND\tR");
     EXPECT_EQ(CLayoutFile::Write(grid),
               head + "0105:CNT \tC,3,2,1\r\n1612:AND \tR\r\n;\r\nOUTPUT\r\n");
 }
@@ -79,43 +67,38 @@ TEST_F(CLayoutFixture, ReadingNamesEveryLineItLeavesOutInOneMessage)
 {
     file.Read(grid, ";INPUT\n"
                     "  I_03:SW\tH,P1  \n"
-                    "I_00:SW\tH,P2\n"      // row 0
-                    "0000:AND\tR\n"        // column 0
-                    "9912:AND\tR\n"        // column 99 is off the grid
-                    "0212:\n"              // empty record
-                    "O_1\n"                // too short
-                    "O_02:BOGUS\tX\n"      // unknown keyword
+                    "I_00:SW\tH,P2\n" // row 0
+                    "0000:AND\tR\n"   // column 0
+                    "9912:AND\tR\n"   // column 99 is off the grid
+                    "0212:\n"         // empty record
+                    "O_1\n"           // too short
+                    "O_02:BOGUS\tX\n" // unknown keyword
                     "0103:OR\tD\r\n"
                     "OUTPUT\n"
-                    "I_04:LAMP\tH,P3\n"    // the prefix decides the column, not the heading
-                    "0104:AND\tX\n"        // a gate of no kind stays, but is named
+                    "I_04:LAMP\tH,P3\n" // the prefix decides the column, not the heading
+                    "0104:AND\tX\n"     // a gate of no kind stays, but is named
                     "0105:LINE\tQQ\n"
-                    "0138:CNT\tC,3,2,1\n"  // rows 38-40
-                    "0139:AND\tR\n"        // covered by the counter
-                    "0239:CNT\tC,3,2,1\n"  // would reach row 41
+                    "0138:CNT\tC,3,2,1\n" // rows 38-40
+                    "0139:AND\tR\n"       // covered by the counter
+                    "0239:CNT\tC,3,2,1\n" // would reach row 41
                     "0203:AND\tR\n"
                     "0201:CNT\tC,3,2,1\n"); // would cover the gate
-    EXPECT_EQ(Line(-1, 3), "SW  \tH,P1");
-    EXPECT_EQ(Line(1, 3), "OR  \tD");
-    EXPECT_EQ(Line(-1, 4), "LAMP\tH,P3");
-    EXPECT_EQ(Line(1, 4), "AND \tX");
-    EXPECT_NE(grid.GetCell(1, 5), nullptr);
-    EXPECT_EQ(grid.GetCell(-2, 2), nullptr);
-    EXPECT_EQ(grid.GetCell(2, 12), nullptr);
-    EXPECT_EQ(Line(2, 1), "");
+    EXPECT_EQ(Cells(grid), "-1,3 SW  \tH,P1; -1,4 LAMP\tH,P3; 1,3 OR  \tD; 1,4 AND \tX; "
+                           "1,5 LINE\tQQ; 1,38 CNT \tC,3,2,1; 1,39 +; 1,40 +; 2,3 AND \tR");
     const QString unknown = QStringLiteral(
         "the kind of this gate or wire is unknown; it is placed, and the check names it.\n");
-    EXPECT_EQ(messenger.Texts,
-              QStringList{kNotLoaded + "Line 3: there is no such position.\n"
-                                       "Line 4: there is no such position.\n"
-                                       "Line 5: there is no such position.\n"
-                                       "Line 6: it is no panel record.\n"
-                                       "Line 7: it is no panel record.\n"
-                                       "Line 8: there is no panel \"BOGUS\".\n"
-                                       "Line 12: " + unknown + "Line 13: " + unknown +
-                          "Line 15: line 14 already put a panel there.\n"
-                          "Line 16: the panel reaches below the last row.\n"
-                          "Line 18: the panel would cover another panel."});
+    EXPECT_EQ(messenger.Texts, QStringList{kNotLoaded +
+                                           "Line 3: there is no such position.\n"
+                                           "Line 4: there is no such position.\n"
+                                           "Line 5: there is no such position.\n"
+                                           "Line 6: it is no panel record.\n"
+                                           "Line 7: it is no panel record.\n"
+                                           "Line 8: there is no panel \"BOGUS\".\n"
+                                           "Line 12: " +
+                                           unknown + "Line 13: " + unknown +
+                                           "Line 15: line 14 already put a panel there.\n"
+                                           "Line 16: the panel reaches below the last row.\n"
+                                           "Line 18: the panel would cover another panel."});
 }
 
 TEST_F(CLayoutFixture, DuplicateRecordsAreNamedOnceWithoutAQuestion)
@@ -125,8 +108,7 @@ TEST_F(CLayoutFixture, DuplicateRecordsAreNamedOnceWithoutAQuestion)
     for (int i = 0; i < 30; ++i)
         text += "0101:DLY\t2.00S\n";
     file.Read(grid, text + "I_01:KEY\tH,P2\n");
-    EXPECT_TRUE(Line(1, 1).endsWith("1.00S"));
-    EXPECT_TRUE(Line(-1, 1).endsWith("P1"));
+    EXPECT_EQ(Cells(grid), "-1,1 KEY \tH,P1; 1,1 DLY \t1.00S");
     ASSERT_EQ(messenger.Texts.size(), 1);
     const QStringList lines = messenger.Texts[0].split(u'\n');
     // The first twenty faults by line, then how many more.
@@ -145,8 +127,7 @@ TEST_F(CLayoutFixture, CarriageReturnLineFeedAndLineFeedAndCarriageReturnAllEndA
         ASSERT_TRUE(WriteAll(Path("ends.loc"), "; Quillon" + end + "I_01:KEY\tH,P1" + end +
                                                    "0101:AND\tR" + end + "0199:AND\tR" + end));
         ASSERT_TRUE(file.Load(grid, Path("ends.loc"))) << file.ErrorString().toStdString();
-        EXPECT_EQ(Line(-1, 1), "KEY \tH,P1");
-        EXPECT_EQ(Line(1, 1), "AND \tR");
+        EXPECT_EQ(Cells(grid), "-1,1 KEY \tH,P1; 1,1 AND \tR");
         EXPECT_EQ(messenger.Texts, QStringList{kNotLoaded + "Line 4: there is no such position."});
     }
 }
@@ -164,13 +145,12 @@ TEST_F(CLayoutFixture, CapacityIsAnnouncedOnceAfterTheWholeFileAboveOneThousandO
         messenger.Texts.clear();
         grid.ClearAll();
         // A panel already there of weight 0 or 1, and 100 read of weight 10.
-        auto first = std::make_unique<CPanelCell>("KEY\tH,P1");
+        auto first = Cell("KEY\tH,P1");
         first->GetPanel()->SetWeight(before);
         ASSERT_TRUE(grid.Place(-1, 1, std::move(first)));
         file.Read(grid, text);
         EXPECT_EQ(grid.GetWeightedTotal(), 1000 + before);
-        EXPECT_EQ(messenger.Texts,
-                  before ? QStringList{"The number of panels larger than limit."} : QStringList{});
+        EXPECT_EQ(messenger.Texts, Said(before ? Ids::MsgOverLimit : 0));
         EXPECT_TRUE(grid.GetLimitFlag());
         EXPECT_FALSE(grid.CanUndo()); // loading is no step to undo
     }
@@ -198,7 +178,7 @@ TEST_F(CLayoutFixture, FilesThatAreNoLayoutAreRefused)
 
 TEST_F(CLayoutFixture, FailedSaveSaysWhichFileAndWhyAndWritesNothing)
 {
-    grid.Place(1, 1, std::make_unique<CPanelCell>("AND\tR"));
+    PutAll(grid, "1,1 AND\tR");
     const QString missing = Path("no/such/folder/x.loc");
     EXPECT_FALSE(file.Save(grid, missing));
     EXPECT_EQ(messenger.Texts, QStringList{"Error occured. It was not saved.\n" + missing +
@@ -219,7 +199,7 @@ TEST_F(CLayoutFixture, FailedSaveSaysWhichFileAndWhyAndWritesNothing)
 
 TEST_F(CLayoutFixture, SavingKeepsLinksAndFallsBackToWritingInPlace)
 {
-    grid.Place(1, 1, std::make_unique<CPanelCell>("AND\tR"));
+    PutAll(grid, "1,1 AND\tR");
     const QByteArray bytes = CLayoutFile::Write(grid);
     // A hard link and a symbolic link still share the file after the save, and a file
     // replaced whole keeps who may read it.
@@ -245,7 +225,7 @@ TEST_F(CLayoutFixture, SavingKeepsLinksAndFallsBackToWritingInPlace)
     ASSERT_TRUE(file.Save(grid, Path("b.loc")));
     EXPECT_FALSE(QFileInfo::exists(Path(".b.loc.saving")));
     ASSERT_TRUE(QDir(dir.path()).mkdir(".b.loc.saving"));
-    grid.Place(2, 1, std::make_unique<CPanelCell>("OR\tR"));
+    PutAll(grid, "2,1 OR\tR");
     ASSERT_TRUE(file.Save(grid, Path("b.loc")));
     EXPECT_EQ(ReadAll(Path("b.loc")), CLayoutFile::Write(grid));
     EXPECT_EQ(messenger.Texts, QStringList());

@@ -8,8 +8,7 @@ using GridTest = GridFixture;
 
 TEST_F(GridTest, PositionsOutsideTheGridHoldNothing)
 {
-    for (int c : {-1, -2, 1, 16})
-        EXPECT_TRUE(grid.Place(c, 40, Cell("LAMP\tH,P1"))) << c;
+    PutAll(grid, "-1,40 LAMP\tH,P1; -2,40 LAMP\tH,P1; 1,40 LAMP\tH,P1; 16,40 LAMP\tH,P1");
     EXPECT_NE(grid.GetCell(-1, 40), grid.GetCell(1, 40)); // side columns are no process columns
     EXPECT_NE(grid.GetCell(-2, 40), grid.GetCell(16, 40));
     const CGridPos outside[] = {{17, 1}, {1, 41}, {0, 1}, {1, 0}, {-3, 1}, {-1, 41}};
@@ -36,45 +35,23 @@ TEST_F(GridTest, TopAndBottomOfAMultiRowPanelFromAnyOfItsRows)
     EXPECT_EQ(grid.TopOf(3, 14), (CGridPos{3, 14}));
 }
 
-TEST_F(GridTest, TallPanelMustEndWithinTheLastRow)
-{
-    const struct
-    {
-        const char* Line;
-        int Row;
-        bool Fits;
-    } cases[] = {{"CNT \tC,3,2,1", 38, true},
-                 {"CNT \tC,3,2,1", 39, false},
-                 {"SMOT\t1,10", 37, true},
-                 {"SMOT\t1,10", 38, false}};
-    for (const auto& c : cases) {
-        CPanelGrid fresh(messenger);
-        EXPECT_EQ(fresh.Place(1, c.Row, Cell(c.Line)), c.Fits) << c.Line << " at " << c.Row;
-        EXPECT_EQ(LineAt(fresh, 1, c.Row + 1), c.Fits ? "+" : "");
-        EXPECT_EQ(fresh.GetWeightedTotal(), c.Fits ? 10 : 0);
-    }
-    EXPECT_TRUE(messenger.Texts.isEmpty());
-}
-
 TEST_F(GridTest, UseLimitRefusesSilentlyAlsoWhileLoadingAndFreesOnRemove)
 {
     const struct
     {
         const char* Name;
-        QHash<int, int> Limits;
+        int Type, Limit;
         bool LimitFlag;
         int Placed;
-    } cases[] = {
-        {"limit 2", {{LampType, 2}}, true, 2},
-        {"limit 2 while loading", {{LampType, 2}}, false, 2},
-        {"limit 0", {{LampType, 0}}, true, 0},
-        {"-1 is no limit", {{LampType, -1}}, true, 5},
-        {"no entry is no limit", {{CounterType, 1}}, true, 5},
-    };
+    } cases[] = {{"limit 2", LampType, 2, true, 2},
+                 {"limit 2 loading", LampType, 2, false, 2},
+                 {"limit 0", LampType, 0, true, 0},
+                 {"-1 is no limit", LampType, -1, true, 5},
+                 {"no entry is no limit", CounterType, 1, true, 5}};
     for (const auto& c : cases) {
         SCOPED_TRACE(c.Name);
         CPanelGrid fresh(messenger);
-        fresh.SetUseLimits(c.Limits);
+        fresh.SetUseLimits({{c.Type, c.Limit}});
         fresh.SetLimitFlag(c.LimitFlag);
         int placed = 0;
         for (int r = 1; r <= 5; ++r)
@@ -95,8 +72,7 @@ TEST_F(GridTest, CapacityMessageOnlyAboveOneThousand)
     const struct
     {
         int Weight;
-        bool LimitFlag;
-        bool Message;
+        bool LimitFlag, Message;
     } cases[] = {{990, true, false}, {991, true, true}, {991, false, false}};
     for (const auto& c : cases) {
         SCOPED_TRACE(c.Weight);
@@ -108,91 +84,51 @@ TEST_F(GridTest, CapacityMessageOnlyAboveOneThousand)
         ASSERT_TRUE(fresh.Place(3, 3, std::move(heavy)));
         EXPECT_TRUE(fresh.Place(-2, 1, Cell("LAMP\tH,P1"))); // placed even over the limit
         EXPECT_EQ(fresh.GetWeightedTotal(), c.Weight + 10);
-        EXPECT_EQ(messenger.Texts,
-                  c.Message ? QStringList{Text(Ids::MsgOverLimit)} : QStringList{});
+        EXPECT_EQ(messenger.Texts, Said(c.Message ? Ids::MsgOverLimit : 0));
     }
 }
 
 // Only the panel at the target is replaced, asking first when it is complete; a taller panel
-// whose lower rows would meet another panel is refused.
+// whose lower rows would meet another panel or leave the grid is refused.
 TEST_F(GridTest, PlacingOverPanels)
 {
     const struct
     {
-        const char* Name;
-        QList<CPut> Existing;
-        CPut New;
+        const char *Name, *Existing, *New;
         EAnswer Answer;
-        bool Asked;
-        bool Placed;
+        bool Asked, Placed;
         const char* After;
     } cases[] = {
-        {"complete, OK replaces",
-         {{-2, 4, "LAMP\tH,P1"}},
-         {-2, 4, "LAMP\tL,P9"},
-         EAnswer::Ok,
-         true,
-         true,
+        {"complete, OK replaces", "-2,4 LAMP\tH,P1", "-2,4 LAMP\tL,P9", EAnswer::Ok, true, true,
          "-2,4 LAMP\tL,P9 #10083=1 total=10"},
-        {"complete, Cancel keeps",
-         {{-2, 4, "LAMP\tH,P1"}},
-         {-2, 4, "LAMP\tL,P9"},
-         EAnswer::Cancel,
-         true,
-         false,
-         "-2,4 LAMP\tH,P1 #10083=1 total=10"},
-        {"incomplete is replaced unasked",
-         {{-2, 4, "LAMP\tH"}},
-         {-2, 4, "LAMP\tL,P9"},
-         EAnswer::Cancel,
-         false,
-         true,
-         "-2,4 LAMP\tL,P9 #10083=1 total=10"},
-        {"tall over a taller complete panel asks first",
-         {{2, 1, "SMOT\t1,10"}},
-         {2, 1, "CNT \tC,3,2,1"},
-         EAnswer::Ok,
-         true,
-         true,
-         "2,1 CNT \tC,3,2,1; 2,2 +; 2,3 + #10026=1 total=10"},
-        {"tall over a complete panel as tall, Cancel keeps",
-         {{2, 1, "CNT \tH,9,8,7"}},
-         {2, 1, "CNT \tC,3,2,1"},
-         EAnswer::Cancel,
-         true,
-         false,
-         "2,1 CNT \tH,9,8,7; 2,2 +; 2,3 + #10026=1 total=10"},
-        {"on a continuation replaces the whole panel above",
-         {{1, 2, "CNT \tC,3,2,1"}},
-         {1, 3, "AND \tR"},
-         EAnswer::Ok,
-         true,
-         true,
-         "1,3 AND \tR #10012=1 total=10"},
-        {"tall panel meeting a panel below",
-         {{1, 5, "AND \tR"}},
-         {1, 3, "CNT \tC,3,2,1"},
-         EAnswer::Ok,
-         false,
-         false,
-         "1,5 AND \tR #10012=1 total=10"},
-        {"tall panel replacing one meeting a panel below",
-         {{1, 4, "AND \tD"}, {1, 5, "AND \tR"}},
-         {1, 4, "CNT \tC,3,2,1"},
-         EAnswer::Ok,
-         false,
-         false,
+        {"complete, Cancel keeps", "-2,4 LAMP\tH,P1", "-2,4 LAMP\tL,P9", EAnswer::Cancel, true,
+         false, "-2,4 LAMP\tH,P1 #10083=1 total=10"},
+        {"incomplete is replaced unasked", "-2,4 LAMP\tH", "-2,4 LAMP\tL,P9", EAnswer::Cancel,
+         false, true, "-2,4 LAMP\tL,P9 #10083=1 total=10"},
+        {"tall over a taller complete panel asks first", "2,1 SMOT\t1,10", "2,1 CNT \tC,3,2,1",
+         EAnswer::Ok, true, true, "2,1 CNT \tC,3,2,1; 2,2 +; 2,3 + #10026=1 total=10"},
+        {"tall over one as tall, Cancel keeps", "2,1 CNT \tH,9,8,7", "2,1 CNT \tC,3,2,1",
+         EAnswer::Cancel, true, false, "2,1 CNT \tH,9,8,7; 2,2 +; 2,3 + #10026=1 total=10"},
+        {"on a continuation replaces the whole panel above", "1,2 CNT \tC,3,2,1", "1,3 AND \tR",
+         EAnswer::Ok, true, true, "1,3 AND \tR #10012=1 total=10"},
+        {"tall panel meeting a panel below", "1,5 AND \tR", "1,3 CNT \tC,3,2,1", EAnswer::Ok, false,
+         false, "1,5 AND \tR #10012=1 total=10"},
+        {"tall panel replacing one meeting a panel below", "1,4 AND \tD; 1,5 AND \tR",
+         "1,4 CNT \tC,3,2,1", EAnswer::Ok, false, false,
          "1,4 AND \tD; 1,5 AND \tR #10012=1 #10013=1 total=20"},
+        {"tall panel ending in the last row", "", "1,38 CNT \tC,3,2,1", EAnswer::Ok, false, true,
+         "1,38 CNT \tC,3,2,1; 1,39 +; 1,40 + #10026=1 total=10"},
+        {"tall panel past the last row", "", "1,39 CNT \tC,3,2,1", EAnswer::Ok, false, false,
+         "total=0"},
     };
     for (const auto& c : cases) {
         SCOPED_TRACE(c.Name);
         CPanelGrid fresh(messenger);
         PutAll(fresh, c.Existing);
         messenger.Reset({c.Answer});
-        EXPECT_EQ(fresh.Place(c.New.Column, c.New.Row, Cell(c.New.Line)), c.Placed);
+        EXPECT_EQ(Put(fresh, c.New), c.Placed);
         EXPECT_EQ(Dump(fresh), c.After);
-        EXPECT_EQ(messenger.Texts,
-                  c.Asked ? QStringList{Text(Ids::MsgReplacePanel)} : QStringList{});
+        EXPECT_EQ(messenger.Texts, Said(c.Asked ? Ids::MsgReplacePanel : 0));
         EXPECT_EQ(messenger.Buttons,
                   c.Asked ? QList<EButtons>{EButtons::OkCancel} : QList<EButtons>{});
     }
@@ -244,7 +180,7 @@ TEST_F(GridTest, UndoAfterEveryJournaledOperationRestoresTheGridExactly)
 
 TEST_F(GridTest, OnlyTheLastStepIsUndoneAndClearingMakesEverythingFinal)
 {
-    PutAll(grid, {{1, 1, "AND \tR"}, {16, 1, "AND \tD"}});
+    PutAll(grid, "1,1 AND \tR; 16,1 AND \tD");
     ASSERT_TRUE(grid.ShiftRight());
     const QString afterFirst = Dump(grid);
     ASSERT_TRUE(grid.ShiftRight());
@@ -271,40 +207,41 @@ TEST_F(GridTest, OnlyTheLastStepIsUndoneAndClearingMakesEverythingFinal)
 TEST_F(GridTest, FindDisplaySearchesSideColumnsThenProcessColumnByColumn)
 {
     EXPECT_EQ(grid.FindDisplay(), nullptr);
-    const CPut order[] = {{2, 1, "7SEG4"}, {1, 30, "7SEG\t;a"}, {-2, 40, "7SEG\t;b"}, {-1, 40, "7SEG4\t;c"}};
-    for (const CPut& put : order) {
-        ASSERT_TRUE(grid.Place(put.Column, put.Row, Cell(put.Line)));
-        EXPECT_EQ(grid.FindDisplay(), grid.GetCell(put.Column, put.Row)) << put.Line;
+    const std::pair<CGridPos, const char*> order[] = {
+        {{2, 1}, "7SEG4"}, {{1, 30}, "7SEG"}, {{-2, 40}, "7SEG"}, {{-1, 40}, "7SEG4"}};
+    for (const auto& [pos, line] : order) {
+        ASSERT_TRUE(grid.Place(pos.Column, pos.Row, Cell(line)));
+        EXPECT_EQ(grid.FindDisplay(), grid.GetCell(pos)) << pos.Column;
     }
 }
 
 TEST_F(GridTest, DecodersFollowTheFirstSevenSegmentDisplay)
 {
-    PutAll(grid, {{-2, 3, "7SEG\t;7SEG_D"}, {-2, 9, "7SEG\t;7SEG_B"}});
+    PutAll(grid, "-2,3 7SEG\t;7SEG_D; -2,9 7SEG\t;7SEG_B");
     EXPECT_EQ(grid.GetDecoderVariant(), 0);
     grid.RefreshDecoders();
     EXPECT_EQ(grid.GetDecoderVariant(), 2);
     // Inserted decoders take the variant; 7S4_S is refreshed but not given it when inserted.
-    const struct
-    {
-        const char* Line;
-        int OnInsert;
-    } decoders[] = {{"7S_\t0", 2},  {"7S4_\t0", 2},  {"7S_B\t0", 2},  {"7S_D\t0", 2},
-                    {"7S_S\t0", 2}, {"7S4_B\t0", 2}, {"7S4_D\t0", 2}, {"7S4_S\t0", 0}};
-    int column = 1;
-    for (const auto& d : decoders) {
-        ASSERT_TRUE(grid.Place(column, 1, Cell(d.Line)));
-        EXPECT_EQ(grid.GetCell(column++, 1)->GetPanel()->GetVariant(), d.OnInsert) << d.Line;
+    const char* const decoders[] = {"7S_\t0",  "7S4_\t0",  "7S_B\t0",  "7S_D\t0",
+                                    "7S_S\t0", "7S4_B\t0", "7S4_D\t0", "7S4_S\t0"};
+    int column = 0;
+    for (const char* line : decoders) {
+        ASSERT_TRUE(grid.Place(++column, 1, Cell(line)));
+        EXPECT_EQ(grid.GetCell(column, 1)->GetPanel()->GetVariant(), column < 8 ? 2 : 0) << line;
     }
     auto own = Cell("7S_D\t3"); // a decoder with a variant of its own keeps it
     own->GetPanel()->SetVariant(5);
     ASSERT_TRUE(grid.Place(1, 5, std::move(own)));
     EXPECT_EQ(grid.GetCell(1, 5)->GetPanel()->GetVariant(), 5);
 
+    // Replacing the display refreshes them too.
+    ASSERT_TRUE(grid.ReplaceCell(-2, 3, Cell("7SEG\t;7SEG_S")));
+    EXPECT_EQ(grid.GetDecoderVariant(), 3);
+    EXPECT_EQ(grid.GetCell(1, 1)->GetPanel()->GetMode(), 3);
     ASSERT_TRUE(grid.Place(-2, 3, Cell("7SEG\t;7SEG_B")));
     grid.RefreshDecoders();
     EXPECT_EQ(grid.GetDecoderVariant(), 1);
-    for (int c = 1; c < column; ++c)
+    for (int c = 1; c <= column; ++c)
         EXPECT_EQ(grid.GetCell(c, 1)->GetPanel()->GetMode(), 1) << c;
     // Without a display they fall back to variant 0.
     ASSERT_TRUE(grid.Remove(-2, 3));
@@ -316,11 +253,10 @@ TEST_F(GridTest, DecodersFollowTheFirstSevenSegmentDisplay)
 
 TEST_F(GridTest, RotateTurnsGatesAndJumpsOnlyAndIsNotUndoable)
 {
-    // Turned: 0: cannot turn
     const struct
     {
         const char* Line;
-        int Turned;
+        int Turned; // 0: cannot turn
         const char* TurnedLine;
     } cases[] = {{"AND \tR", 10013, "AND \tD"},
                  {"JPI \t1,L", 10033, "JPI \t1,U"},
@@ -354,7 +290,7 @@ TEST_F(GridTest, FillRepeatsIntoEmptyCellsUpToAPanelOrTheEdge)
     const struct
     {
         const char* Source;
-        QChar Direction;
+        char16_t Direction;
         int Column, Row, Limit;
         bool Fills;
         int Filled;
@@ -374,14 +310,11 @@ TEST_F(GridTest, FillRepeatsIntoEmptyCellsUpToAPanelOrTheEdge)
         {"", u'D', 3, 3, -1, false, 0},
     };
     for (const auto& c : cases) {
-        SCOPED_TRACE(QStringLiteral("%1 from %2,%3")
-                         .arg(c.Direction)
-                         .arg(c.Column)
-                         .arg(c.Row)
-                         .toStdString());
+        SCOPED_TRACE(testing::Message()
+                     << char(c.Direction) << " from " << c.Column << "," << c.Row);
         CPanelGrid fresh(messenger);
         fresh.SetUseLimits({{AndType, c.Limit}, {CounterType, c.Limit}});
-        PutAll(fresh, {{5, 8, "NOT \tR"}, {2, 5, "NOT \tR"}});
+        PutAll(fresh, "5,8 NOT \tR; 2,5 NOT \tR");
         if (*c.Source) {
             ASSERT_TRUE(fresh.Place(c.Column, c.Row, Cell(c.Source)));
         }
@@ -411,7 +344,7 @@ TEST_F(GridTest, FillCopiesTheSourceWarnsOnceOverCapacityAndUndoTakesBackTheLast
         EXPECT_EQ(copy->GetName(), "Gate");
     }
     EXPECT_EQ(grid.GetWeightedTotal(), 1600);
-    EXPECT_EQ(messenger.Texts, QStringList{Text(Ids::MsgOverLimit)});
+    EXPECT_EQ(messenger.Texts, Said(Ids::MsgOverLimit));
     grid.Undo();
     EXPECT_EQ(LineAt(grid, 1, 40), "");
     EXPECT_EQ(LineAt(grid, 1, 39), "AND \tR");
