@@ -10,7 +10,7 @@ namespace {
 
 class CQuitAfterPaint : public QObject
 {
-public:
+  public:
     bool eventFilter(QObject*, QEvent* event) override
     {
         if (event->type() == QEvent::Paint)

@@ -16,8 +16,8 @@ QString FullLayoutText()
         }
     }
     text += ";\r\nPROCESS\r\n";
-    static const char* const singles[] = {"AND \tR", "LINE\tLR", "DLY \t1.00S", "TIM1\tN,0.50S",
-                                          "T_FF", "JPI \t3,L", "JPO \t3,R", "OR  \tD"};
+    static const char* const singles[] = {"AND \tR", "LINE\tLR",  "DLY \t1.00S", "TIM1\tN,0.50S",
+                                          "T_FF",    "JPI \t3,L", "JPO \t3,R",   "OR  \tD"};
     for (int column = 1; column <= 16; ++column)
         for (int row = 1; row <= 40;) {
             const QString at = two(column) + two(row) + ":";
@@ -44,4 +44,3 @@ QString FullLayoutText()
     }
     return text;
 }
-

@@ -3,11 +3,11 @@
 #include "bench/fulllayout.h"
 
 #include "boardinfo.h"
-#include "messenger.h"
 #include "layoutfile.h"
+#include "layoutgeometry.h"
 #include "layoutpainter.h"
 #include "layoutpaintoptions.h"
-#include "layoutgeometry.h"
+#include "messenger.h"
 #include "panelgrid.h"
 
 #include <QDir>
@@ -35,7 +35,8 @@ double MedianStartMs(const QString& program, const QStringList& args, int runs)
         QProcess process;
         QProcessEnvironment env = QProcessEnvironment::systemEnvironment();
         env.insert("QT_QPA_PLATFORM", "offscreen");
-        env.insert("XDG_CONFIG_HOME", QDir::tempPath() + "/quillon-bench-profile"); // no user's profile
+        env.insert("XDG_CONFIG_HOME",
+                   QDir::tempPath() + "/quillon-bench-profile"); // no user's profile
         process.setProcessEnvironment(env);
         QElapsedTimer timer;
         timer.start();
@@ -78,12 +79,14 @@ int main(int argc, char* argv[])
     const double bare = MedianStartMs(bin + "/quillon-barewindow", {}, 7);
     // The editor on the example a user starts with (a full layout would stop at the
     // capacity message first).
-    const double editor = MedianStartMs(bin + "/quillon",
-                                        {QStringLiteral(QUILLON_EXAMPLES "/pushbutton-lamp.loc"), "-eng",
-                                         "--quit-after-paint"}, 7);
+    const double editor = MedianStartMs(
+        bin + "/quillon",
+        {QStringLiteral(QUILLON_EXAMPLES "/pushbutton-lamp.loc"), "-eng", "--quit-after-paint"}, 7);
 
-    std::printf("full-grid repaint at 1x: median %.2f ms  (goal < 5 ms)\n", paints[paints.size() / 2]);
+    std::printf("full-grid repaint at 1x: median %.2f ms  (goal < 5 ms)\n",
+                paints[paints.size() / 2]);
     std::printf("start to first paint: editor on the example %.0f ms, bare Qt window %.0f ms, "
-                "%.2f times  (goal <= 1.5)\n", editor, bare, editor / bare);
+                "%.2f times  (goal <= 1.5)\n",
+                editor, bare, editor / bare);
     return 0;
 }

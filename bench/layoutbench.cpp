@@ -4,9 +4,9 @@
 #include "bench/fulllayout.h"
 
 #include "boardinfo.h"
-#include "messenger.h"
 #include "layoutcheck.h"
 #include "layoutfile.h"
+#include "messenger.h"
 #include "panelgrid.h"
 
 #include <QElapsedTimer>
@@ -88,6 +88,7 @@ int main()
     std::printf("check  median %8.1f us  (goal < 1000 us)\n", check);
     std::printf("save   median %8.1f us  (goal < 1000 us; atomic, flushed to disk)\n", save);
     std::printf("  of which writing the text %8.1f us\n", write);
-    std::printf("loaded layout holds %.2f MB of heap  (goal < 4 MB)\n", double(held) / (1024.0 * 1024.0));
+    std::printf("loaded layout holds %.2f MB of heap  (goal < 4 MB)\n",
+                double(held) / (1024.0 * 1024.0));
     return 0;
 }

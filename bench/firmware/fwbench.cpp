@@ -29,7 +29,8 @@ std::string Quote(const std::string& text)
 double TimedRun(const fs::path& folder, const std::string& command)
 {
     const auto start = std::chrono::steady_clock::now();
-    const int status = std::system(("cd " + Quote(folder.string()) + " && " + command + " >/dev/null 2>&1").c_str());
+    const int status = std::system(
+        ("cd " + Quote(folder.string()) + " && " + command + " >/dev/null 2>&1").c_str());
     const auto end = std::chrono::steady_clock::now();
     return status == 0 ? std::chrono::duration<double, std::milli>(end - start).count() : -1.0;
 }
@@ -50,7 +51,9 @@ struct CSizes
 CSizes SizesOf(const fs::path& elf)
 {
     CSizes sizes;
-    FILE* pipe = popen((std::string(FWBENCH_AVR_SIZE) + " -A " + Quote(elf.string()) + " 2>/dev/null").c_str(), "r");
+    FILE* pipe = popen(
+        (std::string(FWBENCH_AVR_SIZE) + " -A " + Quote(elf.string()) + " 2>/dev/null").c_str(),
+        "r");
     if (!pipe)
         return sizes;
     std::map<std::string, long> sections;
@@ -81,7 +84,8 @@ fs::path BuildWithCli(const fs::path& layout, const fs::path& folder)
     const fs::path copy = folder / layout.filename();
     fs::copy_file(layout, copy, fs::copy_options::overwrite_existing);
     const std::string command = Quote(FWBENCH_CLI) + " build " + Quote(copy.string()) + " --work " +
-                                Quote((folder / "work").string()) + " --board " + Quote(FWBENCH_BOARD);
+                                Quote((folder / "work").string()) + " --board " +
+                                Quote(FWBENCH_BOARD);
     if (TimedRun(folder, command) < 0)
         return fs::path();
     return folder / "work" / "BASE.elf";
@@ -117,7 +121,7 @@ uint8_t ReadTifr0(avr_t* avr, avr_io_addr_t addr, void* param)
 
 bool MeasureScan(const fs::path& elf, CScanProbe& probe)
 {
-    elf_firmware_t firmware {};
+    elf_firmware_t firmware{};
     if (elf_read_firmware(elf.c_str(), &firmware) != 0)
         return false;
     avr_t* avr = avr_make_mcu_by_name("atmega328p");
@@ -128,8 +132,8 @@ bool MeasureScan(const fs::path& elf, CScanProbe& probe)
     avr->log = 0;
     avr_load_firmware(avr, &firmware);
     avr_register_io_read(avr, 0x35 /* TIFR0 in data space */, ReadTifr0, &probe);
-    const avr_cycle_count_t warmUp = 16000000 / 5;   // 200 ms: the LCD start-up
-    const avr_cycle_count_t window = 16000000;       // then 1 s of scans
+    const avr_cycle_count_t warmUp = 16000000 / 5; // 200 ms: the LCD start-up
+    const avr_cycle_count_t window = 16000000;     // then 1 s of scans
     while (avr->cycle < warmUp) {
         const int state = avr_run(avr);
         if (state == cpu_Done || state == cpu_Crashed)
@@ -161,7 +165,8 @@ int main()
     const fs::path work = folder / "full";
     fs::create_directories(work);
     fs::copy_file(FWBENCH_FULL_LAYOUT, work / "full.loc");
-    const std::string panelc = Quote(std::string(FWBENCH_BOARD) + "/quillon-panelc") + " full.loc -o . -w . -x 16 -y 40 -c1";
+    const std::string panelc = Quote(std::string(FWBENCH_BOARD) + "/quillon-panelc") +
+                               " full.loc -o . -w . -x 16 -y 40 -c1";
     const std::string gcc = Quote(FWBENCH_AVR_GCC) +
                             " -mmcu=atmega328p -Os -std=gnu11 -ffunction-sections -fdata-sections "
                             "-Wl,--gc-sections -o BASE.elf BASE.c PANEL.c";
@@ -177,7 +182,8 @@ int main()
 
     CScanProbe probe;
     if (MeasureScan(work / "BASE.elf", probe))
-        std::printf("scan period: longest %llu cycles (%.3f ms at 16 MHz), mean %.0f cycles over %ld scans; goal <= 16000\n",
+        std::printf("scan period: longest %llu cycles (%.3f ms at 16 MHz), mean %.0f cycles over "
+                    "%ld scans; goal <= 16000\n",
                     (unsigned long long)probe.Longest, double(probe.Longest) / 16000.0,
                     double(probe.Total) / double(probe.Scans), probe.Scans);
     else
@@ -185,10 +191,12 @@ int main()
 
     std::puts("\n== Examples, built with quillon-cli (flash and RAM as avr-size -C counts)");
     long blinkerFlash = -1;
-    for (const char* name : {"blinker", "traffic-light", "latch", "counter-display", "serial-lamp", "pushbutton-lamp"}) {
+    for (const char* name : {"blinker", "traffic-light", "latch", "counter-display", "serial-lamp",
+                             "pushbutton-lamp"}) {
         const fs::path exampleFolder = folder / name;
         fs::create_directories(exampleFolder);
-        const fs::path elf = BuildWithCli(fs::path(FWBENCH_EXAMPLES) / (std::string(name) + ".loc"), exampleFolder);
+        const fs::path elf =
+            BuildWithCli(fs::path(FWBENCH_EXAMPLES) / (std::string(name) + ".loc"), exampleFolder);
         const CSizes sizes = elf.empty() ? CSizes() : SizesOf(elf);
         std::printf("%-18s flash %5ld bytes   RAM %4ld bytes\n", name, sizes.Flash, sizes.Ram);
         if (std::string(name) == "blinker")
@@ -196,8 +204,10 @@ int main()
     }
 
     const CSizes hand = SizesOf(FWBENCH_HAND_ELF);
-    std::printf("\n== Blinker beside bench/firmware/blinker_hand.c\nlayout %ld bytes, by hand %ld bytes: %.2fx (goal <= 1.30x)\n",
-                blinkerFlash, hand.Flash, hand.Flash > 0 ? double(blinkerFlash) / double(hand.Flash) : 0.0);
+    std::printf("\n== Blinker beside bench/firmware/blinker_hand.c\nlayout %ld bytes, by hand %ld "
+                "bytes: %.2fx (goal <= 1.30x)\n",
+                blinkerFlash, hand.Flash,
+                hand.Flash > 0 ? double(blinkerFlash) / double(hand.Flash) : 0.0);
 
     std::error_code error;
     fs::remove_all(folder, error);

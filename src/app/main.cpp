@@ -2,12 +2,12 @@
 
 #include "boardchooser.h"
 #include "boardinfo.h"
+#include "layoutview.h"
+#include "mainframe.h"
 #include "messageboxmessenger.h"
+#include "paneldialogs.h"
 #include "settings.h"
 #include "startup.h"
-#include "mainframe.h"
-#include "layoutview.h"
-#include "paneldialogs.h"
 
 #include <QApplication>
 #include <QLocale>
@@ -19,7 +19,7 @@ namespace {
 // Ends the program after the first paint of the widget it watches.
 class CQuitAfterPaint : public QObject
 {
-public:
+  public:
     bool eventFilter(QObject* watched, QEvent* event) override
     {
         if (event->type() == QEvent::Paint)
@@ -42,7 +42,8 @@ int main(int argc, char* argv[])
     // "--screenshot FILE" saves a picture of the window once it has painted, then ends:
     // the documentation's screenshots are made this way, also headless (offscreen).
     QString screenshot;
-    if (const qsizetype at = arguments.indexOf(QStringLiteral("--screenshot")); at > 0 && at + 1 < arguments.size()) {
+    if (const qsizetype at = arguments.indexOf(QStringLiteral("--screenshot"));
+        at > 0 && at + 1 < arguments.size()) {
         screenshot = arguments[at + 1];
         arguments.remove(at, 2);
     }

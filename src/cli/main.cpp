@@ -2,17 +2,17 @@
 
 #include "boardchooser.h"
 #include "boardinfo.h"
-#include "settings.h"
 #include "buildfolders.h"
 #include "buildlog.h"
 #include "buildpipeline.h"
 #include "layoutcheck.h"
-#include "portfinder.h"
 #include "layoutfile.h"
 #include "panelgrid.h"
+#include "portfinder.h"
 #include "rendercommand.h"
-#include "stringtable.h"
+#include "settings.h"
 #include "stderrmessenger.h"
+#include "stringtable.h"
 
 #include <QCoreApplication>
 #include <QDir>
@@ -29,7 +29,12 @@
 
 namespace {
 
-enum { ExitOk = 0, ExitFaults = 1, ExitUsage = 2 };
+enum
+{
+    ExitOk = 0,
+    ExitFaults = 1,
+    ExitUsage = 2
+};
 
 QTextStream& Out()
 {
@@ -94,7 +99,8 @@ std::optional<CArguments> Parse(QStringList args)
             else if (arg == u"--scale")
                 parsed.Scale = CRenderCommand::ParseScale(value);
             else if (value == u"ja" || value == u"en")
-                CStringTable::SetLanguage(value == u"ja" ? ELanguage::Japanese : ELanguage::English);
+                CStringTable::SetLanguage(value == u"ja" ? ELanguage::Japanese
+                                                         : ELanguage::English);
             else
                 return std::nullopt;
         } else if (arg.startsWith(u"--")) {
@@ -111,9 +117,10 @@ std::optional<CArguments> Parse(QStringList args)
 // A layout loaded on a board, the way the editor loads it.
 class CSession
 {
-public:
+  public:
     CSession()
-        : m_profile(QString::fromLatin1(CSettings::kCompany), QString::fromLatin1(CSettings::kApplication)),
+        : m_profile(QString::fromLatin1(CSettings::kCompany),
+                    QString::fromLatin1(CSettings::kApplication)),
           m_settings(&m_profile, CSettings::IniPathIn(Programs())), m_grid(m_messenger)
     {
         m_settings.Load();
@@ -132,7 +139,9 @@ public:
             return false;
         }
         const QString programs = Programs();
-        if (!CBoardChooser(QDir(programs).filePath("TARGET"), m_messenger).Choose(m_settings, m_board).isEmpty())
+        if (!CBoardChooser(QDir(programs).filePath("TARGET"), m_messenger)
+                 .Choose(m_settings, m_board)
+                 .isEmpty())
             return true;
         Err() << "no board could be read under " << QDir(programs).filePath("TARGET") << "\n";
         return false;
@@ -148,16 +157,13 @@ public:
         return false;
     }
 
-    bool Save(const QString& path)
-    {
-        return CLayoutFile(&m_board, m_messenger).Save(m_grid, path);
-    }
+    bool Save(const QString& path) { return CLayoutFile(&m_board, m_messenger).Save(m_grid, path); }
 
     const CPanelGrid& Grid() const { return m_grid; }
     const CBoardInfo& Board() const { return m_board; }
     const CSettings& Settings() const { return m_settings; }
 
-private:
+  private:
     CStderrMessenger m_messenger;
     QSettings m_profile;
     CSettings m_settings;
@@ -168,7 +174,7 @@ private:
 // The build's log on stdout, each line as it comes.
 class CStdoutLog : public IBuildLog
 {
-public:
+  public:
     void Start(const QString& line) override { Append(line); }
     void Append(const QString& line) override
     {
@@ -181,10 +187,12 @@ public:
 
 int Build(const CSession& session, const CArguments& args)
 {
-    CBuildSettings build = CBuildSettings::From(session.Settings(), session.Board(), CSession::Programs());
+    CBuildSettings build =
+        CBuildSettings::From(session.Settings(), session.Board(), CSession::Programs());
     // The work folder given is where everything of the build goes, the compiler's output too.
     if (!args.Work.isEmpty())
-        build.WorkFolder = build.OutputFolder = CBuildFolders::WorkFolder(CSession::Programs(), args.Work);
+        build.WorkFolder = build.OutputFolder =
+            CBuildFolders::WorkFolder(CSession::Programs(), args.Work);
     if (!args.Port.isEmpty())
         build.Writer.Port = args.Port;
 

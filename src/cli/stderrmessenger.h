@@ -6,10 +6,10 @@
 // questions take the answer the run was given (OK unless told otherwise).
 class CStderrMessenger : public IMessenger
 {
-public:
+  public:
     explicit CStderrMessenger(EAnswer okCancel = EAnswer::Ok) : m_okCancel(okCancel) {}
     EAnswer Message(const QString& text, EButtons buttons, EIcon icon) override;
 
-private:
+  private:
     EAnswer m_okCancel;
 };

@@ -10,6 +10,6 @@ class QPainter;
 // blitted after that: a repaint of a full layout draws hundreds of them.
 class CPictureCache
 {
-public:
+  public:
     static void DrawImage(QPainter& painter, const QPointF& topLeft, const CPanelImage& image);
 };

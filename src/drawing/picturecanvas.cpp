@@ -3,8 +3,8 @@
 #include <QFont>
 #include <QFontMetricsF>
 #include <QHash>
-#include <QStaticText>
 #include <QPainter>
+#include <QStaticText>
 #include <QtMath>
 
 namespace {

@@ -27,9 +27,9 @@ constexpr char PortName[] = {'D', 'B', 'C'};
 constexpr std::uint16_t Ucsr0b = 0xc1;
 constexpr std::uint8_t Rxen0 = 1 << 4;
 
-constexpr int LcdRs = 8;  // PB0
-constexpr int LcdE = 9;   // PB1
-constexpr int LcdD4 = 4;  // PD4..PD7
+constexpr int LcdRs = 8; // PB0
+constexpr int LcdE = 9;  // PB1
+constexpr int LcdD4 = 4; // PD4..PD7
 
 constexpr std::uint64_t UartFrameCycles = CAvrSimulator::ClockHz * 10 / CAvrSimulator::UartBaud;
 constexpr int AdcReferenceMv = 5000;
@@ -59,8 +59,13 @@ bool ValidPin(int pin)
 
 class CAvrSimulator::CImpl
 {
-public:
-    enum class EInput { Floating, Low, High };
+  public:
+    enum class EInput
+    {
+        Floating,
+        Low,
+        High
+    };
 
     struct CPinHook
     {
@@ -104,7 +109,7 @@ public:
     // A floating pin gets the pull-up's level now, and the core's own pull-up later.
     void ApplyInputs(int port)
     {
-        avr_ioport_external_t external {};
+        avr_ioport_external_t external{};
         external.name = PortName[port];
         for (int pin = 0; pin < PinCount; ++pin) {
             const CPinPlace place = PlaceOf(pin);
@@ -197,10 +202,10 @@ public:
     std::string m_error;
     std::string m_log;
     std::array<CPinTrace, PinCount> m_traces;
-    std::array<EInput, PinCount> m_inputs {};
-    std::array<CPinHook, PinCount> m_pinHooks {};
-    std::array<avr_irq_t*, PinCount> m_pinIrq {};
-    std::array<avr_irq_t*, AnalogChannels> m_adcIrq {};
+    std::array<EInput, PinCount> m_inputs{};
+    std::array<CPinHook, PinCount> m_pinHooks{};
+    std::array<avr_irq_t*, PinCount> m_pinIrq{};
+    std::array<avr_irq_t*, AnalogChannels> m_adcIrq{};
     avr_irq_t* m_uartIn = nullptr;
     std::deque<std::uint8_t> m_uartQueue;
     bool m_uartArmed = false;
@@ -264,7 +269,8 @@ bool CAvrSimulator::CImpl::Load(const std::string& hexPath)
     bool fits = true;
     for (int i = 0; i < count; ++i) {
         // The core aborts on code that does not fit, so it is refused here.
-        if (std::uint64_t(chunks[i].baseaddr) + chunks[i].size > std::uint64_t(m_avr->flashend) + 1) {
+        if (std::uint64_t(chunks[i].baseaddr) + chunks[i].size >
+            std::uint64_t(m_avr->flashend) + 1) {
             fits = false;
             break;
         }
@@ -279,7 +285,8 @@ bool CAvrSimulator::CImpl::Load(const std::string& hexPath)
     for (int pin = 0; pin < PinCount; ++pin) {
         const CPinPlace place = PlaceOf(pin);
         m_pinHooks[pin] = {this, pin};
-        m_pinIrq[pin] = avr_io_getirq(m_avr, AVR_IOCTL_IOPORT_GETIRQ(PortName[place.Port]), place.Bit);
+        m_pinIrq[pin] =
+            avr_io_getirq(m_avr, AVR_IOCTL_IOPORT_GETIRQ(PortName[place.Port]), place.Bit);
         avr_irq_register_notify(
             m_pinIrq[pin],
             [](avr_irq_t*, std::uint32_t value, void* param) {
@@ -328,7 +335,8 @@ bool CAvrSimulator::CImpl::Run(std::uint64_t cycles)
             char where[96];
             std::snprintf(where, sizeof where, " at cycle %llu, PC 0x%04x",
                           static_cast<unsigned long long>(m_avr->cycle), unsigned(m_avr->pc));
-            return Fail(std::string(state == cpu_Done ? "the core stopped" : "the core crashed") + where);
+            return Fail(std::string(state == cpu_Done ? "the core stopped" : "the core crashed") +
+                        where);
         }
     }
     avr_cycle_timer_cancel(m_avr, &CImpl::Wake, this);
@@ -457,7 +465,8 @@ void CAvrSimulator::SetAnalogMillivolts(int channel, int millivolts)
 {
     if (channel < 0 || channel >= AnalogChannels || !m_impl->m_avr)
         return;
-    avr_raise_irq(m_impl->m_adcIrq[channel], std::uint32_t(std::clamp(millivolts, 0, AdcReferenceMv)));
+    avr_raise_irq(m_impl->m_adcIrq[channel],
+                  std::uint32_t(std::clamp(millivolts, 0, AdcReferenceMv)));
 }
 
 void CAvrSimulator::SetAnalogReading(int channel, int reading)

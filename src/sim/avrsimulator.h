@@ -14,7 +14,7 @@
 // Faults (a HEX file that does not read, a crashed core) are return values with Error().
 class CAvrSimulator
 {
-public:
+  public:
     static constexpr std::uint64_t ClockHz = 16000000;
     static constexpr std::uint64_t CyclesPerMs = ClockHz / 1000;
     static constexpr std::uint64_t CyclesPerUs = ClockHz / 1000000;
@@ -22,8 +22,14 @@ public:
     static constexpr int AnalogChannels = 8;
     static constexpr int UartBaud = 1200;
 
-    static constexpr std::uint64_t Ms(double ms) { return std::uint64_t(ms * double(CyclesPerMs) + 0.5); }
-    static constexpr std::uint64_t Us(double us) { return std::uint64_t(us * double(CyclesPerUs) + 0.5); }
+    static constexpr std::uint64_t Ms(double ms)
+    {
+        return std::uint64_t(ms * double(CyclesPerMs) + 0.5);
+    }
+    static constexpr std::uint64_t Us(double us)
+    {
+        return std::uint64_t(us * double(CyclesPerUs) + 0.5);
+    }
 
     CAvrSimulator();
     ~CAvrSimulator();
@@ -77,6 +83,6 @@ public:
 
     class CImpl;
 
-private:
+  private:
     std::unique_ptr<CImpl> m_impl;
 };

@@ -9,7 +9,7 @@
 // never reads the bus.
 class CHd44780
 {
-public:
+  public:
     CHd44780();
 
     // Called on each falling edge of E with the levels of RS and D4..D7 (bit 0 = D4).
@@ -23,12 +23,12 @@ public:
 
     static constexpr int Columns = 16;
 
-private:
+  private:
     void Instruction(std::uint8_t code);
     void Data(std::uint8_t value);
     void Step(bool forward);
 
-    std::array<char, 0x68> m_ddram {};
+    std::array<char, 0x68> m_ddram{};
     std::uint8_t m_address = 0;
     bool m_increment = true;
     bool m_fourBit = false;

@@ -13,8 +13,9 @@ void CPinTrace::Record(std::uint64_t cycle, bool high)
 bool CPinTrace::LevelAt(std::uint64_t cycle) const
 {
     // The last change at or before the cycle decides.
-    const auto after = std::upper_bound(m_changes.begin(), m_changes.end(), cycle,
-                                        [](std::uint64_t c, const CPinChange& change) { return c < change.Cycle; });
+    const auto after = std::upper_bound(
+        m_changes.begin(), m_changes.end(), cycle,
+        [](std::uint64_t c, const CPinChange& change) { return c < change.Cycle; });
     return after == m_changes.begin() ? false : std::prev(after)->High;
 }
 

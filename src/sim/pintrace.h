@@ -10,7 +10,7 @@
 // [from, to) in cycles; the pin is low before its first change.
 class CPinTrace
 {
-public:
+  public:
     // Ignored when the level does not change, so a repeated write is not an edge.
     void Record(std::uint64_t cycle, bool high);
 
@@ -27,7 +27,7 @@ public:
     // the given clock; 0 with fewer than two rising edges.
     double Frequency(std::uint64_t from, std::uint64_t to, double clockHz) const;
 
-private:
+  private:
     bool m_level = false;
     std::vector<CPinChange> m_changes;
 };

@@ -50,9 +50,9 @@ void q_lcd_begin(void)
         q_lcd_chars[i] = ' ';
 }
 
-void q_lcd_show(uint8_t line, const char *text)
+void q_lcd_show(uint8_t line, const char* text)
 {
-    uint8_t *chars = q_lcd_chars;
+    uint8_t* chars = q_lcd_chars;
     uint8_t count = 32;
     if (line) {
         chars += (uint8_t)((line - 1) * 16);
@@ -89,8 +89,7 @@ uint8_t q_seg[4];
 
 /* Segment patterns of 0-9 and A-F: bit 0 is a, bit 6 g, bit 7 the decimal point. */
 static const uint8_t q_seg_font[16] PROGMEM = {
-    0x3F, 0x06, 0x5B, 0x4F, 0x66, 0x6D, 0x7D, 0x07,
-    0x7F, 0x6F, 0x77, 0x7C, 0x39, 0x5E, 0x79, 0x71,
+    0x3F, 0x06, 0x5B, 0x4F, 0x66, 0x6D, 0x7D, 0x07, 0x7F, 0x6F, 0x77, 0x7C, 0x39, 0x5E, 0x79, 0x71,
 };
 
 #if Q_USE_SEG4

@@ -7,7 +7,7 @@ const uint8_t q_motor_two_phase[4] PROGMEM = {0x3, 0x6, 0xC, 0x9};
 const uint8_t q_motor_half_step[8] PROGMEM = {0x1, 0x3, 0x2, 0x6, 0x4, 0xC, 0x8, 0x9};
 
 /* The position is kept while the motor stands, so it goes on from where it stopped. */
-void q_motor(q_motor_t *m, q_bit run, q_bit backward, uint16_t speed, const uint8_t *steps,
+void q_motor(q_motor_t* m, q_bit run, q_bit backward, uint16_t speed, const uint8_t* steps,
              uint8_t count)
 {
     if (!run) {

@@ -60,7 +60,7 @@ void q_uart_send(uint8_t byte)
 #if Q_USE_WAVE_T1A || Q_USE_WAVE_T1B
 /* Timer 1 in fast PWM with ICR1 as top (mode 14). A new setting stops the timer and
  * starts it from 0, so a shorter top never lets the counter run past it. */
-static void q_wave_t1(uint8_t pin, uint8_t com, volatile uint16_t *ocr, uint8_t prescale,
+static void q_wave_t1(uint8_t pin, uint8_t com, volatile uint16_t* ocr, uint8_t prescale,
                       uint16_t top, uint16_t level)
 {
     static uint8_t lastPrescale = 0xFF;

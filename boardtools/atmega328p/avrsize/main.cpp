@@ -13,8 +13,19 @@
 
 namespace {
 
-enum { ExitFits = 0, ExitTooBig = 1, ExitUsage = 2 };
-enum { IdUsed = 61920, IdFlashFull = 61921, IdRamFull = 61922, IdNoElf = 61923 };
+enum
+{
+    ExitFits = 0,
+    ExitTooBig = 1,
+    ExitUsage = 2
+};
+enum
+{
+    IdUsed = 61920,
+    IdFlashFull = 61921,
+    IdRamFull = 61922,
+    IdNoElf = 61923
+};
 
 std::string Number(long n)
 {
@@ -44,7 +55,8 @@ int main(int argc, char** argv)
             elf.clear(), flash = -1;
     }
     if (elf.empty() || flash < 0 || ram < 0) {
-        std::fprintf(stderr, "usage: quillon-avrsize ELF --flash BYTES --ram BYTES [--stack BYTES] [--lang en|ja]\n");
+        std::fprintf(stderr, "usage: quillon-avrsize ELF --flash BYTES --ram BYTES [--stack BYTES] "
+                             "[--lang en|ja]\n");
         return ExitUsage;
     }
     const std::optional<CElfSizes> sizes = CElfSizes::Read(elf);
@@ -55,17 +67,20 @@ int main(int argc, char** argv)
     // Both faults are told at once, so a layout is not cut down twice.
     bool fits = true;
     if (sizes->Flash > flash) {
-        std::printf("%s\n", CSizeText::Format(IdFlashFull, {Number(sizes->Flash), Number(flash)}).c_str());
+        std::printf("%s\n",
+                    CSizeText::Format(IdFlashFull, {Number(sizes->Flash), Number(flash)}).c_str());
         fits = false;
     }
     if (sizes->Ram > ram - stack) {
-        std::printf("%s\n",
-                    CSizeText::Format(IdRamFull, {Number(sizes->Ram), Number(ram - stack), Number(stack)}).c_str());
+        std::printf("%s\n", CSizeText::Format(
+                                IdRamFull, {Number(sizes->Ram), Number(ram - stack), Number(stack)})
+                                .c_str());
         fits = false;
     }
     if (fits)
-        std::printf("%s\n", CSizeText::Format(IdUsed, {Number(sizes->Flash), Number(flash), Number(sizes->Ram),
-                                                       Number(ram), Number(stack)})
-                                .c_str());
+        std::printf("%s\n",
+                    CSizeText::Format(IdUsed, {Number(sizes->Flash), Number(flash),
+                                               Number(sizes->Ram), Number(ram), Number(stack)})
+                        .c_str());
     return fits ? ExitFits : ExitTooBig;
 }

@@ -33,7 +33,8 @@ std::string CSizeText::Format(int id, std::initializer_list<std::string> args)
     std::string text;
     auto arg = args.begin();
     for (std::size_t i = 0; i < pattern.size(); ++i) {
-        if (pattern[i] == '%' && i + 1 < pattern.size() && (pattern[i + 1] == 'd' || pattern[i + 1] == 's')) {
+        if (pattern[i] == '%' && i + 1 < pattern.size() &&
+            (pattern[i + 1] == 'd' || pattern[i + 1] == 's')) {
             text += arg != args.end() ? *arg++ : std::string();
             ++i;
         } else {

@@ -11,7 +11,13 @@ constexpr long kClockSources[] = {16000000L};
 constexpr int kRxd = 0, kTxd = 1;
 
 // Where a panel with a pin keeps its port.
-enum class EPortSource { None, Token1, Token2, FirstOfPalette };
+enum class EPortSource
+{
+    None,
+    Token1,
+    Token2,
+    FirstOfPalette
+};
 
 EPortSource SourceOf(const QString& keyword)
 {
@@ -82,7 +88,10 @@ int CAvrBoard::TimerOf(int header)
 
 QString CAvrBoard::WaveFunction(int header)
 {
-    return header == 9 ? "q_wave_t1a" : header == 10 ? "q_wave_t1b" : header == 3 ? "q_wave_t2b" : "";
+    return header == 9    ? "q_wave_t1a"
+           : header == 10 ? "q_wave_t1b"
+           : header == 3  ? "q_wave_t2b"
+                          : "";
 }
 
 QString CAvrBoard::WaveFeature(int header)

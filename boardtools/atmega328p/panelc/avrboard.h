@@ -14,7 +14,7 @@ class CPanel;
 // file's PORT ids: 0-7 PD0-PD7, 8-13 PB0-PB5, 14-19 PC0-PC5.
 class CAvrBoard
 {
-public:
+  public:
     explicit CAvrBoard(const CBoardInfo& board) : m_board(board) {}
 
     // F_CPU of a clock source counted from 1, as -c names it; 0 for a source the board
@@ -43,6 +43,6 @@ public:
     // Every pin the panel drives or reads; nullopt when it needs a port the board has not.
     std::optional<QList<int>> PinsOf(const CPanel& panel) const;
 
-private:
+  private:
     const CBoardInfo& m_board;
 };

@@ -8,8 +8,8 @@
 #include "storingwriter.h"
 
 #include "netlist.h"
-#include "panelgrid.h"
 #include "panel.h"
+#include "panelgrid.h"
 
 namespace {
 

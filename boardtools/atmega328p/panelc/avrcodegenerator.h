@@ -15,7 +15,7 @@ class CPanelGrid;
 // the grid and the netlist's evaluation order.
 class CAvrCodeGenerator
 {
-public:
+  public:
     CAvrCodeGenerator(const CPanelGrid& grid, const CNetlist& netlist, const CBoardInfo& board,
                       long clock);
 
@@ -25,7 +25,7 @@ public:
     QByteArray BaseHeader(const QString& layoutName) const { return m_code.BaseHeader(layoutName); }
     QByteArray BaseSource(const QString& layoutName) const { return m_code.BaseSource(layoutName); }
 
-private:
+  private:
     void Generate(const CNetlist& netlist);
 
     const CPanelGrid& m_grid;

@@ -11,13 +11,13 @@ class CPanelGrid;
 // timer outputs. Empty when the layout can be compiled.
 class CAvrLayoutCheck
 {
-public:
+  public:
     CAvrLayoutCheck(const CPanelGrid& grid, const CNetlist& netlist, const CBoardInfo& board,
                     long clock);
 
     QStringList Run() const;
 
-private:
+  private:
     bool IsOffered(const QString& keyword) const;
     void CheckPanels(QStringList& faults) const;
     void CheckWiring(QStringList& faults) const;

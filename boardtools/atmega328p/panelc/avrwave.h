@@ -9,7 +9,7 @@
 // the prescalers 1, 8, 64, 256, 1024; timer 2 to 255 with 1, 8, 32, 64, 128, 256, 1024.
 class CAvrWave
 {
-public:
+  public:
     // The setting nearest the frequency, using the smallest prescaler that reaches it (the
     // finest duty steps); nullopt when the timer cannot make it.
     static std::optional<CAvrWave> For(int timer, long clock, int frequency);
@@ -21,7 +21,7 @@ public:
     // The arguments of the run-time's wave function for a duty.
     QString Arguments(int percent) const;
 
-private:
+  private:
     int m_prescale = 0;
     int m_top = 0;
 };

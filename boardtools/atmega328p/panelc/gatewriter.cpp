@@ -27,7 +27,10 @@ void CGateWriter::Write(const CPanel& panel, CGridPos pos, CScanCode& code)
     else if (keyword == u"NOT")
         value = "!" + inputs.value(0, "0");
     else
-        value = inputs.value(0, "0") + (keyword == u"AND" ? " & " : keyword == u"OR" ? " | " : " ^ ") +
+        value = inputs.value(0, "0") +
+                (keyword == u"AND"  ? " & "
+                 : keyword == u"OR" ? " | "
+                                    : " ^ ") +
                 inputs.value(1, "0");
     code.Drive(CScanCode::Gates, pos, 0, output, value);
 }

@@ -11,7 +11,7 @@ class CScanCode;
 // order so that a chain of gates settles within one scan.
 class CGateWriter
 {
-public:
+  public:
     static bool Handles(const QString& keyword);
     static void Write(const CPanel& panel, CGridPos pos, CScanCode& code);
 };

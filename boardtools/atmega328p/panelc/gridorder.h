@@ -11,6 +11,6 @@ class CPanelGrid;
 // to bottom.
 class CGridOrder
 {
-public:
+  public:
     static std::vector<CGridPos> Panels(const CPanelGrid& grid);
 };

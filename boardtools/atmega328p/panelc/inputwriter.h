@@ -11,7 +11,7 @@ class CScanCode;
 // receiver. Each samples its pin in the first step of the scan and drives its rows.
 class CInputWriter
 {
-public:
+  public:
     static bool Handles(const QString& keyword);
     static void Write(const CPanel& panel, CGridPos pos, CScanCode& code);
 };

@@ -8,7 +8,7 @@ class CPanel;
 // The values of a panel's line as the generated code needs them.
 class CLineValues
 {
-public:
+  public:
     // The numbers from token `first` up to the line's comment, in line order.
     static QList<int> From(const CPanel& panel, int first);
     // True for the active level "L" in token 1.

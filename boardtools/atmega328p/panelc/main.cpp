@@ -11,8 +11,8 @@
 #include "runtimefiles.h"
 
 #include "boardinfo.h"
-#include "netlist.h"
 #include "layoutfile.h"
+#include "netlist.h"
 #include "panelgrid.h"
 #include "stringtable.h"
 
@@ -26,7 +26,12 @@
 
 namespace {
 
-enum { ExitOk = 0, ExitRefused = 1, ExitUsage = 2 };
+enum
+{
+    ExitOk = 0,
+    ExitRefused = 1,
+    ExitUsage = 2
+};
 
 bool WriteFile(const QString& path, const QByteArray& bytes)
 {
@@ -66,11 +71,16 @@ int main(int argc, char** argv)
     CPanelcArguments parsed;
     QString error;
     if (CPanelcArguments::Parse(args, parsed, error) &&
-        (parsed.Columns != CPanelGrid::GetColumnCount() || parsed.Rows != CPanelGrid::GetRowCount()))
-        error = QStringLiteral("the grid is %1 x %2").arg(CPanelGrid::GetColumnCount()).arg(CPanelGrid::GetRowCount());
+        (parsed.Columns != CPanelGrid::GetColumnCount() ||
+         parsed.Rows != CPanelGrid::GetRowCount()))
+        error = QStringLiteral("the grid is %1 x %2")
+                    .arg(CPanelGrid::GetColumnCount())
+                    .arg(CPanelGrid::GetRowCount());
     if (!error.isEmpty()) {
-        std::fprintf(stderr, "quillon-panelc: %s\nusage: quillon-panelc LOCATION -o OUT -w WORK -x 16 -y 40 -cN\n",
-                     qPrintable(error));
+        std::fprintf(
+            stderr,
+            "quillon-panelc: %s\nusage: quillon-panelc LOCATION -o OUT -w WORK -x 16 -y 40 -cN\n",
+            qPrintable(error));
         return ExitUsage;
     }
     const QString work = parsed.WorkFolder;
@@ -80,7 +90,8 @@ int main(int argc, char** argv)
     CQuietMessenger messenger;
     CBoardInfo board;
     if (!ReadBoard(folder, board, messenger))
-        return Refuse(work, {CStringTable::Format(Ids::PanelcNoBoard, {QDir::toNativeSeparators(folder)})});
+        return Refuse(
+            work, {CStringTable::Format(Ids::PanelcNoBoard, {QDir::toNativeSeparators(folder)})});
 
     const int source = parsed.ClockSource > 0 ? parsed.ClockSource : board.GetSystemClock() + 1;
     const long clock = CAvrBoard::ClockFrequency(source);
@@ -91,19 +102,23 @@ int main(int argc, char** argv)
     grid.SetUseLimits(board.UseLimits());
     CLayoutFile file(&board, messenger);
     if (!file.Load(grid, parsed.LocationFile))
-        return Refuse(work, {CStringTable::Format(Ids::PanelcNoLayout, {parsed.LocationFile, file.ErrorString()})});
+        return Refuse(work, {CStringTable::Format(Ids::PanelcNoLayout,
+                                                  {parsed.LocationFile, file.ErrorString()})});
 
     const CNetlist netlist(grid);
-    if (const QStringList faults = CAvrLayoutCheck(grid, netlist, board, clock).Run(); !faults.isEmpty())
+    if (const QStringList faults = CAvrLayoutCheck(grid, netlist, board, clock).Run();
+        !faults.isEmpty())
         return Refuse(work, faults);
 
     const CAvrCodeGenerator generator(grid, netlist, board, clock);
     const QString layoutName = QFileInfo(parsed.LocationFile).fileName();
     const QDir dir(work);
-    for (const auto& [name, bytes] : {std::pair{QStringLiteral("BASE.h"), generator.BaseHeader(layoutName)},
-                                      std::pair{QStringLiteral("BASE.c"), generator.BaseSource(layoutName)}})
+    for (const auto& [name, bytes] :
+         {std::pair{QStringLiteral("BASE.h"), generator.BaseHeader(layoutName)},
+          std::pair{QStringLiteral("BASE.c"), generator.BaseSource(layoutName)}})
         if (!WriteFile(dir.filePath(name), bytes))
-            return Refuse(work, {CStringTable::Format(Ids::PanelcNotWritten, {dir.filePath(name)})});
+            return Refuse(work,
+                          {CStringTable::Format(Ids::PanelcNotWritten, {dir.filePath(name)})});
     QString missing;
     if (!CRuntimeFiles::Copy(folder, work, missing))
         return Refuse(work, {CStringTable::Format(Ids::PanelcNoRuntime, {missing})});

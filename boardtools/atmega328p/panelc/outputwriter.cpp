@@ -4,9 +4,9 @@
 #include "linevalues.h"
 #include "scancode.h"
 
-#include "panelgrid.h"
 #include "gridorder.h"
 #include "panel.h"
+#include "panelgrid.h"
 #include "panelvalues.h"
 
 namespace {
@@ -19,12 +19,14 @@ void WriteLamp(const CPanel& panel, CGridPos pos, CScanCode& code)
     const int pin = code.Board().Header(panel.GetTokens().value(2));
     const bool low = CLineValues::ActiveLow(panel);
     code.Setup(QStringLiteral("Q_PIN_OUTPUT(%1, %2);").arg(pin).arg(low ? 1 : 0));
-    code.Add(CScanCode::Outputs,
-             QStringLiteral("Q_PIN_WRITE(%1, %2%3);").arg(pin).arg(low ? "!" : "", code.In(pos, 0, 'L')));
+    code.Add(CScanCode::Outputs, QStringLiteral("Q_PIN_WRITE(%1, %2%3);")
+                                     .arg(pin)
+                                     .arg(low ? "!" : "", code.In(pos, 0, 'L')));
 }
 
 // "in0 ? a : in1 ? b : otherwise": the topmost row that is on chooses.
-QString TopmostRow(const QStringList& choices, CGridPos pos, CScanCode& code, const QString& otherwise)
+QString TopmostRow(const QStringList& choices, CGridPos pos, CScanCode& code,
+                   const QString& otherwise)
 {
     QString value;
     for (int row = 0; row < choices.size(); ++row)
@@ -69,7 +71,8 @@ void WriteWave(const CPanel& panel, CGridPos pos, CScanCode& code)
     }
     QString line;
     for (int row = 0; row < settings.size(); ++row)
-        line += QStringLiteral("if (%1) %2(%3); else ").arg(code.In(pos, row, 'L'), function, settings[row]);
+        line += QStringLiteral("if (%1) %2(%3); else ")
+                    .arg(code.In(pos, row, 'L'), function, settings[row]);
     code.Add(CScanCode::Outputs, line + function + "(Q_WAVE_OFF);");
 }
 
@@ -90,8 +93,8 @@ void WriteSerial(CGridPos pos, CScanCode& code)
     }
     const QString byte = bits.isEmpty() ? "0" : "(uint8_t)(" + bits.join(" | ") + ")";
     const QString state = code.State("uint8_t");
-    code.Add(CScanCode::Outputs,
-             QStringLiteral("if (q_rising(&%1, %2)) q_uart_send(%3);").arg(state, code.In(pos, 0, 'L'), byte));
+    code.Add(CScanCode::Outputs, QStringLiteral("if (q_rising(&%1, %2)) q_uart_send(%3);")
+                                     .arg(state, code.In(pos, 0, 'L'), byte));
 }
 
 void WriteLcd(const CPanel& panel, CGridPos pos, CScanCode& code)
@@ -99,7 +102,8 @@ void WriteLcd(const CPanel& panel, CGridPos pos, CScanCode& code)
     code.Use("Q_USE_LCD");
     code.AfterScan("q_lcd_refresh();");
     const int line = qBound(0, LeadingInt(panel.GetTokens().value(1)), 2);
-    const QString text = line == 0 ? QStringLiteral("0") : code.FlashText(COutputWriter::LcdBytes(panel.GetComment(0)));
+    const QString text = line == 0 ? QStringLiteral("0")
+                                   : code.FlashText(COutputWriter::LcdBytes(panel.GetComment(0)));
     const QString state = code.State("uint8_t");
     code.Add(CScanCode::Outputs, QStringLiteral("if (q_rising(&%1, %2)) q_lcd_show(%3, %4);")
                                      .arg(state, code.In(pos, 0, 'L'))
@@ -115,20 +119,24 @@ void WriteMotorDriver(const CPanel& panel, CGridPos pos, CScanCode& code)
         code.Setup(QStringLiteral("Q_PIN_OUTPUT(%1, 0);").arg(pin));
     const QString state = code.State("q_motor_t");
     const bool halfSteps = panel.GetTokens().value(1) == u"1";
-    code.Add(CScanCode::Outputs, QStringLiteral("q_motor(&%1, %2, %3, %4u, %5);")
-                                     .arg(state, code.In(pos, 0, 'L'), code.In(pos, 1, 'L'))
-                                     .arg(LeadingInt(panel.GetTokens().value(2)))
-                                     .arg(halfSteps ? "q_motor_half_step, 8" : "q_motor_two_phase, 4"));
+    code.Add(CScanCode::Outputs,
+             QStringLiteral("q_motor(&%1, %2, %3, %4u, %5);")
+                 .arg(state, code.In(pos, 0, 'L'), code.In(pos, 1, 'L'))
+                 .arg(LeadingInt(panel.GetTokens().value(2)))
+                 .arg(halfSteps ? "q_motor_half_step, 8" : "q_motor_two_phase, 4"));
     for (int coil = 0; coil < coils.size(); ++coil)
-        code.Add(CScanCode::Outputs,
-                 QStringLiteral("Q_PIN_WRITE(%1, (%2.out >> %3) & 1);").arg(coils[coil]).arg(state).arg(coil));
+        code.Add(CScanCode::Outputs, QStringLiteral("Q_PIN_WRITE(%1, (%2.out >> %3) & 1);")
+                                         .arg(coils[coil])
+                                         .arg(state)
+                                         .arg(coil));
 }
 
 } // namespace
 
 bool COutputWriter::Handles(const QString& keyword)
 {
-    return QStringList{"LAMP", "DGO", "PULS", "PWM", "BUZZ", "UARO", "LCD", "SMOTO"}.contains(keyword);
+    return QStringList{"LAMP", "DGO", "PULS", "PWM", "BUZZ", "UARO", "LCD", "SMOTO"}.contains(
+        keyword);
 }
 
 void COutputWriter::Write(const CPanel& panel, CGridPos pos, CScanCode& code)

@@ -13,7 +13,7 @@ class CScanCode;
 // writes its pins in the fourth step of the scan.
 class COutputWriter
 {
-public:
+  public:
     static bool Handles(const QString& keyword);
     static void Write(const CPanel& panel, CGridPos pos, CScanCode& code);
 

@@ -12,7 +12,7 @@ class CPanelGrid;
 // "[Lamp[run]]" in the side columns (name and label), "[Counter(2,1)]" in the process area.
 class CPanelName
 {
-public:
+  public:
     static QString Of(const CPanel& panel, CGridPos pos);
     static QString At(const CPanelGrid& grid, CGridPos pos);
     // "A and B", "A, B and C".

@@ -6,9 +6,10 @@
 // answered with its first button, and the faults that matter reach PANEL.err instead.
 class CQuietMessenger : public IMessenger
 {
-public:
+  public:
     EAnswer Message(const QString&, EButtons buttons, EIcon) override
     {
-        return buttons == EButtons::YesNo || buttons == EButtons::YesNoCancel ? EAnswer::Yes : EAnswer::Ok;
+        return buttons == EButtons::YesNo || buttons == EButtons::YesNoCancel ? EAnswer::Yes
+                                                                              : EAnswer::Ok;
     }
 };

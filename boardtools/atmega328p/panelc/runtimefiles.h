@@ -9,7 +9,7 @@
 // nothing stale survives.
 class CRuntimeFiles
 {
-public:
+  public:
     // False with `failed` naming the file that could not be read or written.
     static bool Copy(const QString& boardFolder, const QString& workFolder, QString& failed);
 };

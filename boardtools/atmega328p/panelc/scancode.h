@@ -21,9 +21,17 @@ class CPanelGrid;
 // Family writers add lines to it; it names the nets and renders BASE.h and BASE.c.
 class CScanCode
 {
-public:
+  public:
     // The steps of a scan, in the order they run (docs/panels.md, "How a layout runs").
-    enum EStep { Inputs, Show, Gates, Outputs, Update, StepCount };
+    enum EStep
+    {
+        Inputs,
+        Show,
+        Gates,
+        Outputs,
+        Update,
+        StepCount
+    };
 
     CScanCode(const CPanelGrid& grid, const CNetlist& netlist, const CBoardInfo& board);
 
@@ -53,7 +61,7 @@ public:
     QByteArray BaseHeader(const QString& layoutName) const;
     QByteArray BaseSource(const QString& layoutName) const;
 
-private:
+  private:
     QString NetName(int net) const { return "n" + QString::number(net); }
 
     const CPanelGrid& m_grid;

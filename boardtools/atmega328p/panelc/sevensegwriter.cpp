@@ -3,8 +3,8 @@
 #include "gridorder.h"
 #include "scancode.h"
 
-#include "panelgrid.h"
 #include "panel.h"
+#include "panelgrid.h"
 #include "panelvalues.h"
 
 #include <algorithm>
@@ -48,7 +48,8 @@ QString Sum(const std::vector<CDecoder>& decoders, const char* one)
 {
     QStringList terms;
     for (const CDecoder& decoder : decoders)
-        terms.append(QStringLiteral("(%1 ? %2 << %3 : 0)").arg(decoder.Input, one).arg(decoder.Index));
+        terms.append(
+            QStringLiteral("(%1 ? %2 << %3 : 0)").arg(decoder.Input, one).arg(decoder.Index));
     return terms.isEmpty() ? QStringLiteral("0") : terms.join(" | ");
 }
 
@@ -67,7 +68,8 @@ QString Largest(std::vector<CDecoder> decoders)
 
 bool CSevenSegWriter::Handles(const QString& keyword)
 {
-    return QStringList{"7SEG", "7SEG4", "7S_", "7S4_", "7S_B", "7S_D", "7S_S", "7S4_B", "7S4_D", "7S4_S"}
+    return QStringList{"7SEG", "7SEG4", "7S_",   "7S4_",  "7S_B",
+                       "7S_D", "7S_S",  "7S4_B", "7S4_D", "7S4_S"}
         .contains(keyword);
 }
 
@@ -83,10 +85,13 @@ void CSevenSegWriter::Write(const CPanel& panel, CGridPos pos, CScanCode& code)
     const QChar type = TypeLetter(mode);
     QString line;
     if (type == u'B')
-        line = QStringLiteral("q_seg_hex((uint16_t)(%1), %2);").arg(Sum(DecodersOf(type, four ? 16 : 4, code), "1u"), lit);
+        line = QStringLiteral("q_seg_hex((uint16_t)(%1), %2);")
+                   .arg(Sum(DecodersOf(type, four ? 16 : 4, code), "1u"), lit);
     else if (type == u'D')
-        line = QStringLiteral("q_seg_number(%1, %2);").arg(Largest(DecodersOf(type, four ? 10000 : 10, code)), lit);
+        line = QStringLiteral("q_seg_number(%1, %2);")
+                   .arg(Largest(DecodersOf(type, four ? 10000 : 10, code)), lit);
     else
-        line = QStringLiteral("q_seg_pattern(%1, %2);").arg(Sum(DecodersOf(type, four ? 32 : 8, code), "1UL"), lit);
+        line = QStringLiteral("q_seg_pattern(%1, %2);")
+                   .arg(Sum(DecodersOf(type, four ? 32 : 8, code), "1UL"), lit);
     code.Add(CScanCode::Outputs, line);
 }

@@ -12,7 +12,7 @@ class CScanCode;
 // they add up to while its own input is on; the decoders write nothing themselves.
 class CSevenSegWriter
 {
-public:
+  public:
     static bool Handles(const QString& keyword);
     static void Write(const CPanel& panel, CGridPos pos, CScanCode& code);
 };

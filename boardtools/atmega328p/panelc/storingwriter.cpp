@@ -33,12 +33,14 @@ void WriteCounter(const CPanel& panel, CGridPos pos, CScanCode& code)
     const QString state = code.State("q_counter_t");
     for (int row = 0; row < values.size(); ++row)
         code.Drive(CScanCode::Show, pos, row, 'R',
-                   values[row] == 0 ? QStringLiteral("1") // reached from the start
-                                    : QStringLiteral("%1.count >= %2u").arg(state).arg(values[row]));
+                   values[row] == 0
+                       ? QStringLiteral("1") // reached from the start
+                       : QStringLiteral("%1.count >= %2u").arg(state).arg(values[row]));
     const QString function = panel.GetTokens().value(1) == u"C" ? "q_count_cyclic" : "q_count_hold";
-    code.Add(CScanCode::Update, QStringLiteral("%1(&%2, %3, %4, %5u);")
-                                    .arg(function, state, code.In(pos, 0, 'L'), code.In(pos, 0, 'U'))
-                                    .arg(largest));
+    code.Add(CScanCode::Update,
+             QStringLiteral("%1(&%2, %3, %4, %5u);")
+                 .arg(function, state, code.In(pos, 0, 'L'), code.In(pos, 0, 'U'))
+                 .arg(largest));
 }
 
 void WriteMotor(const CPanel& panel, CGridPos pos, CScanCode& code)
@@ -46,13 +48,13 @@ void WriteMotor(const CPanel& panel, CGridPos pos, CScanCode& code)
     code.Use("Q_USE_MOTOR");
     const QString state = code.State("q_motor_t");
     for (int row = 0; row < 4; ++row)
-        code.Drive(CScanCode::Show, pos, row, 'R', QStringLiteral("(%1.out >> %2) & 1").arg(state).arg(row));
+        code.Drive(CScanCode::Show, pos, row, 'R',
+                   QStringLiteral("(%1.out >> %2) & 1").arg(state).arg(row));
     const bool onePhase = panel.GetTokens().value(1) == u"1";
-    code.Add(CScanCode::Update,
-             QStringLiteral("q_motor(&%1, %2, %3, %4u, %5, 4);")
-                 .arg(state, code.In(pos, 0, 'U'), code.In(pos, 0, 'L'))
-                 .arg(LeadingInt(panel.GetTokens().value(2)))
-                 .arg(onePhase ? "q_motor_one_phase" : "q_motor_two_phase"));
+    code.Add(CScanCode::Update, QStringLiteral("q_motor(&%1, %2, %3, %4u, %5, 4);")
+                                    .arg(state, code.In(pos, 0, 'U'), code.In(pos, 0, 'L'))
+                                    .arg(LeadingInt(panel.GetTokens().value(2)))
+                                    .arg(onePhase ? "q_motor_one_phase" : "q_motor_two_phase"));
 }
 
 void WriteBit(const CPanel& panel, CGridPos pos, CScanCode& code)
@@ -67,7 +69,8 @@ void WriteBit(const CPanel& panel, CGridPos pos, CScanCode& code)
     if (flipFlop) {
         second = code.In(pos, 0, 'U');
     } else {
-        const long time = CLineValues::Milliseconds(panel.GetTokens().value(keyword == u"DLY" ? 1 : 2));
+        const long time =
+            CLineValues::Milliseconds(panel.GetTokens().value(keyword == u"DLY" ? 1 : 2));
         if (time > 65535)
             code.Use("Q_USE_LONG_TIMES");
         second = CLineValues::TimeConstant(time);
@@ -80,7 +83,8 @@ void WriteBit(const CPanel& panel, CGridPos pos, CScanCode& code)
 
 bool CStoringWriter::Handles(const QString& keyword)
 {
-    return QStringList{"RSFF", "D_FF", "T_FF", "CNT", "DLY", "TIM", "TIM1", "SMOT"}.contains(keyword);
+    return QStringList{"RSFF", "D_FF", "T_FF", "CNT", "DLY", "TIM", "TIM1", "SMOT"}.contains(
+        keyword);
 }
 
 void CStoringWriter::Write(const CPanel& panel, CGridPos pos, CScanCode& code)

@@ -12,7 +12,7 @@ class CScanCode;
 // inputs in the last, so it answers one scan later and may sit in a loop.
 class CStoringWriter
 {
-public:
+  public:
     static bool Handles(const QString& keyword);
     static void Write(const CPanel& panel, CGridPos pos, CScanCode& code);
 };

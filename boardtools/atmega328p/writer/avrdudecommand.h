@@ -8,6 +8,6 @@
 // avrdude's arguments for one writing, program name excluded.
 class CAvrdudeCommand
 {
-public:
+  public:
     static std::vector<std::string> Arguments(const CWriterOptions& options);
 };

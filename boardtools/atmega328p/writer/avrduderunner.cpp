@@ -14,9 +14,11 @@ namespace {
 
 bool IsExecutableFile(const std::string& path)
 {
-    struct stat info {};
-    return stat(path.c_str(), &info) == 0 && S_ISREG(info.st_mode)
-           && access(path.c_str(), X_OK) == 0;
+    struct stat info
+    {
+    };
+    return stat(path.c_str(), &info) == 0 && S_ISREG(info.st_mode) &&
+           access(path.c_str(), X_OK) == 0;
 }
 
 } // namespace
@@ -36,7 +38,8 @@ std::string CAvrdudeRunner::Locate(const std::string& program)
     std::size_t start = 0;
     for (;;) {
         const std::size_t colon = folders.find(':', start);
-        std::string folder = folders.substr(start, colon == std::string::npos ? colon : colon - start);
+        std::string folder =
+            folders.substr(start, colon == std::string::npos ? colon : colon - start);
         if (folder.empty())
             folder = ".";
         const std::string candidate = folder + "/" + program;

@@ -7,7 +7,7 @@
 // reaches the editor's build log as it is printed.
 class CAvrdudeRunner
 {
-public:
+  public:
     // QUILLON_AVRDUDE when set (a path or a name), otherwise "avrdude".
     static std::string ProgramName();
 

@@ -26,8 +26,9 @@ int main(int argc, char** argv)
     CWriterOptions options;
     std::string error;
     if (!CWriterArguments::Parse(args, options, error))
-        return Fail(EWriterExit::Usage,
-                    error + "\nusage: quillon-writer /C<port> [/W<0-5>] [/P part:programmer:baud] <hex>");
+        return Fail(
+            EWriterExit::Usage,
+            error + "\nusage: quillon-writer /C<port> [/W<0-5>] [/P part:programmer:baud] <hex>");
     if (options.Port.empty())
         return Fail(EWriterExit::NoPort,
                     "no serial port given (/C<port>, for example /C/dev/ttyACM0)");
@@ -35,7 +36,8 @@ int main(int argc, char** argv)
     // Every fault is found before the wait, so the user never presses reset for nothing.
     std::error_code ignored;
     if (!std::filesystem::is_regular_file(options.HexPath, ignored))
-        return Fail(EWriterExit::HexMissing, "the HEX file \"" + options.HexPath + "\" does not exist");
+        return Fail(EWriterExit::HexMissing,
+                    "the HEX file \"" + options.HexPath + "\" does not exist");
     const std::string program = CAvrdudeRunner::ProgramName();
     const std::string path = CAvrdudeRunner::Locate(program);
     if (path.empty())
@@ -44,7 +46,8 @@ int main(int argc, char** argv)
 
     if (options.WaitSeconds > 0) {
         std::cout << "Writing in " << options.WaitSeconds
-                  << " s: press the board's reset button now if it does not reset itself." << std::endl;
+                  << " s: press the board's reset button now if it does not reset itself."
+                  << std::endl;
         std::this_thread::sleep_for(std::chrono::seconds(options.WaitSeconds));
     }
     std::cout.flush();

@@ -7,8 +7,8 @@ namespace {
 
 bool AllDigits(const std::string& text)
 {
-    return !text.empty()
-           && std::all_of(text.begin(), text.end(), [](unsigned char c) { return std::isdigit(c); });
+    return !text.empty() &&
+           std::all_of(text.begin(), text.end(), [](unsigned char c) { return std::isdigit(c); });
 }
 
 std::string Lower(std::string text)
@@ -95,8 +95,8 @@ bool CWriterArguments::Parse(const std::vector<std::string>& args, CWriterOption
             // At most a few digits are kept, so a long number cannot overflow.
             const int seconds = value.size() > 3 ? MaxWaitSeconds + 1 : std::stoi(value);
             if (seconds > MaxWaitSeconds) {
-                error = "the wait " + value + " is out of range (0 to "
-                        + std::to_string(MaxWaitSeconds) + " seconds)";
+                error = "the wait " + value + " is out of range (0 to " +
+                        std::to_string(MaxWaitSeconds) + " seconds)";
                 return false;
             }
             options.WaitSeconds = seconds;

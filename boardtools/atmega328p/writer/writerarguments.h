@@ -9,7 +9,7 @@
 // and the HEX path, in any order, option letters in either case.
 class CWriterArguments
 {
-public:
+  public:
     // False with a message when the line cannot be read; a missing port is not a fault
     // here, the caller decides (it leaves Port empty).
     static bool Parse(const std::vector<std::string>& args, CWriterOptions& options,

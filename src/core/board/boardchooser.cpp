@@ -3,8 +3,8 @@
 #include "boardinfo.h"
 #include "folderpath.h"
 #include "messenger.h"
-#include "stringtable.h"
 #include "settings.h"
+#include "stringtable.h"
 
 #include <QDir>
 #include <QFileInfo>

@@ -10,7 +10,7 @@ class IMessenger;
 // the candidates of the initialisation file in order, the first that reads.
 class CBoardChooser
 {
-public:
+  public:
     // targetFolder is the TARGET folder holding one folder per board.
     CBoardChooser(const QString& targetFolder, IMessenger& messenger);
 
@@ -21,7 +21,7 @@ public:
     // Reads the board in folder; false when the folder is missing or does not read.
     bool TryFolder(const QString& folder, CBoardInfo& board);
 
-private:
+  private:
     // Reads the board named by a saved or candidate name, a folder of TARGET.
     bool TryBoard(const QString& name, CBoardInfo& board);
 

@@ -9,14 +9,14 @@
 // The first of two equal keys in a section wins.
 class CIniFile
 {
-public:
+  public:
     // A missing or unreadable file reads as empty.
     explicit CIniFile(const QString& path);
 
     bool Contains(const QString& section, const QString& key) const;
     QString Value(const QString& section, const QString& key) const;
 
-private:
+  private:
     static QString Name(const QString& section, const QString& key);
 
     QHash<QString, QString> m_values;

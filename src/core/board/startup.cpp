@@ -37,7 +37,8 @@ QString CStartup::TargetFolder(const QString& programFolder)
     const QString beside = QDir(programFolder).filePath("TARGET");
     if (QFileInfo(beside).isDir())
         return beside;
-    for (const QString& data : QStandardPaths::standardLocations(QStandardPaths::GenericDataLocation)) {
+    for (const QString& data :
+         QStandardPaths::standardLocations(QStandardPaths::GenericDataLocation)) {
         const QString installed = QDir(data).filePath("quillon/TARGET");
         if (QFileInfo(installed).isDir())
             return installed;

@@ -10,7 +10,7 @@ class QSettings;
 // The start-up decisions that need no window, shared by the editor and its tests.
 class CStartup
 {
-public:
+  public:
     // Japanese when the user's language is, then "-eng" or "-jpn" anywhere in the arguments
     // after the program's path decides, "-eng" winning when both stand there.
     static ELanguage LanguageFor(const QStringList& arguments, bool userIsJapanese);

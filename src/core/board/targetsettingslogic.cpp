@@ -13,7 +13,7 @@ namespace {
 // A candidate's faults are no reason to interrupt the dialog: it is listed or left out.
 class CSilentMessenger : public IMessenger
 {
-public:
+  public:
     EAnswer Message(const QString&, EButtons, EIcon) override { return EAnswer::Ok; }
 };
 
@@ -53,8 +53,8 @@ void CTargetSettingsLogic::SelectTarget(int entry)
 {
     Target = entry;
     CBoardInfo board;
-    if (entry < 0 || entry >= m_candidates.size()
-        || !ReadBoard(QDir(m_targetFolder).filePath(m_candidates[entry].Name), board))
+    if (entry < 0 || entry >= m_candidates.size() ||
+        !ReadBoard(QDir(m_targetFolder).filePath(m_candidates[entry].Name), board))
         return;
     ClockSources = board.GetClockSources();
     Clock = board.GetSystemClock();
@@ -63,7 +63,8 @@ void CTargetSettingsLogic::SelectTarget(int entry)
 
 bool CTargetSettingsLogic::ChangesBoard() const
 {
-    return Target >= 0 && Target < m_candidates.size() && m_candidates[Target].Name != m_currentName;
+    return Target >= 0 && Target < m_candidates.size() &&
+           m_candidates[Target].Name != m_currentName;
 }
 
 void CTargetSettingsLogic::Apply(CSettings& settings, bool keepNewBoard) const

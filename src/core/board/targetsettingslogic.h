@@ -12,7 +12,7 @@ class CSettings;
 // board is only stored; the board in use stays until the program starts again.
 class CTargetSettingsLogic
 {
-public:
+  public:
     struct CCandidate
     {
         QString Name;        // the folder name, as the "Target%d" list holds it
@@ -43,7 +43,7 @@ public:
     static QString AddressText(quint32 address);
     static bool ReadAddress(const QString& text, quint32& address);
 
-private:
+  private:
     QString m_targetFolder;
     QString m_currentName;
     QList<CCandidate> m_candidates;

@@ -8,6 +8,6 @@ class CPanelGrid;
 // fault is one line of the report, ended by CR LF, and an empty report means it passed.
 class CLayoutCheck
 {
-public:
+  public:
     static QString Run(const CPanelGrid& grid);
 };

@@ -8,7 +8,7 @@
 // driver reads 0.
 class CNet
 {
-public:
+  public:
     explicit CNet(std::vector<CNetPin> pins) : m_pins(std::move(pins)) {}
 
     // Every member in grid order, the sides of wires and jumps included.
@@ -16,7 +16,7 @@ public:
     std::vector<CNetPin> GetDrivers() const { return Having(EPinRole::Output); }
     std::vector<CNetPin> GetLoads() const { return Having(EPinRole::Input); }
 
-private:
+  private:
     std::vector<CNetPin> Having(EPinRole role) const
     {
         std::vector<CNetPin> pins;

@@ -7,7 +7,8 @@
 // A wiring fault the compiler refuses, as data: the editor words it and marks the panels.
 struct CNetFault
 {
-    enum EKind {
+    enum EKind
+    {
         TwoDrivers, // two or more outputs on one net
         Loop,       // a cycle through panels none of which stores state
     };

@@ -38,8 +38,10 @@ std::pair<CGridPos, char> Facing(CGridPos cell, char side)
 {
     const int last = CPanelGrid::GetColumnCount();
     switch (side) {
-    case 'U': return {{cell.Column, cell.Row - 1}, 'D'};
-    case 'D': return {{cell.Column, cell.Row + 1}, 'U'};
+    case 'U':
+        return {{cell.Column, cell.Row - 1}, 'D'};
+    case 'D':
+        return {{cell.Column, cell.Row + 1}, 'U'};
     case 'L':
         return {{cell.Column == 1 ? CPanelGrid::GetInputColumn() : cell.Column - 1, cell.Row}, 'R'};
     default:
@@ -53,7 +55,7 @@ std::pair<CGridPos, char> Facing(CGridPos cell, char side)
 // The gates as a graph: an edge from a gate to every gate that reads one of its nets.
 class CGateGraph
 {
-public:
+  public:
     explicit CGateGraph(std::size_t count) : m_edges(count) {}
 
     void Add(int from, int to) { m_edges[from].insert(to); }
@@ -130,7 +132,7 @@ public:
         return order;
     }
 
-private:
+  private:
     std::vector<std::set<int>> m_edges;
 };
 
@@ -240,7 +242,8 @@ void CNetlist::FindTwoDrivers()
             continue;
         CNetFault fault{CNetFault::TwoDrivers, int(n), {}};
         for (const CNetPin& driver : drivers)
-            if (std::find(fault.Panels.begin(), fault.Panels.end(), driver.Pos) == fault.Panels.end())
+            if (std::find(fault.Panels.begin(), fault.Panels.end(), driver.Pos) ==
+                fault.Panels.end())
                 fault.Panels.push_back(driver.Pos);
         m_faults.push_back(std::move(fault));
     }

@@ -20,7 +20,7 @@ class CPanelGrid;
 // Nets made of wires alone are dropped. It is a snapshot: the grid may change afterwards.
 class CNetlist
 {
-public:
+  public:
     explicit CNetlist(const CPanelGrid& grid);
 
     // In grid order of their first member: input column, process columns, output column.
@@ -34,7 +34,7 @@ public:
     const std::vector<CGridPos>& GetEvaluationOrder() const { return m_order; }
     const std::vector<CNetFault>& GetFaults() const { return m_faults; }
 
-private:
+  private:
     void Collect(const CPanelGrid& grid);
     void Join(const CPanelGrid& grid);
     void FormNets();

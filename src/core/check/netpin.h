@@ -3,7 +3,12 @@
 #include "gridpos.h"
 
 // What a pin does on its net. Wire and jump sides only carry the signal on.
-enum class EPinRole { Input, Output, Wire };
+enum class EPinRole
+{
+    Input,
+    Output,
+    Wire
+};
 
 // One place where a signal enters or leaves a cell: a side of one row of a panel. A
 // multi-row panel has a pin for each row that offers one, so Row counts from its top.

@@ -14,8 +14,9 @@ class CPanel;
 // bottom: a process panel reads its "U" and "L" sides and drives its "R" and "D" sides.
 class CPanelPins
 {
-public:
-    enum EBehaviour {
+  public:
+    enum EBehaviour
+    {
         None,          // no kind yet: an unfinished wire or gate
         Source,        // input column: sampled at the start of the scan
         Combinational, // gates and constants: their outputs follow their inputs at once

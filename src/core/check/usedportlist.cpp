@@ -10,7 +10,8 @@ QString AssignedPort(const CPanel& panel)
 {
     const CPortList& ports = panel.GetPortList();
     // A name the board does not have is no assignment.
-    const QString port = panel.GetPortIndex() >= 0 ? ports.GetAt(panel.GetPortIndex()) : panel.GetPortText();
+    const QString port =
+        panel.GetPortIndex() >= 0 ? ports.GetAt(panel.GetPortIndex()) : panel.GetPortText();
     return ports.IndexOf(port) >= 0 ? ports.DisplayName(port) : QString();
 }
 
@@ -23,7 +24,8 @@ QList<CUsedPortList::CRow> CUsedPortList::Rows(const CPanelGrid& grid)
     {
         int Column;
         int Io;
-    } sides[] = {{CPanelGrid::GetInputColumn(), Ids::UsedPortIn}, {CPanelGrid::GetOutputColumn(), Ids::UsedPortOut}};
+    } sides[] = {{CPanelGrid::GetInputColumn(), Ids::UsedPortIn},
+                 {CPanelGrid::GetOutputColumn(), Ids::UsedPortOut}};
     for (const auto& side : sides) {
         for (int row = 1; row <= CPanelGrid::GetRowCount(); ++row) {
             const CPanelCell* cell = grid.GetCell(side.Column, row);

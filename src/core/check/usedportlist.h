@@ -9,7 +9,7 @@ class CPanelGrid;
 // each in row order, with the port it is assigned to. Process panels have no port.
 class CUsedPortList
 {
-public:
+  public:
     struct CRow
     {
         QString Io;

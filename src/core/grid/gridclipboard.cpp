@@ -215,8 +215,8 @@ bool CGridClipboard::FromText(const QString& text, const CCellMaker& make)
     if (lines.isEmpty() || lines.first().size() != 1)
         return false;
     const QChar kind = lines.takeFirst().at(0);
-    const int column = kind == kInputBlock    ? CPanelGrid::GetInputColumn()
-                       : kind == kOutputBlock ? CPanelGrid::GetOutputColumn()
+    const int column = kind == kInputBlock     ? CPanelGrid::GetInputColumn()
+                       : kind == kOutputBlock  ? CPanelGrid::GetOutputColumn()
                        : kind == kProcessBlock ? 1
                                                : 0;
     if (column == 0)
@@ -229,11 +229,11 @@ bool CGridClipboard::FromText(const QString& text, const CCellMaker& make)
         bool columnOk = false, rowOk = false;
         const int dc = offsets.value(0).toInt(&columnOk);
         const int dr = offsets.value(1).toInt(&rowOk);
-        std::unique_ptr<CPanelCell> cell =
-            colon < 0 || offsets.size() != 2 || !columnOk || !rowOk || dc < 0 || dr < 0 ||
-                    (column < 0 && dc != 0)
-                ? nullptr
-                : make(line.mid(colon + 1));
+        std::unique_ptr<CPanelCell> cell = colon < 0 || offsets.size() != 2 || !columnOk ||
+                                                   !rowOk || dc < 0 || dr < 0 ||
+                                                   (column < 0 && dc != 0)
+                                               ? nullptr
+                                               : make(line.mid(colon + 1));
         if (!cell || !cell->GetPanel()) {
             Clear();
             return false;

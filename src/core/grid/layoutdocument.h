@@ -11,7 +11,7 @@ class IMessenger;
 // last saved or loaded.
 class CLayoutDocument
 {
-public:
+  public:
     CLayoutDocument(const CBoardInfo* board, IMessenger& messenger);
 
     CPanelGrid& Grid() { return m_grid; }
@@ -35,7 +35,7 @@ public:
     bool Save() { return SaveAs(m_path); }
     const QString& ErrorString() const { return m_error; }
 
-private:
+  private:
     const CBoardInfo* m_board;
     IMessenger& m_messenger;
     CPanelGrid m_grid;

@@ -18,7 +18,7 @@ class IMessenger;
 // compiler reads. Writing gives the same bytes for the same grid, CR LF after every line.
 class CLayoutFile
 {
-public:
+  public:
     // The board's palettes give each loaded panel its ports, name and weight before it
     // reads its line; without a board the panels keep what their line alone says.
     CLayoutFile(const CBoardInfo* board, IMessenger& messenger);
@@ -46,7 +46,7 @@ public:
 
     const QString& ErrorString() const { return m_error; }
 
-private:
+  private:
     void ReadRecord(CPanelGrid& grid, QStringView line, int number);
     void AddFault(int number, int why, std::initializer_list<QVariant> args = {});
     void ReportFaults();

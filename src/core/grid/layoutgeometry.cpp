@@ -26,7 +26,8 @@ int Width(int column)
 bool OnGrid(int column, int row)
 {
     const bool columnOk = column == CPanelGrid::GetInputColumn() ||
-                          column == CPanelGrid::GetOutputColumn() || (column >= 1 && column <= kColumns);
+                          column == CPanelGrid::GetOutputColumn() ||
+                          (column >= 1 && column <= kColumns);
     return columnOk && row >= 1 && row <= kRows;
 }
 

@@ -11,7 +11,7 @@
 // Everything derives from the grid's sizes.
 class CLayoutGeometry
 {
-public:
+  public:
     static constexpr int kMargin = 30;
     static constexpr int kCell = 32;
     static constexpr int kSideWidth = 2 * kCell;

@@ -17,7 +17,9 @@ namespace {
 bool HasOtherLinks(const QString& path)
 {
 #ifdef Q_OS_UNIX
-    struct stat status {};
+    struct stat status
+    {
+    };
     return ::stat(QFile::encodeName(path).constData(), &status) == 0 && status.st_nlink > 1;
 #else
     Q_UNUSED(path);
@@ -76,7 +78,8 @@ bool CSafeSave::WriteAtomically(const QString& path, const QByteArray& bytes, QS
     if (QFileInfo::exists(path))
         QFile::setPermissions(temporary, QFile::permissions(path));
     std::error_code failure;
-    std::filesystem::rename(QFile::encodeName(temporary).toStdString(), QFile::encodeName(path).toStdString(), failure);
+    std::filesystem::rename(QFile::encodeName(temporary).toStdString(),
+                            QFile::encodeName(path).toStdString(), failure);
     if (failure) {
         error = QString::fromLocal8Bit(failure.message());
         QFile::remove(temporary);

@@ -12,14 +12,14 @@
 // would cut them off), one that is no plain file, or a folder that takes no new file.
 class CSafeSave
 {
-public:
+  public:
     // False with error set to the system's reason when the file could not be written.
     static bool Write(const QString& path, const QByteArray& bytes, QString& error);
     // The temporary file beside path. A save killed before its rename leaves it behind;
     // the next save of the same file removes it.
     static QString TemporaryPath(const QString& path);
 
-private:
+  private:
     static bool WriteAtomically(const QString& path, const QByteArray& bytes, QString& error);
     static bool WriteInPlace(const QString& path, const QByteArray& bytes, QString& error);
 };

@@ -5,6 +5,6 @@
 // An analog input pin. It keeps its line and answers with the base behaviour.
 class CAnalogPanel : public CPanel
 {
-public:
+  public:
     explicit CAnalogPanel(const QString& line = QString());
 };

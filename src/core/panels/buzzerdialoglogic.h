@@ -7,8 +7,14 @@
 // "Buzzer Setting": the port and which of 2000, 1000 and 500 Hz sound.
 class CBuzzerDialogLogic
 {
-public:
-    enum EFrequency { Freq2000, Freq1000, Freq500, FrequencyCount };
+  public:
+    enum EFrequency
+    {
+        Freq2000,
+        Freq1000,
+        Freq500,
+        FrequencyCount
+    };
 
     CBuzzerDialogLogic(const QStringList& tokens, const CPortList& ports);
 
@@ -23,7 +29,7 @@ public:
     // "BUZZ", the port, then the checked frequencies from the highest.
     QStringList Tokens() const;
 
-private:
+  private:
     const CPortList& m_ports;
     int m_portIndex = -1;
     bool m_checked[FrequencyCount] = {};

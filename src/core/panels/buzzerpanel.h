@@ -5,7 +5,7 @@
 // A buzzer on one port, sounding at any of 2000, 1000 and 500 Hz: one row a frequency.
 class CBuzzerPanel : public CPanel
 {
-public:
+  public:
     explicit CBuzzerPanel(const QString& line = QString());
 
     QString GetPortName(int i) const override;

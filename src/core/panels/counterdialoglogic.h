@@ -7,8 +7,13 @@
 // "Counter Setting": hold or cyclic, and up to fifteen count values from 0 to 32767.
 class CCounterDialogLogic
 {
-public:
-    enum { ValueCount = 15, MaxLength = 5, MaxValue = 32767 };
+  public:
+    enum
+    {
+        ValueCount = 15,
+        MaxLength = 5,
+        MaxValue = 32767
+    };
 
     struct CType
     {
@@ -31,7 +36,7 @@ public:
     // "CNT", the type letter, the values as plain numbers, distinct and descending.
     QStringList Tokens() const;
 
-private:
+  private:
     QStringList Values() const;
 
     int m_type = 0;

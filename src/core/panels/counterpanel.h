@@ -6,7 +6,7 @@
 // stacked 32 x 32 picture a value.
 class CCounterPanel : public CPanel
 {
-public:
+  public:
     explicit CCounterPanel(const QString& line = QString());
 
     QString GetPortName(int i) const override;

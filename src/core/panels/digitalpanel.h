@@ -6,14 +6,14 @@
 // "Switch Setting" dialog and the caption with port and active level.
 class CDigitalPanel : public CPanel
 {
-public:
+  public:
     QString GetPortText() const override;
     bool SetLine(const QString& line) override;
     bool EditProperties(IPropertyEditor& editor) override;
     void UpdateCaption() override;
     void AcceptProperties(const QStringList& tokens, int portIndex) override;
 
-protected:
+  protected:
     explicit CDigitalPanel(const CPanelDefaults& defaults) : CPanel(defaults) {}
     // The picture follows the keyword actually read.
     virtual int BitmapFor(EPanelKind kind) const = 0;

@@ -6,7 +6,7 @@
 // "Flipflop Setting": the type of the flip-flop, which is its keyword.
 class CFlipFlopDialogLogic
 {
-public:
+  public:
     struct CType
     {
         int TextId;
@@ -25,6 +25,6 @@ public:
     // The keyword alone; a comment of the line is dropped on purpose.
     QStringList Tokens() const;
 
-private:
+  private:
     int m_type = 0;
 };

@@ -6,7 +6,7 @@
 // is still to be chosen, and stays incomplete until it is.
 class CFlipFlopPanel : public CPanel
 {
-public:
+  public:
     explicit CFlipFlopPanel(const QString& line = QString());
 
     bool IsIncomplete() const override;

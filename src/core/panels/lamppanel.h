@@ -6,12 +6,12 @@
 // name where the switch shows its port.
 class CLampPanel : public CDigitalPanel
 {
-public:
+  public:
     explicit CLampPanel(const QString& line = QString());
 
     QString GetPortName(int i) const override;
     QString GetComment(int i) const override;
 
-protected:
+  protected:
     int BitmapFor(EPanelKind kind) const override;
 };

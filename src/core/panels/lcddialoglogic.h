@@ -5,8 +5,14 @@
 // What the "LCD Setting" dialog does with an LCD panel's tokens.
 class CLcdDialogLogic
 {
-public:
-    enum EMode { NoMode, Above, Below, Clear };
+  public:
+    enum EMode
+    {
+        NoMode,
+        Above,
+        Below,
+        Clear
+    };
     static constexpr int kMaxText = 16;
 
     explicit CLcdDialogLogic(const QStringList& tokens);

@@ -6,7 +6,7 @@
 // character display, or clears it ("0"), when its input becomes active.
 class CLcdPanel : public CPanel
 {
-public:
+  public:
     explicit CLcdPanel(const QString& line = QString());
 
     QString GetComment(int i) const override;

@@ -9,8 +9,12 @@
 // jump panels' connection id (1 to 99).
 class CNumberDialogLogic
 {
-public:
-    enum EKind { SerialBit, Jump };
+  public:
+    enum EKind
+    {
+        SerialBit,
+        Jump
+    };
 
     // The bit panel starts with its token 1; a jump panel with its id, empty below 1.
     CNumberDialogLogic(EKind kind, const QStringList& tokens, int reference);
@@ -29,7 +33,7 @@ public:
     // Token 1 the number as "%d"; the bit panel's token 2 "L".
     QStringList Tokens() const;
 
-private:
+  private:
     CFieldRange Range() const;
 
     EKind m_kind;

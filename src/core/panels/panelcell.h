@@ -11,7 +11,7 @@
 // panel is a continuation cell of the multi-row panel above it.
 class CPanelCell
 {
-public:
+  public:
     explicit CPanelCell(const QString& line);
     // A cell for a panel already made (and prepared) by the caller.
     explicit CPanelCell(std::unique_ptr<CPanel> panel);
@@ -39,7 +39,7 @@ public:
     bool IsProcess() const { return IsArea(CPanel::AreaProcess); }
     QString GetName() const { return m_panel ? m_panel->GetCaption() : QString(); }
 
-private:
+  private:
     bool IsArea(int area) const { return m_panel && m_panel->GetArea() == area; }
 
     std::unique_ptr<CPanel> m_panel;

@@ -12,7 +12,7 @@ class CPanel;
 // The only place where panels are made from text.
 class CPanelFactory
 {
-public:
+  public:
     // The keyword of a line as the factory recognises it: the first word of its first 254
     // bytes, ended by a blank or TAB only; "" when the line holds no word at all.
     static QString Keyword(const QString& line);

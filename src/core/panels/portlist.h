@@ -17,7 +17,7 @@ struct CPortEntry
 // The board ports a panel may use, in the order the board lists them.
 class CPortList
 {
-public:
+  public:
     void Add(const CPortEntry& entry) { m_entries.append(entry); }
     void Clear() { m_entries.clear(); }
 
@@ -35,6 +35,6 @@ public:
 
     bool operator==(const CPortList&) const = default;
 
-private:
+  private:
     QList<CPortEntry> m_entries;
 };

@@ -28,9 +28,15 @@ QStringList CPulseDialogLogic::Tokens() const
         return {};
     QStringList tokens{QStringLiteral("PULS"), Levels().value(Level), Ports.value(Port)};
     if (Steps == FiveSteps)
-        tokens << "100" << "75" << "50" << "25" << "0";
+        tokens << "100"
+               << "75"
+               << "50"
+               << "25"
+               << "0";
     else
-        tokens << "100" << "50" << "0";
+        tokens << "100"
+               << "50"
+               << "0";
     if (!Name.isEmpty())
         tokens.append(u';' + Name);
     return tokens;

@@ -7,8 +7,13 @@
 // What the "Pulse Setting" dialog does with a PULS panel's tokens.
 class CPulseDialogLogic
 {
-public:
-    enum ESteps { NoSteps, FiveSteps, ThreeSteps };
+  public:
+    enum ESteps
+    {
+        NoSteps,
+        FiveSteps,
+        ThreeSteps
+    };
 
     CPulseDialogLogic(const QStringList& tokens, const CPortList& ports);
 

@@ -1,7 +1,8 @@
 #include "pulsepanel.h"
 
 CPulsePanel::CPulsePanel(const QString& line)
-    : CPanel({.Area = AreaOutput, .BitmapId = 10089, .Sides = "L", .MinTokens = 4, .Keyword = "PULS"})
+    : CPanel(
+          {.Area = AreaOutput, .BitmapId = 10089, .Sides = "L", .MinTokens = 4, .Keyword = "PULS"})
 {
     Init(line);
 }

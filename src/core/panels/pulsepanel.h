@@ -6,7 +6,7 @@
 // one row a level.
 class CPulsePanel : public CPanel
 {
-public:
+  public:
     explicit CPulsePanel(const QString& line = QString());
 
     QString GetPortName(int i) const override;
@@ -17,6 +17,6 @@ public:
     void UpdateCaption() override;
     void AcceptProperties(const QStringList& tokens, int portIndex) override;
 
-private:
+  private:
     int LevelCount() const;
 };

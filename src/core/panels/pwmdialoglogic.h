@@ -8,7 +8,7 @@
 // the board's; a board that gives none leaves the ones every board can do.
 class CPwmDialogLogic
 {
-public:
+  public:
     static constexpr int kDutyFields = 15;
     static constexpr int kDefaultLowFreq = 10;
     static constexpr int kDefaultHighFreq = 81920;

@@ -6,7 +6,7 @@
 // values in percent, one row each.
 class CPwmPanel : public CPanel
 {
-public:
+  public:
     explicit CPwmPanel(const QString& line = QString());
 
     QString GetPortName(int i) const override;

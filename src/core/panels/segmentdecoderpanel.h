@@ -8,7 +8,7 @@
 // It works in the display type of the layout's first seven-segment LED, its variant.
 class CSegmentDecoderPanel : public CPanel
 {
-public:
+  public:
     explicit CSegmentDecoderPanel(const QString& line = QString());
 
     QString GetPortName(int i) const override;

@@ -8,8 +8,13 @@
 // to ten byte values, or bit mode with a bit count.
 class CSerialInDialogLogic
 {
-public:
-    enum EMode { NoMode, Compare, Bit };
+  public:
+    enum EMode
+    {
+        NoMode,
+        Compare,
+        Bit
+    };
     static constexpr int kValueFields = 10;
 
     CSerialInDialogLogic(const QStringList& tokens, const CPortList& ports);

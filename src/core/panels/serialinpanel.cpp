@@ -1,10 +1,14 @@
 #include "serialinpanel.h"
 
-#include "stringtable.h"
 #include "panelvalues.h"
+#include "stringtable.h"
 
 namespace {
-enum { CompareMode = 1, BitMode = 3 };
+enum
+{
+    CompareMode = 1,
+    BitMode = 3
+};
 }
 
 CSerialInPanel::CSerialInPanel(const QString& line)

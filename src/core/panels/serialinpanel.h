@@ -6,7 +6,7 @@
 // byte value it recognises, in bit mode ("B") one row for each of the lower bits.
 class CSerialInPanel : public CPanel
 {
-public:
+  public:
     explicit CSerialInPanel(const QString& line = QString());
 
     QString GetPortName(int i) const override;
@@ -18,6 +18,6 @@ public:
     void UpdateCaption() override;
     void AcceptProperties(const QStringList& tokens, int portIndex) override;
 
-private:
+  private:
     int RowCount() const;
 };

@@ -7,7 +7,7 @@
 // The send panel's "UART Setting" dialog only shows the port and the fixed line settings.
 class CSerialOutDialogLogic
 {
-public:
+  public:
     explicit CSerialOutDialogLogic(const CPortList& ports);
 
     // The fixed settings as label id and value, in the dialog's order.

@@ -1,7 +1,8 @@
 #include "serialoutpanel.h"
 
 CSerialOutPanel::CSerialOutPanel(const QString& line)
-    : CPanel({.Area = AreaOutput, .BitmapId = 10087, .Sides = "L", .MinTokens = 1, .Keyword = "UARO"})
+    : CPanel(
+          {.Area = AreaOutput, .BitmapId = 10087, .Sides = "L", .MinTokens = 1, .Keyword = "UARO"})
 {
     Init(line);
 }

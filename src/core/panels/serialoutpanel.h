@@ -5,7 +5,7 @@
 // The serial send line. Its dialog shows the port and the fixed settings only.
 class CSerialOutPanel : public CPanel
 {
-public:
+  public:
     explicit CSerialOutPanel(const QString& line = QString());
 
     QString GetPortName(int i) const override;

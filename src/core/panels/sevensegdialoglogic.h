@@ -9,7 +9,7 @@
 // port is shown and chosen but, as always, not written into the line.
 class CSevenSegDialogLogic
 {
-public:
+  public:
     struct CType
     {
         int TextId;
@@ -30,7 +30,7 @@ public:
     // Keyword and ";" type token of the mode; empty while no type is chosen.
     QStringList Tokens() const;
 
-private:
+  private:
     QList<CType> m_types;
     int m_mode = 0;
     int m_portIndex = -1;

@@ -22,7 +22,7 @@ int CSevenSegPanel::GetMode() const
     {
         const char16_t* Type;
         int Mode;
-    } kTypes[] = {{u"7SEG_B", 1}, {u"7SEG_S", 3}, {u"7SEG_D", 2},
+    } kTypes[] = {{u"7SEG_B", 1},  {u"7SEG_S", 3},  {u"7SEG_D", 2},
                   {u"7SEG4_B", 4}, {u"7SEG4_S", 6}, {u"7SEG4_D", 5}};
     const QString type = Token(1).mid(1);
     for (const auto& t : kTypes)

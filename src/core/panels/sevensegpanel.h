@@ -6,7 +6,7 @@
 // kept as a comment token, also tells the segment decoders of the layout how to work.
 class CSevenSegPanel : public CPanel
 {
-public:
+  public:
     explicit CSevenSegPanel(const QString& line = QString());
 
     int GetMode() const override;

@@ -8,8 +8,7 @@ namespace {
 constexpr int kModes[] = {1, 2};
 constexpr int kSpeeds[] = {10, 20, 30, 40, 50, 100};
 
-template <std::size_t N>
-int IndexOf(const int (&values)[N], int value)
+template <std::size_t N> int IndexOf(const int (&values)[N], int value)
 {
     for (std::size_t i = 0; i < N; ++i)
         if (values[i] == value)

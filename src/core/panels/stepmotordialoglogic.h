@@ -6,7 +6,7 @@
 // of -1 is a list without a selection.
 class CStepMotorDialogLogic
 {
-public:
+  public:
     explicit CStepMotorDialogLogic(const QStringList& tokens);
 
     // The list texts, in the order the dialog shows them.

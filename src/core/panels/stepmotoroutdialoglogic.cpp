@@ -9,7 +9,8 @@ constexpr CFieldRange kSpeedRange{20, 30000};
 
 } // namespace
 
-CStepMotorOutDialogLogic::CStepMotorOutDialogLogic(const QStringList& tokens, const CPortList& ports)
+CStepMotorOutDialogLogic::CStepMotorOutDialogLogic(const QStringList& tokens,
+                                                   const CPortList& ports)
 {
     for (int i = 0; i < ports.GetCount(); ++i)
         Ports.append(ports.GetAt(i));

@@ -8,7 +8,7 @@
 // list of suggestions that also takes any typed number.
 class CStepMotorOutDialogLogic
 {
-public:
+  public:
     CStepMotorOutDialogLogic(const QStringList& tokens, const CPortList& ports);
 
     static QStringList ModeTexts();

@@ -6,7 +6,7 @@
 // drive mode ("1" 1-2 phase, "2" two-phase excitation) and a speed of 20 to 30000 ms per step.
 class CStepMotorOutPanel : public CPanel
 {
-public:
+  public:
     explicit CStepMotorOutPanel(const QString& line = QString());
 
     QString GetComment(int row) const override;

@@ -6,7 +6,7 @@
 // "2" two-phase excitation) and a speed in ms per step.
 class CStepMotorPanel : public CPanel
 {
-public:
+  public:
     explicit CStepMotorPanel(const QString& line = QString());
 
     bool MakeImage(CPanelImage& image) override;

@@ -8,7 +8,7 @@
 // "Switch Setting" of the switch and the lamp: name, port and active level.
 class CSwitchDialogLogic
 {
-public:
+  public:
     // The switch hands its comment as the first name; the lamp hands none. A name in
     // token 3 wins either way.
     CSwitchDialogLogic(const QStringList& tokens, const CPortList& ports,
@@ -31,7 +31,7 @@ public:
     // Level, port and ";name" written in place into tokens 1 to 3.
     QStringList Tokens() const;
 
-private:
+  private:
     QStringList m_tokens;
     const CPortList& m_ports;
     QString m_name;

@@ -14,7 +14,8 @@ CTimeDialogLogic::CTimeDialogLogic(const QString& text)
 
 CTimeDialogLogic CTimeDialogLogic::ForDelay(const QStringList& tokens)
 {
-    return CTimeDialogLogic(tokens.size() >= 2 ? CTimeText::FromToken(tokens[1]).Text() : QString());
+    return CTimeDialogLogic(tokens.size() >= 2 ? CTimeText::FromToken(tokens[1]).Text()
+                                               : QString());
 }
 
 void CTimeDialogLogic::SetField(EField field, const QString& text)
@@ -47,8 +48,8 @@ bool CTimeDialogLogic::IsOkEnabled() const
         if (!m_fields[f].trimmed().isEmpty() && !Range(EField(f)).Accepts(m_fields[f]))
             return false;
     // 0.05 s is the shortest time the grid can hold.
-    return Value(Hours) != 0 || Value(Minutes) != 0 || Value(Seconds) != 0
-           || Value(Hundredths) >= 5;
+    return Value(Hours) != 0 || Value(Minutes) != 0 || Value(Seconds) != 0 ||
+           Value(Hundredths) >= 5;
 }
 
 int CTimeDialogLogic::WrongField() const

@@ -10,8 +10,15 @@
 // the hundredths count; from 20 minutes on they are forced to "00".
 class CTimeDialogLogic
 {
-public:
-    enum EField { Hours, Minutes, Seconds, Hundredths, FieldCount };
+  public:
+    enum EField
+    {
+        Hours,
+        Minutes,
+        Seconds,
+        Hundredths,
+        FieldCount
+    };
 
     // The text is "HHMMSS.hh" (or with a longer fraction); anything else opens as 0.00 s.
     explicit CTimeDialogLogic(const QString& text);
@@ -40,7 +47,7 @@ public:
     // The delay's tokens after OK: token 1 becomes the time on the 0.05 s grid.
     QStringList DelayTokens(const QStringList& tokens) const;
 
-private:
+  private:
     static CFieldRange Range(EField field);
     int Value(EField field) const;
     void Apply();

@@ -9,7 +9,7 @@
 // "Timer Setting": the kind from a list and the time, typed in the nested "Time Setting".
 class CTimerDialogLogic
 {
-public:
+  public:
     struct CKind
     {
         int TextId;
@@ -37,7 +37,7 @@ public:
     // Keyword, letter, time; empty while OK is disabled.
     QStringList Tokens() const;
 
-private:
+  private:
     int m_kind = 0;
     bool m_hasTime = false;
     CTimeText m_time;

@@ -3,7 +3,8 @@
 #include "stringtable.h"
 
 CTimerPanel::CTimerPanel(const QString& line)
-    : CPanel({.Area = AreaProcess, .BitmapId = 10028, .Sides = "LR", .MinTokens = 3, .Keyword = "TIM"})
+    : CPanel(
+          {.Area = AreaProcess, .BitmapId = 10028, .Sides = "LR", .MinTokens = 3, .Keyword = "TIM"})
 {
     Init(line);
 }
@@ -26,8 +27,9 @@ bool CTimerPanel::EditProperties(IPropertyEditor& editor)
 void CTimerPanel::UpdateCaption()
 {
     const QString kind = KindText(Token(1));
-    SetCaptionParts({kind.isEmpty() ? QString() : CStringTable::Format(Ids::TypeFormat, {kind}),
-                     TokenCount() > 2 ? CStringTable::Format(Ids::TimeFormat, {Token(2)}) : QString()});
+    SetCaptionParts(
+        {kind.isEmpty() ? QString() : CStringTable::Format(Ids::TypeFormat, {kind}),
+         TokenCount() > 2 ? CStringTable::Format(Ids::TimeFormat, {Token(2)}) : QString()});
 }
 
 QString CTimerPanel::KindText(const QString& letter)

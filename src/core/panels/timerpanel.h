@@ -6,7 +6,7 @@
 // "TIM1" with "N" (one-shot) or "R" (retriggerable one-shot), and the time ("1.50S").
 class CTimerPanel : public CPanel
 {
-public:
+  public:
     explicit CTimerPanel(const QString& line = QString());
 
     QString GetPortName(int i) const override;

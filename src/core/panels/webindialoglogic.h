@@ -5,7 +5,7 @@
 // What the "WEB-in Stting" dialog does with a WEBIN panel's tokens.
 class CWebInDialogLogic
 {
-public:
+  public:
     explicit CWebInDialogLogic(const QStringList& tokens);
 
     static QStringList BitCounts();
@@ -17,6 +17,6 @@ public:
     QString Name;
     int BitCount = -1; // index in BitCounts()
 
-private:
+  private:
     QStringList m_tokens;
 };

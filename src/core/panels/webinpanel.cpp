@@ -1,7 +1,7 @@
 #include "webinpanel.h"
 
-#include "stringtable.h"
 #include "panelvalues.h"
+#include "stringtable.h"
 
 CWebInPanel::CWebInPanel(const QString& line)
     : CPanel({.Area = AreaInput,

@@ -5,7 +5,7 @@
 // Signals received over the board's network: one row a bit, 1 to 10 bits.
 class CWebInPanel : public CPanel
 {
-public:
+  public:
     explicit CWebInPanel(const QString& line = QString());
 
     QString GetPortName(int i) const override;
@@ -15,6 +15,6 @@ public:
     void UpdateCaption() override;
     void AcceptProperties(const QStringList& tokens, int portIndex) override;
 
-private:
+  private:
     int BitCount() const;
 };

@@ -6,23 +6,28 @@
 #include <initializer_list>
 #include <span>
 
-enum class ELanguage { English, Japanese };
+enum class ELanguage
+{
+    English,
+    Japanese
+};
 
 // Every user-visible text has a number. Numbers below 60000 and the 594xx block are the
 // resource numbers the texts have always had; texts that never had one start at 61000.
 namespace Ids {
-enum : int {
+enum : int
+{
 #define QUILLON_STRING(name, id, english, japanese) name = id,
 #include "strings.inc"
 #undef QUILLON_STRING
 };
-}
+} // namespace Ids
 
 // The one table of user-visible texts in both languages. The language is chosen once at
 // start-up; everything that shows text asks this table by id.
 class CStringTable
 {
-public:
+  public:
     struct CEntry
     {
         int Id;

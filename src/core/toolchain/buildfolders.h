@@ -5,7 +5,7 @@
 // Where a build works and where its output goes, from the settings' folder names.
 class CBuildFolders
 {
-public:
+  public:
     // programFolder is where the programs are installed. A relative WorkDir lies beside
     // them; when that cannot be written (an installed program), in the user's own data
     // folder instead (on Linux ~/.local/share/Corvel Tools/Quillon/<WorkDir>).

@@ -6,7 +6,7 @@
 // line. Every line shows at once, while the external programs still run.
 class IBuildLog
 {
-public:
+  public:
     virtual ~IBuildLog() = default;
     // Replaces the log by its first line.
     virtual void Start(const QString& line) = 0;

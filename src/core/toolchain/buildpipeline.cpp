@@ -1,14 +1,14 @@
 #include "buildpipeline.h"
 
 #include "boardinfo.h"
-#include "messenger.h"
-#include "settings.h"
 #include "buildfolders.h"
 #include "buildlog.h"
-#include "layoutfile.h"
-#include "panelgrid.h"
 #include "layoutcheck.h"
+#include "layoutfile.h"
+#include "messenger.h"
+#include "panelgrid.h"
 #include "processrunner.h"
+#include "settings.h"
 #include "stringtable.h"
 
 #include <QDir>
@@ -16,14 +16,17 @@
 #include <QFileInfo>
 
 CBuildSettings CBuildSettings::From(const CSettings& settings, const CBoardInfo& board,
-                                   const QString& programFolder)
+                                    const QString& programFolder)
 {
     CBuildSettings build;
     build.WorkFolder = CBuildFolders::WorkFolder(programFolder, settings.GetWorkDir());
-    build.OutputFolder = CBuildFolders::OutputFolder(programFolder, settings.GetProject(), build.WorkFolder);
-    build.ClockSource = settings.GetClockSource() < 0 ? board.GetSystemClock() : settings.GetClockSource();
+    build.OutputFolder =
+        CBuildFolders::OutputFolder(programFolder, settings.GetProject(), build.WorkFolder);
+    build.ClockSource =
+        settings.GetClockSource() < 0 ? board.GetSystemClock() : settings.GetClockSource();
 #ifdef Q_OS_WIN
-    build.Writer.Port = settings.GetWriteCOM() > 0 ? QString::number(settings.GetWriteCOM()) : QString();
+    build.Writer.Port =
+        settings.GetWriteCOM() > 0 ? QString::number(settings.GetWriteCOM()) : QString();
 #else
     // Serial devices have paths here; a COM number means nothing to the writer.
     build.Writer.Port = settings.GetWritePort();
@@ -95,7 +98,8 @@ void CBuildPipeline::CleanWorkFolder() const
                                             "*.loc",  "*.err", "*.hex"};
     QDir work(m_settings.WorkFolder);
     for (const char* pattern : kPatterns)
-        for (const QString& name : work.entryList({QString::fromLatin1(pattern)}, QDir::Files | QDir::Hidden))
+        for (const QString& name :
+             work.entryList({QString::fromLatin1(pattern)}, QDir::Files | QDir::Hidden))
             work.remove(name);
 }
 
@@ -105,8 +109,10 @@ bool CBuildPipeline::Pass1(const QString& layoutPath)
     // Cleaning deletes every *.loc and *.hex of the work folder: never the user's own.
     QDir().mkpath(m_settings.WorkFolder);
     const QString work = QFileInfo(m_settings.WorkFolder).canonicalFilePath();
-    if (work.isEmpty() || work == QFileInfo(QFileInfo(layoutPath).absolutePath()).canonicalFilePath()) {
-        m_log.Append(CStringTable::Format(Ids::LogWorkFolderIsLayoutFolder, {m_settings.WorkFolder}));
+    if (work.isEmpty() ||
+        work == QFileInfo(QFileInfo(layoutPath).absolutePath()).canonicalFilePath()) {
+        m_log.Append(
+            CStringTable::Format(Ids::LogWorkFolderIsLayoutFolder, {m_settings.WorkFolder}));
         m_log.Append(stop);
         return false;
     }
@@ -134,8 +140,9 @@ CCommandLine CBuildPipeline::CompilerCommand() const
 {
     return {m_board.GetFolder() + u'/' + m_board.GetCompilerPanel(),
             {m_locationPath, QStringLiteral("-o"), m_settings.OutputFolder, QStringLiteral("-w"),
-             m_settings.WorkFolder, QStringLiteral("-x"), QString::number(CPanelGrid::GetColumnCount()),
-             QStringLiteral("-y"), QString::number(CPanelGrid::GetRowCount()),
+             m_settings.WorkFolder, QStringLiteral("-x"),
+             QString::number(CPanelGrid::GetColumnCount()), QStringLiteral("-y"),
+             QString::number(CPanelGrid::GetRowCount()),
              QStringLiteral("-c") + QString::number(m_settings.ClockSource + 1)}};
 }
 

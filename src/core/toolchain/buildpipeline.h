@@ -33,7 +33,7 @@ struct CBuildSettings
 // the layout, and after the user's OK writes it into the board's FLASH.
 class CBuildPipeline
 {
-public:
+  public:
     CBuildPipeline(const CPanelGrid& grid, const CBoardInfo& board, const CBuildSettings& settings,
                    IBuildLog& log, IMessenger& messenger, IPortFinder& finder);
 
@@ -60,7 +60,7 @@ public:
     // How often the board writer is asked whether it has ended (tests make it quick).
     void SetWriterPolling(int readings, int intervalMs);
 
-private:
+  private:
     bool RunLogged(const CCommandLine& command, const QString& name);
     bool StopRequested() const;
     void AppendFirstErrorFile();

@@ -45,7 +45,8 @@ CCommandLine CFlashWriter::BoardCommand(const QString& hexPath)
     return command;
 }
 
-CCommandLine CFlashWriter::UserCommand(const QString& writer, const QString& options, const QString& hexPath)
+CCommandLine CFlashWriter::UserCommand(const QString& writer, const QString& options,
+                                       const QString& hexPath)
 {
     // Options without the placeholder are not passed at all: the writer gets its bare path.
     // The options are split before the path goes in, so the path stays one argument.
@@ -77,7 +78,8 @@ bool CFlashWriter::Write(const QString& hexPath, const QString& workFolder)
                                       : runner.Launch(command, workFolder);
     if (!result.Started) {
         // Named by what was started, so the user sees which program is missing.
-        LogStartFailure(m_log, boardWriter ? m_board.GetWriterCommand() : m_settings.Writer, result);
+        LogStartFailure(m_log, boardWriter ? m_board.GetWriterCommand() : m_settings.Writer,
+                        result);
         return false;
     }
     if (m_stop && m_stop->IsRequested())

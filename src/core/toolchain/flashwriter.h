@@ -25,7 +25,7 @@ struct CWriterSettings
 // board names none.
 class CFlashWriter
 {
-public:
+  public:
     CFlashWriter(const CBoardInfo& board, const CWriterSettings& settings, IPortFinder& finder,
                  IBuildLog& log);
 
@@ -40,9 +40,10 @@ public:
 
     // The board writer's command line; empty with the log told why when no port is known.
     CCommandLine BoardCommand(const QString& hexPath);
-    static CCommandLine UserCommand(const QString& writer, const QString& options, const QString& hexPath);
+    static CCommandLine UserCommand(const QString& writer, const QString& options,
+                                    const QString& hexPath);
 
-private:
+  private:
     const CBoardInfo& m_board;
     CWriterSettings m_settings;
     IPortFinder& m_finder;

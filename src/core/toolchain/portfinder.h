@@ -7,7 +7,7 @@
 // Where the FLASH writer finds the board: the text that follows its "/C" option.
 class IPortFinder
 {
-public:
+  public:
     virtual ~IPortFinder() = default;
 
     // The port of the first attached board that announces itself as interfaceName: the COM

@@ -36,12 +36,23 @@ void Forward(QProcess& process, QByteArray& pending, const CProcessRunner::COutp
 
 int CProcessRunner::StartError(const QString& program)
 {
-    const QString found = program.contains(u'/') ? program : QStandardPaths::findExecutable(program);
+    const QString found =
+        program.contains(u'/') ? program : QStandardPaths::findExecutable(program);
     const QFileInfo info(found);
 #ifdef Q_OS_WIN
-    enum { NotFound = 2, Denied = 5, NotAProgram = 193 };
+    enum
+    {
+        NotFound = 2,
+        Denied = 5,
+        NotAProgram = 193
+    };
 #else
-    enum { NotFound = 2, Denied = 13, NotAProgram = 8 };
+    enum
+    {
+        NotFound = 2,
+        Denied = 13,
+        NotAProgram = 8
+    };
 #endif
     if (found.isEmpty() || !info.exists())
         return NotFound;
@@ -58,7 +69,8 @@ int CProcessRunner::StartError(const QString& program)
             const QString interpreter = QString::fromLocal8Bit(line.split(' ').value(0));
             return QFileInfo(interpreter).isExecutable() ? 0 : NotFound;
         }
-        if (!head.startsWith("\x7f" "ELF"))
+        if (!head.startsWith("\x7f"
+                             "ELF"))
             return NotAProgram;
     }
 #endif
@@ -76,7 +88,8 @@ QProcess* CProcessRunner::Start(const CCommandLine& command, const QString& fold
     process->start();
     if (!process->waitForStarted(-1)) {
         result.SystemError = StartError(command.Program);
-        result.SystemReason = result.SystemError ? qt_error_string(result.SystemError) : process->errorString();
+        result.SystemReason =
+            result.SystemError ? qt_error_string(result.SystemError) : process->errorString();
         delete process;
         return nullptr;
     }

@@ -21,7 +21,10 @@ struct CProcessResult
     int SystemError = 0;
     QString SystemReason;
 
-    enum { StillRunning = 259 };
+    enum
+    {
+        StillRunning = 259
+    };
     bool Succeeded() const { return Started && !Crashed && ExitCode == 0; }
 };
 
@@ -29,7 +32,7 @@ struct CProcessResult
 // at once; the steps after it ask IsRequested() and do not begin.
 class CStopRequest
 {
-public:
+  public:
     void Request()
     {
         m_requested = true;
@@ -40,7 +43,7 @@ public:
     // What ends the program that runs now; cleared when it has ended.
     void SetStopRunning(std::function<void()> stop) { m_stopRunning = std::move(stop); }
 
-private:
+  private:
     bool m_requested = false;
     std::function<void()> m_stopRunning;
 };
@@ -49,7 +52,7 @@ private:
 // reaches the sink line by line while it runs, and the window keeps repainting.
 class CProcessRunner
 {
-public:
+  public:
     using COutputSink = std::function<void(const QString& line)>;
 
     explicit CProcessRunner(COutputSink sink = nullptr, CStopRequest* stop = nullptr)
@@ -69,7 +72,7 @@ public:
     // The system's error number for a program that could not be started.
     static int StartError(const QString& program);
 
-private:
+  private:
     QProcess* Start(const CCommandLine& command, const QString& folder, CProcessResult& result);
 
     COutputSink m_sink;

@@ -9,7 +9,7 @@
 // needs. A key is a plain handle; whoever opened it closes it again.
 class IRegistry
 {
-public:
+  public:
     using Key = quintptr;
 
     virtual ~IRegistry() = default;

@@ -10,14 +10,14 @@
 // "/C" option wants it.
 class CRegistryPortFinder : public IPortFinder
 {
-public:
+  public:
     explicit CRegistryPortFinder(std::unique_ptr<IRegistry> registry);
 
     // The COM number in decimal; "" when the search finds nothing or a number below 1,
     // which names no port.
     QString FindBoardPort(const QString& interfaceName) override;
 
-private:
+  private:
     std::unique_ptr<IRegistry> m_registry;
     CSerenumPortFinder m_finder;
 };

@@ -12,8 +12,7 @@ int CSerenumPortFinder::FindBoardComPort(const QString& interfaceName) const
     return port;
 }
 
-int CSerenumPortFinder::SearchDevices(IRegistry::Key enumerator,
-                                      const QString& interfaceName) const
+int CSerenumPortFinder::SearchDevices(IRegistry::Key enumerator, const QString& interfaceName) const
 {
     const auto count = m_registry.ReadNumber(enumerator, QStringLiteral("count"));
     if (!count)
@@ -30,17 +29,15 @@ int CSerenumPortFinder::SearchDevices(IRegistry::Key enumerator,
         const auto description = ReadKeyText(instancePath, QStringLiteral("DeviceDesc"));
         if (!description || *description != interfaceName)
             continue;
-        const auto portName =
-            ReadKeyText(instancePath + QStringLiteral("\\Device Parameters"),
-                        QStringLiteral("PortName"));
+        const auto portName = ReadKeyText(instancePath + QStringLiteral("\\Device Parameters"),
+                                          QStringLiteral("PortName"));
         if (portName && portName->startsWith(QStringLiteral("COM")))
             return LeadingInt(portName->mid(3));
     }
     return 0;
 }
 
-std::optional<QString> CSerenumPortFinder::ReadText(IRegistry::Key key,
-                                                    const QString& name) const
+std::optional<QString> CSerenumPortFinder::ReadText(IRegistry::Key key, const QString& name) const
 {
     auto text = m_registry.ReadText(key, name);
     if (text && text->size() > kMaxTextLength)

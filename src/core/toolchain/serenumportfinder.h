@@ -9,9 +9,10 @@
 // is opened.
 class CSerenumPortFinder
 {
-public:
+  public:
     // The enumerator's list of device instances, and where each instance is described.
-    static constexpr const char* kEnumeratorPath = "SYSTEM\\CurrentControlSet\\Services\\serenum\\Enum";
+    static constexpr const char* kEnumeratorPath =
+        "SYSTEM\\CurrentControlSet\\Services\\serenum\\Enum";
     static constexpr const char* kInstancePath = "SYSTEM\\CurrentControlSet\\Enum\\";
     // Indices 0 to 19 are visited, never more, whatever the count says.
     static constexpr int kMaxIndices = 20;
@@ -28,7 +29,7 @@ public:
     // 0 when no device matches or the enumerator's key or count cannot be read.
     int FindBoardComPort(const QString& interfaceName) const;
 
-private:
+  private:
     int SearchDevices(IRegistry::Key enumerator, const QString& interfaceName) const;
     std::optional<QString> ReadText(IRegistry::Key key, const QString& name) const;
     std::optional<QString> ReadKeyText(const QString& path, const QString& name) const;

@@ -11,7 +11,7 @@
 // and answers the port's device path (/dev/ttyACM0).
 class CSerialDevicePortFinder : public IPortFinder
 {
-public:
+  public:
     // What the system tells about one serial port.
     struct CDevice
     {
@@ -31,6 +31,6 @@ public:
 
     static QList<CDevice> SystemDevices();
 
-private:
+  private:
     CDeviceLister m_lister;
 };

@@ -45,8 +45,8 @@ std::optional<quint32> CWindowsRegistry::ReadNumber(Key key, const QString& name
     DWORD value = 0;
     DWORD size = sizeof(value);
     if (RegQueryValueExW(ToHandle(key), Wide(name), nullptr, &type,
-                         reinterpret_cast<LPBYTE>(&value), &size) != ERROR_SUCCESS
-        || type != REG_DWORD || size != sizeof(value))
+                         reinterpret_cast<LPBYTE>(&value), &size) != ERROR_SUCCESS ||
+        type != REG_DWORD || size != sizeof(value))
         return std::nullopt;
     return quint32(value);
 }
@@ -55,17 +55,17 @@ std::optional<QString> CWindowsRegistry::ReadText(Key key, const QString& name)
 {
     DWORD type = 0;
     DWORD size = 0;
-    if (RegQueryValueExW(ToHandle(key), Wide(name), nullptr, &type, nullptr, &size)
-            != ERROR_SUCCESS
-        || !IsText(type))
+    if (RegQueryValueExW(ToHandle(key), Wide(name), nullptr, &type, nullptr, &size) !=
+            ERROR_SUCCESS ||
+        !IsText(type))
         return std::nullopt;
     // A stored text need not end with its terminator, and its byte count may be odd: round
     // up and keep one spare character. A value that grew since the first query fails.
     std::vector<wchar_t> buffer((size + sizeof(wchar_t) - 1) / sizeof(wchar_t) + 1, L'\0');
     size = DWORD((buffer.size() - 1) * sizeof(wchar_t));
     if (RegQueryValueExW(ToHandle(key), Wide(name), nullptr, &type,
-                         reinterpret_cast<LPBYTE>(buffer.data()), &size) != ERROR_SUCCESS
-        || !IsText(type))
+                         reinterpret_cast<LPBYTE>(buffer.data()), &size) != ERROR_SUCCESS ||
+        !IsText(type))
         return std::nullopt;
     const auto end = buffer.begin() + size / sizeof(wchar_t);
     const auto terminator = std::find(buffer.begin(), end, L'\0');

@@ -5,7 +5,7 @@
 // The system registry through the Win32 API, read access only.
 class CWindowsRegistry : public IRegistry
 {
-public:
+  public:
     std::optional<Key> OpenKey(const QString& path) override;
     // Only REG_DWORD values are numbers.
     std::optional<quint32> ReadNumber(Key key, const QString& name) override;

@@ -23,9 +23,10 @@ CWriterOptionLogic::CWriterOptionLogic(const CSettings& settings,
     } else {
         Ports.append({CStringTable::Get(Ids::WriterAutoselect), QString()});
         for (const CSerialDevicePortFinder::CDevice& device : devices) {
-            const QString text = device.Description.isEmpty()
-                                     ? device.SystemLocation
-                                     : device.SystemLocation + QStringLiteral(" (") + device.Description + u')';
+            const QString text =
+                device.Description.isEmpty()
+                    ? device.SystemLocation
+                    : device.SystemLocation + QStringLiteral(" (") + device.Description + u')';
             Ports.append({text, device.SystemLocation});
         }
         // A port chosen earlier stays on offer while its board is unplugged.

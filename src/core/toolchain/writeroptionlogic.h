@@ -13,15 +13,15 @@ class CSettings;
 // named by path (WritePort).
 class CWriterOptionLogic
 {
-public:
+  public:
     struct CItem
     {
         QString Text;
         QString Value; // the COM number or the device path; "" or "0" is Autoselect
     };
 
-    CWriterOptionLogic(const CSettings& settings, const QList<CSerialDevicePortFinder::CDevice>& devices,
-                       bool comNumbers);
+    CWriterOptionLogic(const CSettings& settings,
+                       const QList<CSerialDevicePortFinder::CDevice>& devices, bool comNumbers);
 
     static QStringList WaitTexts() { return {"1", "2", "3", "4", "5"}; }
 
@@ -32,6 +32,6 @@ public:
     int Port = -1;
     int Wait = -1; // index in WaitTexts()
 
-private:
+  private:
     bool m_comNumbers;
 };

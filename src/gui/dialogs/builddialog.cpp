@@ -13,7 +13,8 @@
 #include <QVBoxLayout>
 
 CBuildDialog::CBuildDialog(CBuild build, IMessenger& messenger, QWidget* parent)
-    : QDialog(parent), m_build(std::move(build)), m_messenger(messenger), m_log(new QPlainTextEdit(this))
+    : QDialog(parent), m_build(std::move(build)), m_messenger(messenger),
+      m_log(new QPlainTextEdit(this))
 {
     setWindowTitle(CStringTable::Get(Ids::DlgBuildTitle));
     m_log->setReadOnly(true);
@@ -65,8 +66,8 @@ void CBuildDialog::reject()
     // The programs run inside this dialog's event loop: hiding it now would let the main
     // window start a second build into the same work folder.
     if (!m_stop.IsRequested() &&
-        m_messenger.Message(CStringTable::Get(Ids::MsgStopBuild), EButtons::YesNo, EIcon::Question) ==
-            EAnswer::Yes)
+        m_messenger.Message(CStringTable::Get(Ids::MsgStopBuild), EButtons::YesNo,
+                            EIcon::Question) == EAnswer::Yes)
         m_stop.Request();
 }
 

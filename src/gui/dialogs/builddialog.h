@@ -21,7 +21,7 @@ class CBuildDialog : public QDialog, public IBuildLog
 {
     Q_OBJECT
 
-public:
+  public:
     using CBuild = std::function<bool(IBuildLog& log, CStopRequest& stop)>;
     CBuildDialog(CBuild build, IMessenger& messenger, QWidget* parent = nullptr);
 
@@ -34,7 +34,7 @@ public:
 
     void reject() override;
 
-private:
+  private:
     void RunBuild();
     void ShowNow();
 

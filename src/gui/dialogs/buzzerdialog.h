@@ -8,13 +8,13 @@ class CBuzzerDialog : public CPropertyDialog
 {
     Q_OBJECT
 
-public:
+  public:
     CBuzzerDialog(CPanel& panel, QWidget* parent);
     static bool Run(CPanel& panel, QWidget* parent);
 
-protected:
+  protected:
     bool Commit() override;
 
-private:
+  private:
     CBuzzerDialogLogic m_logic;
 };

@@ -10,14 +10,14 @@ class CCounterDialog : public CPropertyDialog
 {
     Q_OBJECT
 
-public:
+  public:
     CCounterDialog(CPanel& panel, QWidget* parent);
     static bool Run(CPanel& panel, QWidget* parent);
 
-protected:
+  protected:
     bool Commit() override;
 
-private:
+  private:
     void Refresh();
 
     CCounterDialogLogic m_logic;

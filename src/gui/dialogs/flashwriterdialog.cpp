@@ -37,8 +37,10 @@ CFlashWriterDialog::CFlashWriterDialog(const CSettings& settings, QWidget* paren
     m_program->setMinimumWidth(320);
 
     auto* buttons = new QDialogButtonBox(this);
-    buttons->addButton(CStringTable::Get(Ids::BtnOk), QDialogButtonBox::AcceptRole)->setObjectName("ok");
-    buttons->addButton(CStringTable::Get(Ids::BtnCancel), QDialogButtonBox::RejectRole)->setObjectName("cancel");
+    buttons->addButton(CStringTable::Get(Ids::BtnOk), QDialogButtonBox::AcceptRole)
+        ->setObjectName("ok");
+    buttons->addButton(CStringTable::Get(Ids::BtnCancel), QDialogButtonBox::RejectRole)
+        ->setObjectName("cancel");
     connect(buttons, &QDialogButtonBox::accepted, this, &QDialog::accept);
     connect(buttons, &QDialogButtonBox::rejected, this, &QDialog::reject);
     layout->addWidget(buttons);

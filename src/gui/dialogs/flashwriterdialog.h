@@ -9,11 +9,11 @@ class QLineEdit;
 // "%hex%" stands for the HEX file.
 class CFlashWriterDialog : public QDialog
 {
-public:
+  public:
     // On OK stores Writer and WriterOptions and saves the settings.
     static bool Run(CSettings& settings, QWidget* parent);
 
-private:
+  private:
     CFlashWriterDialog(const CSettings& settings, QWidget* parent);
     void Browse();
 

@@ -8,13 +8,13 @@ class CFlipFlopDialog : public CPropertyDialog
 {
     Q_OBJECT
 
-public:
+  public:
     CFlipFlopDialog(CPanel& panel, QWidget* parent);
     static bool Run(CPanel& panel, QWidget* parent);
 
-protected:
+  protected:
     bool Commit() override;
 
-private:
+  private:
     CFlipFlopDialogLogic m_logic;
 };

@@ -7,10 +7,10 @@ class QWidget;
 // The model's messages and questions as message boxes over the main window.
 class CMessageBoxMessenger : public IMessenger
 {
-public:
+  public:
     void SetParent(QWidget* parent) { m_parent = parent; }
     EAnswer Message(const QString& text, EButtons buttons, EIcon icon) override;
 
-private:
+  private:
     QWidget* m_parent = nullptr;
 };

@@ -8,13 +8,13 @@ class CNumberDialog : public CPropertyDialog
 {
     Q_OBJECT
 
-public:
+  public:
     CNumberDialog(CPanel& panel, CNumberDialogLogic::EKind kind, QWidget* parent);
     static bool Run(CPanel& panel, CNumberDialogLogic::EKind kind, QWidget* parent);
 
-protected:
+  protected:
     bool Commit() override;
 
-private:
+  private:
     CNumberDialogLogic m_logic;
 };

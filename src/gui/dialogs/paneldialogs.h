@@ -9,7 +9,7 @@ class QWidget;
 // CPanel::AcceptProperties on OK.
 class CPanelDialogs : public IPropertyEditor
 {
-public:
+  public:
     explicit CPanelDialogs(QWidget* parent = nullptr) : m_parent(parent) {}
     void SetParent(QWidget* parent) { m_parent = parent; }
 
@@ -18,6 +18,6 @@ public:
     // "Property Settings.(" + name + ")", the title every property dialog shows.
     static QString TitleFor(const CPanel& panel);
 
-private:
+  private:
     QWidget* m_parent;
 };

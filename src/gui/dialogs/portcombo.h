@@ -10,6 +10,6 @@ class CPortCombo : public QComboBox
 {
     Q_OBJECT
 
-public:
+  public:
     CPortCombo(const CPortList& ports, int selected, QWidget* parent);
 };

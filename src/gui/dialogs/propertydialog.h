@@ -18,10 +18,10 @@ class CPropertyDialog : public QDialog
 {
     Q_OBJECT
 
-public:
+  public:
     void accept() override;
 
-protected:
+  protected:
     // title "" keeps the window title empty for the caller to set.
     CPropertyDialog(CPanel* panel, const QString& title, QWidget* parent);
 
@@ -44,7 +44,7 @@ protected:
 
     CPanel* m_panel;
 
-private:
+  private:
     QFormLayout* m_form;
     QPushButton* m_ok;
 };

@@ -8,13 +8,13 @@ class CSevenSegDialog : public CPropertyDialog
 {
     Q_OBJECT
 
-public:
+  public:
     CSevenSegDialog(CPanel& panel, QWidget* parent);
     static bool Run(CPanel& panel, QWidget* parent);
 
-protected:
+  protected:
     bool Commit() override;
 
-private:
+  private:
     CSevenSegDialogLogic m_logic;
 };

@@ -12,14 +12,14 @@ class CSwitchDialog : public CPropertyDialog
 {
     Q_OBJECT
 
-public:
+  public:
     CSwitchDialog(CPanel& panel, QWidget* parent);
     static bool Run(CPanel& panel, QWidget* parent);
 
-protected:
+  protected:
     bool Commit() override;
 
-private:
+  private:
     void Refresh();
 
     CSwitchDialogLogic m_logic;

@@ -49,8 +49,10 @@ CTargetDialog::CTargetDialog(const CBoardInfo& inUse, const CSettings& settings,
     m_maskLabel = addRow(Ids::LblNetMask, m_mask);
 
     auto* buttons = new QDialogButtonBox(this);
-    buttons->addButton(CStringTable::Get(Ids::BtnOk), QDialogButtonBox::AcceptRole)->setObjectName("ok");
-    buttons->addButton(CStringTable::Get(Ids::BtnCancel), QDialogButtonBox::RejectRole)->setObjectName("cancel");
+    buttons->addButton(CStringTable::Get(Ids::BtnOk), QDialogButtonBox::AcceptRole)
+        ->setObjectName("ok");
+    buttons->addButton(CStringTable::Get(Ids::BtnCancel), QDialogButtonBox::RejectRole)
+        ->setObjectName("cancel");
     connect(buttons, &QDialogButtonBox::accepted, this, &QDialog::accept);
     connect(buttons, &QDialogButtonBox::rejected, this, &QDialog::reject);
     layout->addWidget(buttons);
@@ -58,7 +60,8 @@ CTargetDialog::CTargetDialog(const CBoardInfo& inUse, const CSettings& settings,
     m_target->setCurrentIndex(m_logic.Target);
     ShowLogic();
     connect(m_target, &QComboBox::currentIndexChanged, this, &CTargetDialog::TargetChosen);
-    connect(m_clock, &QComboBox::currentIndexChanged, this, [this](int index) { m_logic.Clock = index; });
+    connect(m_clock, &QComboBox::currentIndexChanged, this,
+            [this](int index) { m_logic.Clock = index; });
 }
 
 void CTargetDialog::ShowLogic()
@@ -87,10 +90,9 @@ bool CTargetDialog::Run(const CBoardInfo& inUse, CSettings& settings, const QStr
     CTargetSettingsLogic& logic = dialog.m_logic;
     CTargetSettingsLogic::ReadAddress(dialog.m_address->text(), logic.IPAddress);
     CTargetSettingsLogic::ReadAddress(dialog.m_mask->text(), logic.IPMask);
-    const bool keep = logic.ChangesBoard()
-                      && messenger.Message(CStringTable::Get(Ids::MsgRestartForTarget), EButtons::YesNo,
-                                           EIcon::Question)
-                             == EAnswer::Yes;
+    const bool keep =
+        logic.ChangesBoard() && messenger.Message(CStringTable::Get(Ids::MsgRestartForTarget),
+                                                  EButtons::YesNo, EIcon::Question) == EAnswer::Yes;
     logic.Apply(settings, keep);
     settings.Save();
     return true;

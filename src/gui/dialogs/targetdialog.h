@@ -14,12 +14,12 @@ class QLineEdit;
 // "Target CPU Setting": the board, its clock source and its network addresses.
 class CTargetDialog : public QDialog
 {
-public:
+  public:
     // On OK asks through messenger before storing another board, then saves the settings.
     static bool Run(const CBoardInfo& inUse, CSettings& settings, const QString& targetFolder,
                     IMessenger& messenger, QWidget* parent);
 
-private:
+  private:
     CTargetDialog(const CBoardInfo& inUse, const CSettings& settings, const QString& targetFolder,
                   QWidget* parent);
     void ShowLogic();

@@ -10,7 +10,7 @@ class CTimeDialog : public CPropertyDialog
 {
     Q_OBJECT
 
-public:
+  public:
     // The delay's dialog, on its time token; OK writes the token back.
     CTimeDialog(CPanel& panel, QWidget* parent);
     // The timer's nested dialog on a "HHMMSS.hh" text; OK leaves the result in Text().
@@ -19,10 +19,10 @@ public:
 
     QString Text() const { return m_logic.Text(); }
 
-protected:
+  protected:
     bool Commit() override;
 
-private:
+  private:
     void Build();
     void Refresh();
 

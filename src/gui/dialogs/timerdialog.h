@@ -10,14 +10,14 @@ class CTimerDialog : public CPropertyDialog
 {
     Q_OBJECT
 
-public:
+  public:
     CTimerDialog(CPanel& panel, QWidget* parent);
     static bool Run(CPanel& panel, QWidget* parent);
 
-protected:
+  protected:
     bool Commit() override;
 
-private:
+  private:
     void EditTime();
     void Refresh();
 

@@ -1,7 +1,7 @@
 #include "usedportdialog.h"
 
-#include "usedportlist.h"
 #include "stringtable.h"
+#include "usedportlist.h"
 
 #include <QDialogButtonBox>
 #include <QHeaderView>
@@ -19,8 +19,8 @@ struct CColumn
 };
 
 constexpr CColumn kColumns[] = {
-    {Ids::ColIo, Qt::AlignHCenter, 30},    {Ids::ColLocation, Qt::AlignRight, 50},
-    {Ids::ColType, Qt::AlignLeft, 80},     {Ids::ColName, Qt::AlignLeft, 100},
+    {Ids::ColIo, Qt::AlignHCenter, 30},     {Ids::ColLocation, Qt::AlignRight, 50},
+    {Ids::ColType, Qt::AlignLeft, 80},      {Ids::ColName, Qt::AlignLeft, 100},
     {Ids::ColAssigned, Qt::AlignLeft, 200},
 };
 
@@ -47,13 +47,15 @@ CUsedPortDialog::CUsedPortDialog(const CPanelGrid& grid, QWidget* parent) : QDia
     for (int c = 0; c < int(std::size(kColumns)); ++c)
         m_list->setColumnWidth(c, kColumns[c].Width);
     for (const CUsedPortList::CRow& row : CUsedPortList::Rows(grid)) {
-        auto* item = new QTreeWidgetItem(m_list, {row.Io, row.Location, row.Type, row.Name, row.Assigned});
+        auto* item =
+            new QTreeWidgetItem(m_list, {row.Io, row.Location, row.Type, row.Name, row.Assigned});
         for (int c = 0; c < int(std::size(kColumns)); ++c)
             item->setTextAlignment(c, kColumns[c].Alignment | Qt::AlignVCenter);
     }
     layout->addWidget(m_list);
     auto* buttons = new QDialogButtonBox(this);
-    buttons->addButton(CStringTable::Get(Ids::BtnClose), QDialogButtonBox::RejectRole)->setObjectName("close");
+    buttons->addButton(CStringTable::Get(Ids::BtnClose), QDialogButtonBox::RejectRole)
+        ->setObjectName("close");
     connect(buttons, &QDialogButtonBox::rejected, this, &QDialog::reject);
     layout->addWidget(buttons);
     resize(500, 360);

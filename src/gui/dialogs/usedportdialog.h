@@ -8,11 +8,11 @@ class QTreeWidget;
 // "List of Used Port": which input and output panels are placed and on which ports. Read only.
 class CUsedPortDialog : public QDialog
 {
-public:
+  public:
     CUsedPortDialog(const CPanelGrid& grid, QWidget* parent);
 
     static void Run(const CPanelGrid& grid, QWidget* parent);
 
-private:
+  private:
     QTreeWidget* m_list;
 };

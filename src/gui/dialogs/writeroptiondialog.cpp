@@ -1,7 +1,7 @@
 #include "writeroptiondialog.h"
 
-#include "settings.h"
 #include "flashwriterdialog.h"
+#include "settings.h"
 #include "stringtable.h"
 
 #include <QComboBox>
@@ -39,7 +39,8 @@ CWriterOptionDialog::CWriterOptionDialog(CSettings& settings,
     m_wait->setObjectName("wait");
     m_wait->addItems(CWriterOptionLogic::WaitTexts());
     m_wait->setCurrentIndex(m_logic.Wait);
-    auto* portLabel = new QLabel(CStringTable::Get(kComNumbers ? Ids::LblWriterPort : Ids::LblWriterSerialPort), this);
+    auto* portLabel = new QLabel(
+        CStringTable::Get(kComNumbers ? Ids::LblWriterPort : Ids::LblWriterSerialPort), this);
     portLabel->setBuddy(m_port);
     form->addRow(portLabel, m_port);
     auto* waitLabel = new QLabel(CStringTable::Get(Ids::LblWriterWait), this);
@@ -49,12 +50,15 @@ CWriterOptionDialog::CWriterOptionDialog(CSettings& settings,
     auto* own = new QPushButton(CStringTable::Get(Ids::BtnFlashWriterSettings), this);
     own->setObjectName("flashWriter");
     own->setAutoDefault(false);
-    connect(own, &QPushButton::clicked, this, [this] { CFlashWriterDialog::Run(m_settings, this); });
+    connect(own, &QPushButton::clicked, this,
+            [this] { CFlashWriterDialog::Run(m_settings, this); });
     layout->addWidget(own);
 
     auto* buttons = new QDialogButtonBox(this);
-    buttons->addButton(CStringTable::Get(Ids::BtnOk), QDialogButtonBox::AcceptRole)->setObjectName("ok");
-    buttons->addButton(CStringTable::Get(Ids::BtnCancel), QDialogButtonBox::RejectRole)->setObjectName("cancel");
+    buttons->addButton(CStringTable::Get(Ids::BtnOk), QDialogButtonBox::AcceptRole)
+        ->setObjectName("ok");
+    buttons->addButton(CStringTable::Get(Ids::BtnCancel), QDialogButtonBox::RejectRole)
+        ->setObjectName("cancel");
     connect(buttons, &QDialogButtonBox::accepted, this, &QDialog::accept);
     connect(buttons, &QDialogButtonBox::rejected, this, &QDialog::reject);
     layout->addWidget(buttons);
@@ -62,11 +66,14 @@ CWriterOptionDialog::CWriterOptionDialog(CSettings& settings,
 
 bool CWriterOptionDialog::Run(CSettings& settings, QWidget* parent)
 {
-    return Run(settings, kComNumbers ? QList<CSerialDevicePortFinder::CDevice>() : CSerialDevicePortFinder::SystemDevices(),
+    return Run(settings,
+               kComNumbers ? QList<CSerialDevicePortFinder::CDevice>()
+                           : CSerialDevicePortFinder::SystemDevices(),
                parent);
 }
 
-bool CWriterOptionDialog::Run(CSettings& settings, const QList<CSerialDevicePortFinder::CDevice>& devices,
+bool CWriterOptionDialog::Run(CSettings& settings,
+                              const QList<CSerialDevicePortFinder::CDevice>& devices,
                               QWidget* parent)
 {
     CWriterOptionDialog dialog(settings, devices, parent);

@@ -11,13 +11,13 @@ class QComboBox;
 // button opens "Flash Writer Settings" for a writer of the user's own.
 class CWriterOptionDialog : public QDialog
 {
-public:
+  public:
     // Without devices the system's serial ports are listed.
     static bool Run(CSettings& settings, QWidget* parent);
     static bool Run(CSettings& settings, const QList<CSerialDevicePortFinder::CDevice>& devices,
                     QWidget* parent);
 
-private:
+  private:
     CWriterOptionDialog(CSettings& settings, const QList<CSerialDevicePortFinder::CDevice>& devices,
                         QWidget* parent);
 

@@ -1,10 +1,10 @@
 #include "panelbar.h"
 
 #include "paletteinfo.h"
+#include "panel.h"
 #include "panelcell.h"
 #include "panelchooser.h"
 #include "panelgrid.h"
-#include "panel.h"
 #include "panelpainter.h"
 
 #include <QListWidget>
@@ -29,7 +29,8 @@ QIcon PictureOf(CPanel& prototype)
     painter.setRenderHint(QPainter::Antialiasing);
     if (!image.Items.isEmpty()) {
         CPanelImageItem first = image.Items.first();
-        first.BitmapId = prototype.GetArea() == CPanel::AreaProcess ? first.BitmapId : prototype.GetBitmapId();
+        first.BitmapId =
+            prototype.GetArea() == CPanel::AreaProcess ? first.BitmapId : prototype.GetBitmapId();
         CPanelPainter::DrawItem(painter, QRectF(0, 0, width, height), first);
     }
     return QIcon(pixmap);
@@ -38,14 +39,17 @@ QIcon PictureOf(CPanel& prototype)
 // A list whose drags carry the entry's definition line and area.
 class CEntryList : public QListWidget
 {
-public:
+  public:
     CEntryList(const QList<const CPaletteEntry*>& entries, QWidget* parent)
         : QListWidget(parent), m_entries(entries)
     {
     }
 
-protected:
-    QStringList mimeTypes() const override { return {QString::fromLatin1(IPanelChooser::kMimeType)}; }
+  protected:
+    QStringList mimeTypes() const override
+    {
+        return {QString::fromLatin1(IPanelChooser::kMimeType)};
+    }
 
     QMimeData* mimeData(const QList<QListWidgetItem*>& items) const override
     {
@@ -56,12 +60,13 @@ protected:
             return nullptr;
         auto* data = new QMimeData;
         const CPanel& prototype = *entry->GetPrototype();
-        data->setData(QString::fromLatin1(IPanelChooser::kMimeType),
-                      (QString::number(prototype.GetArea()) + u'\n' + prototype.GetLine()).toUtf8());
+        data->setData(
+            QString::fromLatin1(IPanelChooser::kMimeType),
+            (QString::number(prototype.GetArea()) + u'\n' + prototype.GetLine()).toUtf8());
         return data;
     }
 
-private:
+  private:
     const QList<const CPaletteEntry*>& m_entries;
 };
 
@@ -133,8 +138,8 @@ void CPanelBar::Refresh(const CPanelGrid& grid)
         for (int i = 0; i < list->count(); ++i) {
             QListWidgetItem* item = list->item(i);
             const CPaletteEntry* entry = EntryOf(item);
-            const bool usable = entry && entry->GetPrototype() &&
-                                grid.CanUse(entry->GetPrototype()->GetBitmapId());
+            const bool usable =
+                entry && entry->GetPrototype() && grid.CanUse(entry->GetPrototype()->GetBitmapId());
             item->setFlags(usable ? Qt::ItemIsEnabled | Qt::ItemIsSelectable | Qt::ItemIsDragEnabled
                                   : Qt::NoItemFlags);
             if (!usable && item->isSelected())

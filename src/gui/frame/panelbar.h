@@ -16,7 +16,7 @@ class CPanelBar : public QDockWidget
 {
     Q_OBJECT
 
-public:
+  public:
     CPanelBar(const QString& title, const CPaletteInfo& palette, QWidget* parent = nullptr);
 
     // The chosen entry, or null.
@@ -26,11 +26,11 @@ public:
     // entry that is used up is no longer chosen.
     void Refresh(const CPanelGrid& grid);
 
-Q_SIGNALS:
+  Q_SIGNALS:
     // An entry was chosen here; the frame clears the other bar's choice.
     void EntryChosen();
 
-private:
+  private:
     void Fill(const CPaletteInfo& palette);
     const CPaletteEntry* EntryOf(const QListWidgetItem* item) const;
 
