@@ -67,6 +67,8 @@ const CText kEveryFamily[] = {
     "type:duty2=50|type:duty3=0|type:frequency=9|ok=off|type:frequency=100x|"
     "selected:frequency=100x|type:frequency=500|type:duty4=101|ok=off|type:duty4=|"
     "=record=PWM \t500Hz,100,50,0",
+    "PwmRangeIsTheBoards|PWM|PB1|note=(Available 31 to 62500)|type:duty0=20|type:frequency=30|"
+    "ok=off|type:frequency=31|=record=PWM \t31Hz,20",
     // The line keeps no port (the build takes the palette's); the panel keeps the choice.
     "PwmWithSeveralPortsKeepsTheChosenOne|PWM\t500Hz,50|PB1,PB2,PB3|index:port=-1|ok=off|"
     "down:port=2|shows:port=PB2|=record=PWM \t500Hz,50|=port=1",
@@ -79,17 +81,6 @@ const CText kEveryFamily[] = {
 TEST_F(PropertyDialogs, EveryFamily)
 {
     Run(kEveryFamily);
-}
-
-const CText kBoardsPwmRange[] = {
-    "BoardsLowest|PWM|PB1|note=(Available 31 to 62500)|type:duty0=20|type:frequency=30|ok=off|"
-    "type:frequency=31|=record=PWM \t31Hz,20",
-};
-
-TEST_F(PropertyDialogs, PwmRangeIsTheBoards)
-{
-    CPwmDialog::SetFrequencyLimits(31, 62500);
-    Run(kBoardsPwmRange);
 }
 
 TEST(UsedPortDialog, ListsInputsThenOutputsInEitherLanguage)

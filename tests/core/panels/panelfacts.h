@@ -35,25 +35,25 @@ inline CPortList Ports(const QStringList& names)
 inline QString Fact(CPanel& panel, const QString& key, const QString& value)
 {
     static const std::map<QString, std::function<QVariant(CPanel&)>> kFacts = {
-        {"turn", [](CPanel& p) { return p.Rotate(); }},
-        {"bitmap", [](CPanel& p) { return p.GetBitmapId(); }},
-        {"sides", [](CPanel& p) { return p.GetSides(); }},
-        {"mode", [](CPanel& p) { return p.GetMode(); }},
-        {"items", [](CPanel& p) { return p.GetItemCount(); }},
-        {"incomplete", [](CPanel& p) { return p.IsIncomplete(); }},
-        {"caption", [](CPanel& p) { return p.GetCaption(); }},
-        {"line", [](CPanel& p) { return p.GetLine(); }},
-        {"comment", [](CPanel& p) { return p.GetLineComment(); }},
-        {"trailing", [](CPanel& p) { return p.GetTrailingComment(); }},
-        {"text", [](CPanel& p) { return p.GetText(); }},
+        {"turn", &CPanel::Rotate},
+        {"bitmap", &CPanel::GetBitmapId},
+        {"sides", &CPanel::GetSides},
+        {"mode", &CPanel::GetMode},
+        {"items", &CPanel::GetItemCount},
+        {"incomplete", &CPanel::IsIncomplete},
+        {"caption", &CPanel::GetCaption},
+        {"line", &CPanel::GetLine},
+        {"comment", &CPanel::GetLineComment},
+        {"trailing", &CPanel::GetTrailingComment},
+        {"text", &CPanel::GetText},
         {"tokens", [](CPanel& p) { return p.GetTokens().join(u','); }},
-        {"port", [](CPanel& p) { return p.GetPortIndex(); }},
-        {"porttext", [](CPanel& p) { return p.GetPortText(); }},
-        {"ref", [](CPanel& p) { return p.GetReference(); }},
-        {"variant", [](CPanel& p) { return p.GetVariant(); }},
-        {"rotates", [](CPanel& p) { return p.CanRotate(); }},
-        {"weight", [](CPanel& p) { return p.GetWeight(); }},
-        {"needsproperties", [](CPanel& p) { return p.NeedsProperties(); }},
+        {"port", &CPanel::GetPortIndex},
+        {"porttext", &CPanel::GetPortText},
+        {"ref", &CPanel::GetReference},
+        {"variant", &CPanel::GetVariant},
+        {"rotates", &CPanel::CanRotate},
+        {"weight", &CPanel::GetWeight},
+        {"needsproperties", &CPanel::NeedsProperties},
         // the line as written reads back as the same line
         {"rereads", [](CPanel& p) { return MakePanel(p.GetLine())->GetLine() == p.GetLine(); }},
     };
@@ -139,11 +139,7 @@ template <class Logic> QString Saved(const Logic& logic)
 }
 
 // A field of a dialog's logic, read and set as text: lists with commas between their items
-// (read without their empty tail), the flags of a list as 1 and 0.
-template <class L>
-using CField = std::pair<std::function<QString(const L&)>, std::function<void(L&, const QString&)>>;
-template <class L> using CFields = std::map<QString, CField<L>>;
-
+// (read without their empty tail), flags as 1 and 0.
 template <class T> QString AsText(const T& value)
 {
     if constexpr (std::is_same_v<T, QStringList>)
@@ -154,55 +150,56 @@ template <class T> QString AsText(const T& value)
         return QString::number(int(value));
 }
 
-template <class T> void Assign(T& to, const QString& text)
+// A value of the type a field had, from text; a list keeps its length.
+template <class T> T FromText(const QString& text, const T& was)
 {
     if constexpr (std::is_same_v<T, QStringList>)
-        to = Split(text) + QStringList(qMax(0, to.size() - Split(text).size()), QString());
+        return Split(text) + QStringList(qMax(0, was.size() - Split(text).size()), QString());
     else if constexpr (std::is_same_v<T, QString>)
-        to = text;
+        return text;
     else
-        to = T(text.toInt());
+        return T(text.toInt());
 }
 
-template <class L, class T> CField<L> Member(T L::*m)
+// A field made from a member, a getter (and setter), or a count of fields by index.
+template <class L> struct CField
 {
-    return {[m](const L& l) { return AsText(l.*m); },
-            [m](L& l, const QString& v) { Assign(l.*m, v); }};
-}
+    template <class G, class S = int>
+    CField(G get, S set = 0)
+        : Get([=](const L& l) { return AsText(std::invoke(get, l)); }),
+          Set([=](L& l, const QString& text) {
+              const auto value = FromText(text, std::invoke(get, l));
+              if constexpr (std::is_member_object_pointer_v<G>)
+                  l.*get = value;
+              else if constexpr (std::is_invocable_v<S, L&, decltype(value)>)
+                  std::invoke(set, l, value);
+              else
+                  ADD_FAILURE() << "read-only field";
+          })
+    {
+    }
 
-// A field by its getter (and setter); or count fields by index, as a list.
-template <class L, class T> CField<L> Get(T (L::*get)() const)
-{
-    return {[get](const L& l) { return AsText((l.*get)()); }, {}};
-}
+    template <class T, class I, class A>
+    CField(int count, T (L::*get)(I) const, void (L::*set)(I, A))
+        : CField(
+              [=](const L& l) {
+                  QStringList list;
+                  for (int i = 0; i < count; ++i)
+                      list << AsText((l.*get)(I(i)));
+                  return list;
+              },
+              [=](L& l, const QStringList& list) {
+                  for (int i = 0; i < count; ++i)
+                      (l.*set)(I(i), FromText(list[i], (l.*get)(I(i))));
+              })
+    {
+    }
 
-template <class L, class T, class A> CField<L> Access(T (L::*get)() const, void (L::*set)(A))
-{
-    return {[get](const L& l) { return AsText((l.*get)()); },
-            [set](L& l, const QString& v) {
-                std::decay_t<A> to;
-                Assign(to, v);
-                (l.*set)(to);
-            }};
-}
+    std::function<QString(const L&)> Get;
+    std::function<void(L&, const QString&)> Set;
+};
 
-template <class L, class I, class T, class A>
-CField<L> Each(int count, T (L::*get)(I) const, void (L::*set)(I, A))
-{
-    return {[=](const L& l) {
-                QStringList list;
-                for (int i = 0; i < count; ++i)
-                    list << AsText((l.*get)(I(i)));
-                return AsText(list);
-            },
-            [=](L& l, const QString& v) {
-                for (int i = 0; i < count; ++i) {
-                    std::decay_t<A> to;
-                    Assign(to, Split(v).value(i));
-                    (l.*set)(I(i), to);
-                }
-            }};
-}
+template <class L> using CFields = std::map<QString, CField<L>>;
 
 // Rows of "name|opening|ports|facts" for a dialog's logic that open() makes from the opening
 // (its tokens) and the board's ports: "field=value" checks a field, ">field=value" sets it;
@@ -211,10 +208,10 @@ template <class L, class Open>
 void CheckLogic(std::span<const CText> rows, Open open, CFields<L> fields)
 {
     if constexpr (requires(const L& l) { l.Tokens(); }) {
-        fields["saved"].first = [](const L& l) { return Saved(l); };
-        fields["tokens"].first = [](const L& l) { return l.Tokens().join(u','); };
+        fields.emplace("saved", &Saved<L>);
+        fields.emplace("tokens", [](const L& l) { return l.Tokens().join(u','); });
     }
-    fields["ok"].first = [](const L& l) { return AsText(l.IsOkEnabled()); };
+    fields.emplace("ok", [](const L& l) { return l.IsOkEnabled(); });
     for (const QString row : rows) {
         SCOPED_TRACE(row.section(u'|', 0, 0).toStdString());
         const CPortList ports = Ports(Split(row.section(u'|', 2, 2)));
@@ -222,9 +219,9 @@ void CheckLogic(std::span<const CText> rows, Open open, CFields<L> fields)
         for (const QString& fact : row.section(u'|', 3).split(u'|', Qt::SkipEmptyParts)) {
             const auto [key, value] = KeyValue(fact);
             if (key.startsWith(u'>'))
-                fields.at(key.mid(1)).second(logic, value);
+                fields.at(key.mid(1)).Set(logic, value);
             else
-                EXPECT_EQ(fields.at(key).first(logic), value) << key.toStdString();
+                EXPECT_EQ(fields.at(key).Get(logic), value) << key.toStdString();
         }
     }
 }

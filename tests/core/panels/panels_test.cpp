@@ -63,19 +63,6 @@ TEST(PanelLine, EveryPanelKeepsTextCommentPortAndCompleteness)
     CheckPanels(kEveryPanel);
 }
 
-TEST(PanelLine, CopyFromTakesWhatTheLineDoesNotCarry)
-{
-    auto source = MakePanel("KEY" TAB "H,P1", {"P0", "P1"});
-    source->SetName("Start");
-    source->SetWeight(25);
-    auto copy = MakePanel(source->GetLine());
-    copy->CopyFrom(*source);
-    EXPECT_EQ(copy->GetCaption(), "Start : PORT=P1  ACTIVE=H  ");
-    EXPECT_EQ(copy->GetWeight(), 25);
-    EXPECT_EQ(copy->GetPortList(), source->GetPortList());
-    EXPECT_EQ(copy->GetLine(), source->GetLine());
-}
-
 TEST(PanelValues, ReadNumbersLenientlyAndSortDistinctValues)
 {
     const std::pair<CText, int> ints[] = {{"8000MHz", 8000}, {"  -12x", -12},
