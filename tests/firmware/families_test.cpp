@@ -219,21 +219,33 @@ TEST(FamilyFlipFlops, EachKindKeepsItsState)
         {{20, true}, {40, false}, {60, true}, {73, false}, {85, false}, {90, false}, {95, true}});
 }
 
-TEST(FamilyCounter, CyclicWrapsToOne)
+// A cyclic counter (PD2 reset, PD3 count; rows of 3 and 2 on PB0, PB1) and a holding one
+// (PD4 reset, PD5 count; rows of 4, 2 and 0 on PB2, PB3, PB4), counted side by side.
+TEST(FamilyCounter, CyclicWrapsToOneAndHoldStopsAtTheLargestValue)
 {
     CAvrSimulator sim;
     LOAD_LAYOUT(sim, "counters");
-    Play(sim, {{0, PD2, 0}, {0, PD3, 0}}, 10);
-    EXPECT_FALSE(sim.Level(PB0));
-    EXPECT_FALSE(sim.Level(PB1));
-    // values 3 and 2: counts 1, 2, 3, 1, 2, 3, 1
-    for (const int count : {1, 2, 3, 1, 2, 3, 1}) {
+    Play(sim, {{0, PD2, 0}, {0, PD3, 0}, {0, PD4, 0}, {0, PD5, 0}}, 10);
+    EXPECT_FALSE(sim.Level(PB0) || sim.Level(PB1));
+    EXPECT_TRUE(sim.Level(PB4)) << "a value of 0 is reached from the start";
+    int count = 0;
+    for (const int cyclic : {1, 2, 3, 1, 2, 3, 1}) {
+        sim.SetInput(PD5, true);
         Pulse(sim, PD3, 5, 5);
-        EXPECT_EQ(sim.Level(PB0), count >= 3) << count;
-        EXPECT_EQ(sim.Level(PB1), count >= 2) << count;
+        sim.SetInput(PD5, false);
+        ++count;
+        ASSERT_TRUE(sim.RunMs(5));
+        EXPECT_EQ(sim.Level(PB0), cyclic >= 3) << cyclic;
+        EXPECT_EQ(sim.Level(PB1), cyclic >= 2) << cyclic;
+        EXPECT_EQ(sim.Level(PB2), count >= 4) << count;
+        EXPECT_EQ(sim.Level(PB3), count >= 2) << count;
+        EXPECT_TRUE(sim.Level(PB4));
     }
     sim.SetInput(PD2, true);
+    sim.SetInput(PD4, true);
     ASSERT_TRUE(sim.RunMs(3));
+    EXPECT_FALSE(sim.Level(PB2) || sim.Level(PB3));
+    EXPECT_TRUE(sim.Level(PB4));
     Pulse(sim, PD3, 5, 0); // not counted during reset
     sim.SetInput(PD2, false);
     ASSERT_TRUE(sim.RunMs(5));
@@ -241,25 +253,6 @@ TEST(FamilyCounter, CyclicWrapsToOne)
     Pulse(sim, PD3, 5, 5);
     EXPECT_TRUE(sim.Level(PB1)) << "count 2 after the reset";
     EXPECT_FALSE(sim.Level(PB0));
-}
-
-TEST(FamilyCounter, HoldStopsAtTheLargestValue)
-{
-    CAvrSimulator sim;
-    LOAD_LAYOUT(sim, "counters");
-    Play(sim, {{0, PD4, 0}, {0, PD5, 0}}, 10);
-    EXPECT_TRUE(sim.Level(PB4)) << "a value of 0 is reached from the start";
-    for (int count = 1; count <= 7; ++count) {
-        Pulse(sim, PD5, 5, 5);
-        EXPECT_EQ(sim.Level(PB2), count >= 4) << count;
-        EXPECT_EQ(sim.Level(PB3), count >= 2) << count;
-        EXPECT_TRUE(sim.Level(PB4));
-    }
-    sim.SetInput(PD4, true);
-    ASSERT_TRUE(sim.RunMs(3));
-    EXPECT_FALSE(sim.Level(PB2));
-    EXPECT_FALSE(sim.Level(PB3));
-    EXPECT_TRUE(sim.Level(PB4));
 }
 
 TEST(FamilyBuzzer, TopmostRowChoosesTheTone)
