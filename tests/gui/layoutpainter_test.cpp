@@ -55,7 +55,7 @@ struct LayoutPainterTest : GridFixture
 
 } // namespace
 
-TEST_F(LayoutPainterTest, ScreenShowsFramesAndCrossesButNoRowNumbers)
+TEST_F(LayoutPainterTest, ScreenShowsFramesAndCrossesAndPaperRowNumbersInstead)
 {
     const CLayoutPaintOptions options = Screen();
     const QImage image = Draw(options);
@@ -77,21 +77,17 @@ TEST_F(LayoutPainterTest, ScreenShowsFramesAndCrossesButNoRowNumbers)
     EXPECT_EQ(Marks(image, NumberBox(2), options.Background), 0);
     EXPECT_EQ(Marks(image, NumberBox(40), options.Background), 0);
     EXPECT_EQ(Marks(image, image.rect(), kMarker), image.width() * image.height());
-}
-
-TEST_F(LayoutPainterTest, PaperShowsRowNumbersOfTheirOwnButNoFramesOrCrosses)
-{
-    const CLayoutPaintOptions options = CLayoutPaintOptions::ForPrinting();
-    const QImage image = Draw(options);
-    EXPECT_EQ(Marks(image, CLayoutGeometry::CellRect(-1, 2), options.Background), 0);
-    EXPECT_EQ(Marks(image, CLayoutGeometry::CellRect(-2, 7), options.Background), 0);
-    const QRect cell = CLayoutGeometry::CellRect(9, 20);
-    EXPECT_EQ(Marks(image, QRect(cell.left() - 1, cell.bottom(), 3, 3), options.Background), 0);
+    // Paper has row numbers of its own but no frames or crosses.
+    const CLayoutPaintOptions paper = CLayoutPaintOptions::ForPrinting();
+    const QImage page = Draw(paper);
+    EXPECT_EQ(Marks(page, CLayoutGeometry::CellRect(-1, 2), paper.Background), 0);
+    EXPECT_EQ(Marks(page, CLayoutGeometry::CellRect(-2, 7), paper.Background), 0);
+    EXPECT_EQ(Marks(page, QRect(cell.left() - 1, cell.bottom(), 3, 3), paper.Background), 0);
     for (const int row : {1, 2, 17, 40})
-        EXPECT_GT(Marks(image, NumberBox(row), options.Background), 10) << row;
-    const QImage one = image.copy(NumberBox(1));
-    EXPECT_NE(one, image.copy(NumberBox(2)));
-    EXPECT_EQ(image.copy(NumberBox(11)).copy(10, 0, 10, 32), one.copy(10, 0, 10, 32)); // x1
+        EXPECT_GT(Marks(page, NumberBox(row), paper.Background), 10) << row;
+    const QImage one = page.copy(NumberBox(1));
+    EXPECT_NE(one, page.copy(NumberBox(2)));
+    EXPECT_EQ(page.copy(NumberBox(11)).copy(10, 0, 10, 32), one.copy(10, 0, 10, 32)); // x1
 }
 
 TEST_F(LayoutPainterTest, HeadingsAndPicturesAreDrawnAndTallPanelsCoverTheirRows)

@@ -149,8 +149,6 @@ struct LayoutViewTest : testing::Test
 
 } // namespace
 
-// --- Placing --------------------------------------------------------------------------
-
 TEST_F(LayoutViewTest, ClickPlacesTheChosenEntryOfItsAreaAndAUsedUpTypeLosesTheChoice)
 {
     QSignalSpy modified(&view, &CLayoutView::Modified);
@@ -217,8 +215,6 @@ TEST_F(LayoutViewTest, DropFromTheBarPlacesOnlyWhereTheAreaFits)
     }
 }
 
-// --- Selecting ------------------------------------------------------------------------
-
 TEST_F(LayoutViewTest, ThePositionPaneShowsWhatAClickSelectedAndEscapeDropsIt)
 {
     Place("2,5 CNT \tC,3,2,1");
@@ -250,7 +246,7 @@ TEST_F(LayoutViewTest, ThePositionPaneShowsWhatAClickSelectedAndEscapeDropsIt)
     EXPECT_FALSE(document.IsModified());
 }
 
-TEST_F(LayoutViewTest, ASelectionNeverSpansASideColumnAndAnythingElse)
+TEST_F(LayoutViewTest, ASelectionNeverSpansASideColumnAndOthersAndIsScrolledIntoSight)
 {
     const struct
     {
@@ -264,17 +260,10 @@ TEST_F(LayoutViewTest, ASelectionNeverSpansASideColumnAndAnythingElse)
         view.SetSelection(c.C1, c.R1, c.C2, c.R2);
         EXPECT_EQ(Selection(), c.Selection);
     }
-    // A drag from an empty cell or a Ctrl-drag from a panel selects a rectangle.
-    Place("4,3 AND \tR");
+    // A drag from an empty cell selects a rectangle.
     Drag(At(5, 3), At(7, 5));
     EXPECT_EQ(Selection(), "5,3-7,5");
-    SelectBlock(4, 3, 6, 5);
-    EXPECT_EQ(Selection(), "4,3-6,5");
-    EXPECT_EQ(Cells(grid), "4,3 AND \tR");
-}
-
-TEST_F(LayoutViewTest, ASelectionOutOfSightIsScrolledInWithFiftyPixelsToSpare)
-{
+    // A selection out of sight is scrolled in with fifty pixels to spare.
     QScrollBar* bar = view.verticalScrollBar();
     const int visible = Port()->height();
     EXPECT_EQ(bar->maximum(), CLayoutGeometry::DrawingSize().height() - visible);
@@ -289,36 +278,9 @@ TEST_F(LayoutViewTest, ASelectionOutOfSightIsScrolledInWithFiftyPixelsToSpare)
     EXPECT_EQ(bar->value(), top + visible);
 }
 
-// --- Moving ---------------------------------------------------------------------------
-
-TEST_F(LayoutViewTest, DraggingAPanelMovesItAndItsSelectionAndOutOfTheWindowAsksToDelete)
+TEST_F(LayoutViewTest, APanelMovesPastTenPixelsWithinItsAreaAndOutOfTheWindowIsDeleted)
 {
-    Place("3,3 CNT \tC,3,2; -2,3 LAMP\tH,P1");
-    QSignalSpy modified(&view, &CLayoutView::Modified);
-    StartDrag(At(3, 3), At(6, 8));
-    EXPECT_EQ(view.GetState(), CLayoutView::EState::Moving);
-    EXPECT_EQ(Cursor(), Qt::SizeAllCursor);
-    Release(At(6, 8));
-    EXPECT_EQ(Cells(grid), "-2,3 LAMP\tH,P1; 6,8 CNT \tC,3,2; 6,9 +");
-    EXPECT_EQ(Selection(), "6,8-6,9");
-    EXPECT_EQ(modified.count(), 1);
-    ASSERT_TRUE(view.CanUndo());
-    view.Undo();
-    EXPECT_EQ(Cells(grid), "-2,3 LAMP\tH,P1; 3,3 CNT \tC,3,2; 3,4 +");
-    for (const EAnswer answer : {EAnswer::Cancel, EAnswer::Ok}) {
-        document.SetModified(false);
-        messenger.Texts.clear();
-        messenger.Answers = {answer};
-        Drag(At(-2, 3), QPoint(Port()->width() + 40, At(-2, 3).y()));
-        EXPECT_EQ(messenger.Texts, Said(Ids::MsgDeletePanel));
-        EXPECT_EQ(LineAt(grid, -2, 3), answer == EAnswer::Ok ? "" : "LAMP\tH,P1");
-        EXPECT_EQ(document.IsModified(), answer == EAnswer::Ok);
-    }
-}
-
-TEST_F(LayoutViewTest, AMoveIsShownAndDoneOnlyPastTenPixelsAndWithinItsOwnArea)
-{
-    Place("3,3 AND \tR; -1,3 KEY \tH,P1");
+    Place("3,3 CNT \tC,3,2; -1,3 KEY \tH,P1; -2,3 LAMP\tH,P1");
     const QString before = Cells(grid);
     const QRect cell = CellRect(3, 3);
     const QPoint press = view.MapFromLogical({cell.right() - 1, cell.center().y()});
@@ -351,6 +313,24 @@ TEST_F(LayoutViewTest, AMoveIsShownAndDoneOnlyPastTenPixelsAndWithinItsOwnArea)
     EXPECT_FALSE(DragRectAt(4, 9));
     EXPECT_EQ(Cells(grid), before);
     EXPECT_FALSE(document.IsModified());
+    // A real move takes the selection along.
+    QSignalSpy modified(&view, &CLayoutView::Modified);
+    StartDrag(At(3, 3), At(6, 8));
+    EXPECT_EQ(view.GetState(), CLayoutView::EState::Moving);
+    EXPECT_EQ(Cursor(), Qt::SizeAllCursor);
+    Release(At(6, 8));
+    EXPECT_EQ(Cells(grid), "-1,3 KEY \tH,P1; -2,3 LAMP\tH,P1; 6,8 CNT \tC,3,2; 6,9 +");
+    EXPECT_EQ(Selection(), "6,8-6,9");
+    EXPECT_EQ(modified.count(), 1);
+    for (const EAnswer answer : {EAnswer::Cancel, EAnswer::Ok}) {
+        document.SetModified(false);
+        messenger.Texts.clear();
+        messenger.Answers = {answer};
+        Drag(At(-2, 3), QPoint(Port()->width() + 40, At(-2, 3).y()));
+        EXPECT_EQ(messenger.Texts, Said(Ids::MsgDeletePanel));
+        EXPECT_EQ(LineAt(grid, -2, 3), answer == EAnswer::Ok ? "" : "LAMP\tH,P1");
+        EXPECT_EQ(document.IsModified(), answer == EAnswer::Ok);
+    }
 }
 
 TEST_F(LayoutViewTest, ABlockSelectionArmsUnderTheMouseAndMovesAsAWhole)
@@ -395,9 +375,7 @@ TEST_F(LayoutViewTest, ABlockSelectionArmsUnderTheMouseAndMovesAsAWhole)
     EXPECT_EQ(Cells(grid), "8,10 AND \tR; 9,11 XOR \tR");
 }
 
-// --- Double-click and keys ------------------------------------------------------------
-
-TEST_F(LayoutViewTest, DoubleClickEditsThePanelUnlessItWouldGrowIntoAnother)
+TEST_F(LayoutViewTest, DoubleClickEditsAPanelUnlessItWouldGrowAndHoverShowsItsCaption)
 {
     Place("2,5 CNT \tC,3; 2,7 AND \tR");
     editor.Tokens = {"CNT", "C", "3", "2"};
@@ -410,6 +388,13 @@ TEST_F(LayoutViewTest, DoubleClickEditsThePanelUnlessItWouldGrowIntoAnother)
     DoubleClick(2, 5);
     EXPECT_EQ(messenger.Texts, QStringList{"Unable to change size."});
     EXPECT_EQ(Cells(grid), "2,5 CNT \tC,3,2; 2,6 +; 2,7 AND \tR");
+    // The message pane shows the caption of the panel under the mouse, on any of its rows.
+    QSignalSpy status(&view, &CLayoutView::StatusText);
+    Hover(At(2, 6));
+    EXPECT_EQ(Last(status), grid.GetCell(2, 5)->GetPanel()->GetCaption());
+    EXPECT_FALSE(Last(status).isEmpty());
+    Hover(At(9, 9));
+    EXPECT_EQ(Last(status), "");
 }
 
 TEST_F(LayoutViewTest, ArrowsWalkAcrossTheAreasStepOverATallPanelAndCtrlJumpsToTheEnds)
@@ -439,8 +424,6 @@ TEST_F(LayoutViewTest, ArrowsWalkAcrossTheAreasStepOverATallPanelAndCtrlJumpsToT
         EXPECT_EQ(Last(position), c.Text);
     }
 }
-
-// --- Commands -------------------------------------------------------------------------
 
 TEST_F(LayoutViewTest, DeleteFillAndRotateWorkOnTheSelection)
 {
@@ -492,9 +475,31 @@ TEST_F(LayoutViewTest, EveryShiftRefreshesThePanelBarsAndIsUndoneByUndo)
     }
 }
 
-TEST_F(LayoutViewTest, CopiedPanelsPasteIntoAnotherLayoutAndAsTextAnywhere)
+TEST_F(LayoutViewTest, PasteFitsItsBlockAsksOverPanelsAndReachesAnotherLayout)
 {
-    Place("3,3 AND \tR\t\t;gate; 4,4 NOT \tR");
+    Place("-1,2 KEY \tH,P1; 3,3 AND \tR\t\t;gate; 4,4 NOT \tR");
+    Click(-1, 2);
+    view.Cut();
+    EXPECT_EQ(LineAt(grid, -1, 2), "");
+    EXPECT_TRUE(document.IsModified());
+    view.SetSelection(3, 3);
+    EXPECT_FALSE(view.CanPaste());
+    view.ClearSelection();
+    EXPECT_FALSE(view.CanPaste());
+    view.SetSelection(-1, 40);
+    ASSERT_TRUE(view.CanPaste());
+    view.Paste();
+    EXPECT_EQ(LineAt(grid, -1, 40), "KEY \tH,P1");
+    for (const EAnswer answer : {EAnswer::Cancel, EAnswer::Yes}) {
+        document.SetModified(false);
+        messenger.Texts.clear();
+        messenger.Answers = {answer};
+        view.Paste();
+        EXPECT_EQ(messenger.Texts, Said(Ids::MsgPasteOverPanels));
+        EXPECT_EQ(document.IsModified(), answer == EAnswer::Yes);
+    }
+
+    view.SetSelection(2, 2); // back in sight
     SelectBlock(2, 2, 4, 4);
     view.Copy();
     EXPECT_EQ(QApplication::clipboard()->text(), "AND \tR\t\t;gate\nNOT \tR\n");
@@ -502,7 +507,6 @@ TEST_F(LayoutViewTest, CopiedPanelsPasteIntoAnotherLayoutAndAsTextAnywhere)
     CLayoutDocument other{nullptr, messenger};
     CLayoutView otherView{other, chooser, editor};
     otherView.SetSelection(10, 20);
-    ASSERT_TRUE(otherView.CanPaste());
     otherView.Paste();
     EXPECT_EQ(Cells(other.Grid()), "10,20 AND \tR\t\t;gate; 11,21 NOT \tR");
     EXPECT_TRUE(other.IsModified());
@@ -515,44 +519,6 @@ TEST_F(LayoutViewTest, CopiedPanelsPasteIntoAnotherLayoutAndAsTextAnywhere)
     ASSERT_TRUE(view.CanPaste());
     view.Paste();
     EXPECT_EQ(LineAt(grid, 1, 30), "AND \tR\t\t;gate");
-}
-
-TEST_F(LayoutViewTest, PasteFitsItsBlockAndAsksOverPanels)
-{
-    Place("-1,2 KEY \tH,P1");
-    Click(-1, 2);
-    view.Cut();
-    EXPECT_EQ(Cells(grid), "");
-    EXPECT_TRUE(document.IsModified());
-    view.SetSelection(3, 3);
-    EXPECT_FALSE(view.CanPaste());
-    view.ClearSelection();
-    EXPECT_FALSE(view.CanPaste());
-    view.SetSelection(-1, 40);
-    ASSERT_TRUE(view.CanPaste());
-    view.Paste();
-    EXPECT_EQ(Cells(grid), "-1,40 KEY \tH,P1");
-    for (const EAnswer answer : {EAnswer::Cancel, EAnswer::Yes}) {
-        document.SetModified(false);
-        messenger.Texts.clear();
-        messenger.Answers = {answer};
-        view.Paste();
-        EXPECT_EQ(messenger.Texts, Said(Ids::MsgPasteOverPanels));
-        EXPECT_EQ(document.IsModified(), answer == EAnswer::Yes);
-    }
-}
-
-// --- Status, zoom ---------------------------------------------------------------------
-
-TEST_F(LayoutViewTest, TheMessagePaneShowsTheCaptionUnderTheMouse)
-{
-    Place("4,5 CNT \tC,3,2,1");
-    QSignalSpy status(&view, &CLayoutView::StatusText);
-    Hover(At(4, 7));
-    EXPECT_EQ(Last(status), grid.GetCell(4, 5)->GetPanel()->GetCaption());
-    EXPECT_FALSE(Last(status).isEmpty());
-    Hover(At(9, 9));
-    EXPECT_EQ(Last(status), "");
 }
 
 TEST_F(LayoutViewTest, ZoomScalesTheDrawingButKeepsItsCells)

@@ -75,21 +75,29 @@ struct MainFrameTest : testing::Test
 
     bool Open(const QString& name, const QByteArray& text)
     {
-        QFile file(dir.filePath(name));
-        if (!file.open(QIODevice::WriteOnly) || file.write(text) != text.size())
-            return false;
-        file.close();
+        if (QFile file(dir.filePath(name)); file.open(QIODevice::WriteOnly))
+            file.write(text);
         return frame->OpenLayout(dir.filePath(name));
     }
 };
 
 } // namespace
 
-TEST_F(MainFrameTest, TitleAndEditCommandsFollowTheLayoutTheSelectionAndTheClipboard)
+// A used-up panel type is disabled in its bar too.
+TEST_F(MainFrameTest, TitleEditCommandsAndBarsFollowTheLayoutTheSelectionAndTheClipboard)
 {
+    const auto disabled = [this] {
+        int count = 0;
+        for (QListWidget* list : frame->findChildren<QListWidget*>())
+            for (int i = 0; i < list->count(); ++i)
+                count += list->item(i)->flags() == Qt::NoItemFlags;
+        return count;
+    };
     EXPECT_EQ(frame->windowTitle(), "Untitled[*] - Quillon");
-    ASSERT_TRUE(Open("gate.loc", "; PANEL LOCATION\r\n0303:AND\tR\r\n"));
+    ASSERT_EQ(disabled(), 0);
+    ASSERT_TRUE(Open("gate.loc", "; PANEL LOCATION\r\n0303:AND\tR\r\nO_01:SMOTO\t1,100\r\n"));
     EXPECT_EQ(frame->windowTitle(), "gate.loc[*] - Quillon");
+    EXPECT_EQ(disabled(), 1);
     EXPECT_EQ(Enabled(), "");
     frame->View().SetSelection(3, 3);
     EXPECT_EQ(Enabled(), "Cut Copy Delete Rotate Show");
@@ -114,23 +122,8 @@ TEST_F(MainFrameTest, RecentFilesKeepTheLastFourOpenedNewestFirst)
                 files.append(action->text());
     QStringList expected;
     for (const char* name : {"c.loc", "e.loc", "d.loc", "b.loc"})
-        expected.append(
-            QStringLiteral("&%1 %2")
-                .arg(expected.size() + 1)
-                .arg(QDir::toNativeSeparators(QDir(dir.path()).absoluteFilePath(name))));
+        expected << QStringLiteral("&%1 %2")
+                        .arg(expected.size() + 1)
+                        .arg(QDir::toNativeSeparators(dir.filePath(name)));
     EXPECT_EQ(files, expected);
-}
-
-TEST_F(MainFrameTest, AUsedUpPanelTypeIsDisabledInItsBar)
-{
-    const auto disabled = [this] {
-        int count = 0;
-        for (QListWidget* list : frame->findChildren<QListWidget*>())
-            for (int i = 0; i < list->count(); ++i)
-                count += list->item(i)->flags() == Qt::NoItemFlags;
-        return count;
-    };
-    ASSERT_EQ(disabled(), 0);
-    ASSERT_TRUE(Open("motor.loc", "; PANEL LOCATION\r\nO_01:SMOTO\t1,100\r\n"));
-    EXPECT_EQ(disabled(), 1);
 }

@@ -54,27 +54,20 @@ std::pair<int, int> CountPaint(const CPanelImageItem& item, qreal ratio)
     return paint;
 }
 
-// Grey level of the picture laid on white, as a reader sees it.
-int GreyOnWhite(QRgb pixel)
-{
-    const int a = qAlpha(pixel);
-    const auto over = [a](int channel) { return channel + (255 - a); }; // premultiplied
-    return (over(qRed(pixel)) * 30 + over(qGreen(pixel)) * 59 + over(qBlue(pixel)) * 11) / 100;
-}
-
-// Neighbouring pixel pairs whose grey levels differ by more than half the full range: a
-// smooth upscale halves every step, so it has none of these where a true 2x drawing has many.
+// Neighbouring pixel pairs whose grey levels, laid on white, differ by more than half the
+// full range: a smooth upscale halves every step, so it has none of these where a true 2x
+// drawing has many.
 int SharpSteps(const QImage& image)
 {
+    const auto grey = [&image](int x, int y) { // premultiplied, so white shows through 255 - a
+        const QRgb p = image.pixel(x, y);
+        return qGray(qRed(p), qGreen(p), qBlue(p)) + 255 - qAlpha(p);
+    };
     int steps = 0;
     for (int y = 0; y < image.height(); ++y)
-        for (int x = 0; x < image.width(); ++x) {
-            const int here = GreyOnWhite(image.pixel(x, y));
-            if (x + 1 < image.width() && qAbs(here - GreyOnWhite(image.pixel(x + 1, y))) > 140)
-                ++steps;
-            if (y + 1 < image.height() && qAbs(here - GreyOnWhite(image.pixel(x, y + 1))) > 140)
-                ++steps;
-        }
+        for (int x = 0; x < image.width(); ++x)
+            steps += (x + 1 < image.width() && qAbs(grey(x, y) - grey(x + 1, y)) > 140) +
+                     (y + 1 < image.height() && qAbs(grey(x, y) - grey(x, y + 1)) > 140);
     return steps;
 }
 
@@ -91,35 +84,22 @@ bool PinAt(const QImage& image, char side)
 
 } // namespace
 
-TEST(PanelPainter, EveryIdPaintsInsideItsRectangleAndNowhereElse)
+TEST(PanelPainter, EveryIdPaintsOnlyInsideItsRectangleLooksUniqueAndIsDrawnSharpAtTwoTimes)
 {
-    for (const int id : CPanelPainter::KnownIds())
+    QHash<QByteArray, int> seen;
+    for (const int id : CPanelPainter::KnownIds()) {
         for (const qreal ratio : {1.0, 2.0}) {
             const auto [inside, outside] = CountPaint(Sample(id), ratio);
             EXPECT_GT(inside, 20 * ratio * ratio) << id << " at " << ratio << "x";
             EXPECT_EQ(outside, 0) << id << " at " << ratio << "x";
         }
-    // An unknown id draws a framed question mark; a strip with neither name, port nor
-    // comment used to read a missing line and now draws its frame alone.
-    EXPECT_FALSE(CPanelPainter::IsKnown(4711));
-    for (const int id : {4711, 10070, 10072, 10079, 10081}) {
-        const auto [inside, outside] = CountPaint({id, "", "", ""}, 1);
-        EXPECT_GT(inside, 50) << id;
-        EXPECT_EQ(outside, 0) << id;
-    }
-}
-
-TEST(PanelPainter, NoTwoKnownIdsLookAlikeAndTwoTimesIsDrawnSharpNotScaledUp)
-{
-    QHash<QByteArray, int> seen;
-    for (const int id : CPanelPainter::KnownIds()) {
         const QImage image = Bare({id, "", "", ""}, 1);
         const QByteArray key =
             QByteArray::number(image.width()) + ':' +
             QByteArray(reinterpret_cast<const char*>(image.constBits()), image.sizeInBytes());
         EXPECT_FALSE(seen.contains(key)) << id << " looks like " << seen.value(key);
         seen.insert(key, id);
-
+        // Not scaled up from the 1x picture.
         const QImage twice = Bare(Sample(id), 2);
         QImage once = Bare(Sample(id), 1);
         once.setDevicePixelRatio(1);
@@ -128,6 +108,14 @@ TEST(PanelPainter, NoTwoKnownIdsLookAlikeAndTwoTimesIsDrawnSharpNotScaledUp)
         EXPECT_GT(SharpSteps(twice), SharpSteps(upscaled) + 10) << id;
     }
     EXPECT_GE(seen.size(), 70);
+    // An unknown id draws a framed question mark; a strip with neither name, port nor
+    // comment used to read a missing line and now draws its frame alone.
+    EXPECT_FALSE(CPanelPainter::IsKnown(4711));
+    for (const int id : {4711, 10070, 10072, 10079, 10081}) {
+        const auto [inside, outside] = CountPaint({id, "", "", ""}, 1);
+        EXPECT_GT(inside, 50) << id;
+        EXPECT_EQ(outside, 0) << id;
+    }
 }
 
 TEST(PanelPainter, TextsOnAPictureChangeIt)

@@ -34,7 +34,7 @@ struct RenderCommand : testing::Test
 
 } // namespace
 
-TEST_F(RenderCommand, WritesTheDrawingAsPngAtAScaleAndThePrintedPageAsPdf)
+TEST_F(RenderCommand, WritesPngAtAScaleAndPdfAndRefusesABadScaleOrAnUnwritableFile)
 {
     ASSERT_EQ(Render("layout.png"), 0);
     const QImage image(dir.filePath("layout.png"));
@@ -55,10 +55,7 @@ TEST_F(RenderCommand, WritesTheDrawingAsPngAtAScaleAndThePrintedPageAsPdf)
     ASSERT_TRUE(pdf.open(QIODevice::ReadOnly));
     EXPECT_TRUE(pdf.read(5).startsWith("%PDF-"));
     EXPECT_GT(pdf.size(), 1000);
-}
-
-TEST_F(RenderCommand, RefusesABadScaleAndAnUnwritableFile)
-{
+    // A bad scale or an unwritable file is refused.
     EXPECT_EQ(Render("x.png", {"--scale", "0"}), 2);
     EXPECT_EQ(Render("x.png", {"--scale", "many"}), 2);
     EXPECT_FALSE(QFile::exists(dir.filePath("x.png")));
