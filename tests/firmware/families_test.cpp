@@ -6,6 +6,7 @@
 #include <array>
 #include <cmath>
 #include <functional>
+#include <span>
 
 namespace {
 
@@ -255,75 +256,53 @@ TEST(FamilyCounter, CyclicWrapsToOneAndHoldStopsAtTheLargestValue)
     EXPECT_FALSE(sim.Level(PB0));
 }
 
-TEST(FamilyBuzzer, TopmostRowChoosesTheTone)
+// The buzzer (rows of 2000, 1000 and 500 Hz on PD2, PD4, PD5, sounding on PD3), the PWM
+// output (rows of 75 and 25 % on PD6, PD7, 1 kHz on PB2) and the pulse output (rows of 100,
+// 75, 50, 25 and 0 % on PB0, PB1, PB3, PB4, PB5, a 4 ms period on PC1), side by side: the
+// topmost row that is on chooses, whatever rows below it are on too.
+TEST(FamilyWaves, TopmostRowChoosesToneDutyAndPulse)
 {
     CAvrSimulator sim;
     LOAD_LAYOUT(sim, "waves");
-    Play(sim, {{0, PD2, 0}, {0, PD4, 0}, {0, PD5, 0}}, 20);
+    const int buzzer[] = {PD2, PD4, PD5}, pwm[] = {PD6, PD7}, pulse[] = {PB0, PB1, PB3, PB4, PB5};
+    const auto set = [&sim](std::span<const int> pins, const char* levels) {
+        for (std::size_t i = 0; i < pins.size(); ++i)
+            sim.SetInput(pins[i], levels[i] == '1');
+    };
+    set(buzzer, "000"), set(pwm, "00"), set(pulse, "00000");
+    RunTo(sim, 20);
     EXPECT_EQ(sim.Pulses(PD3, 0, 20), 0) << "silent";
-    // Rows of 2000, 1000 and 500 Hz on PD2, PD4, PD5; the last row is all off.
-    for (const auto& [r2000, r1000, r500, hz] : {std::array{0, 0, 1, 500},
-                                                 {0, 1, 1, 1000},
-                                                 {1, 1, 1, 2000},
-                                                 {1, 0, 0, 2000},
-                                                 {0, 1, 0, 1000},
-                                                 {0, 0, 0, 0}}) {
-        sim.SetInput(PD2, r2000);
-        sim.SetInput(PD4, r1000);
-        sim.SetInput(PD5, r500);
+    EXPECT_FALSE(sim.Level(PB2) || sim.Level(PC1)) << "no row on: 0 %, pin low";
+    const struct
+    {
+        const char* Buzzer;
+        double Hz;
+        const char* Pwm;
+        int Percent;
+        const char* Pulse;
+        int PulsePercent;
+    } rows[] = {{"001", 500, "01", 25, "10100", 100}, {"011", 1000, "11", 75, "01010", 75},
+                {"111", 2000, "10", 75, "00101", 50}, {"100", 2000, "00", 0, "00010", 25},
+                {"010", 1000, "01", 25, "00001", 0},  {"000", 0, "00", 0, "00000", 0}};
+    for (const auto& row : rows) {
+        SCOPED_TRACE(testing::Message() << row.Buzzer << " " << row.Pwm << " " << row.Pulse);
+        set(buzzer, row.Buzzer), set(pwm, row.Pwm), set(pulse, row.Pulse);
         const double from = sim.NowMs() + 5;
         ASSERT_TRUE(sim.RunMs(45));
-        if (hz == 0) {
-            EXPECT_EQ(sim.Pulses(PD3, from, sim.NowMs()), 0);
-            continue;
+        const double to = sim.NowMs();
+        if (row.Hz == 0) {
+            EXPECT_EQ(sim.Pulses(PD3, from, to), 0);
+        } else {
+            EXPECT_NEAR(sim.Frequency(PD3, from, to), row.Hz, row.Hz * 0.005);
+            EXPECT_NEAR(sim.Duty(PD3, from, to), 0.5, 0.05);
         }
-        EXPECT_NEAR(sim.Frequency(PD3, from, sim.NowMs()), hz, hz * 0.005) << hz;
-        EXPECT_NEAR(sim.Duty(PD3, from, sim.NowMs()), 0.5, 0.05);
-    }
-}
-
-TEST(FamilyPwm, TopmostRowChoosesTheDuty)
-{
-    CAvrSimulator sim;
-    LOAD_LAYOUT(sim, "waves");
-    Play(sim, {{0, PD6, 0}, {0, PD7, 0}}, 20);
-    EXPECT_FALSE(sim.Level(PB2)) << "no row on: 0 %, pin low";
-    // Rows of 75 % (PD6) and 25 % (PD7) at 1 kHz; the last case turns the 75 % row off.
-    for (const auto& [r75, r25, percent] :
-         {std::array{0, 1, 25}, {1, 1, 75}, {1, 0, 75}, {0, 0, 0}}) {
-        sim.SetInput(PD6, r75);
-        sim.SetInput(PD7, r25);
-        const double from = sim.NowMs() + 5;
-        ASSERT_TRUE(sim.RunMs(25));
-        EXPECT_NEAR(sim.Duty(PB2, from, sim.NowMs()), percent / 100.0, percent ? 0.01 : 0.0);
-        if (percent > 0) {
-            EXPECT_NEAR(sim.Frequency(PB2, from, sim.NowMs()), 1000.0, 1.0);
+        EXPECT_NEAR(sim.Duty(PB2, from, to), row.Percent / 100.0, row.Percent ? 0.01 : 0.0);
+        if (row.Percent > 0) {
+            EXPECT_NEAR(sim.Frequency(PB2, from, to), 1000.0, 1.0);
         }
-    }
-}
-
-TEST(FamilyPulse, DutyStepsInA4MsPeriod)
-{
-    CAvrSimulator sim;
-    LOAD_LAYOUT(sim, "waves");
-    const int rows[] = {PB0, PB1, PB3, PB4, PB5};
-    const double duties[] = {1.0, 0.75, 0.5, 0.25, 0.0};
-    for (const int pin : rows)
-        sim.SetInput(pin, false);
-    RunTo(sim, 20);
-    EXPECT_FALSE(sim.Level(PC1));
-    for (int row = 0; row < 5; ++row) {
-        for (int other = 0; other < 5; ++other)
-            sim.SetInput(rows[other], other == row);
-        // A lower row on beside it must not matter: the topmost wins.
-        if (row < 3)
-            sim.SetInput(rows[row + 2], true);
-        ASSERT_TRUE(sim.RunMs(4));
-        const double from = sim.NowMs();
-        ASSERT_TRUE(sim.RunMs(40));
-        EXPECT_NEAR(sim.Duty(PC1, from, sim.NowMs()), duties[row], 0.02) << row;
-        if (duties[row] > 0 && duties[row] < 1) {
-            EXPECT_NEAR(sim.Frequency(PC1, from, sim.NowMs()), 250.0, 1.0) << row;
+        EXPECT_NEAR(sim.Duty(PC1, from, to), row.PulsePercent / 100.0, 0.02);
+        if (row.PulsePercent > 0 && row.PulsePercent < 100) {
+            EXPECT_NEAR(sim.Frequency(PC1, from, to), 250.0, 1.0);
         }
     }
 }

@@ -13,27 +13,9 @@
 #include <vector>
 
 // Header pin numbers of the board.
-enum EPin
-{
-    PD2 = 2,
-    PD3,
-    PD4,
-    PD5,
-    PD6,
-    PD7,
-    PB0 = 8,
-    PB1,
-    PB2,
-    PB3,
-    PB4,
-    PB5,
-    PC0 = 14,
-    PC1,
-    PC2,
-    PC3,
-    PC4,
-    PC5,
-};
+constexpr int PD2 = 2, PD3 = 3, PD4 = 4, PD5 = 5, PD6 = 6, PD7 = 7, PB0 = 8, PB1 = 9, PB2 = 10,
+              PB3 = 11, PB4 = 12, PB5 = 13, PC0 = 14, PC1 = 15, PC2 = 16, PC3 = 17, PC4 = 18,
+              PC5 = 19;
 
 // The HEX file of a program under tests/firmware/programs/, built with avr-gcc.
 inline std::string ProgramHex(const std::string& name)

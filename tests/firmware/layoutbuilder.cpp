@@ -18,22 +18,15 @@ namespace fs = std::filesystem;
 namespace {
 
 // The folders of the layouts built so far. A test loads its HEX file after the build, and
-// a layout built once serves every test of the program, so the folders go when the program
-// ends.
-class CBuiltFolders
+// a layout built once serves every test of the program, so the folders go when it ends.
+struct CBuiltFolders : std::vector<fs::path>
 {
-  public:
     ~CBuiltFolders()
     {
         std::error_code ignored;
-        for (const fs::path& folder : m_folders)
+        for (const fs::path& folder : *this)
             fs::remove_all(folder, ignored);
     }
-
-    void Add(const fs::path& folder) { m_folders.push_back(folder); }
-
-  private:
-    std::vector<fs::path> m_folders;
 };
 
 std::string ReadFile(const fs::path& path)
@@ -58,7 +51,7 @@ std::string BuildLayout(const std::string& layoutPath)
         return fail("no layout file, or no temporary folder");
     const fs::path folder(pattern);
     static CBuiltFolders built;
-    built.Add(folder);
+    built.push_back(folder);
     const fs::path layout = folder / fs::path(layoutPath).filename();
     if (!fs::copy_file(layoutPath, layout, error))
         return fail("cannot copy the layout: " + error.message());
