@@ -188,24 +188,19 @@ TEST_F(CNetlistFixture, PanelsHaveTheirDocumentedPins)
         int Column;
         const char *Line, *Pins; // "0R>": an output on the right of the top row
     } cases[] = {
-        {-1, "KEY\tH,PD2", "0R>"},
         {-1, "ANI\tH,PC0,512,256", "0R> 1R>"},
         {-1, "UARI\tC,200,17,5", "0R> 1R> 2R>"},
-        {-2, "LAMP\tH,PB5", "0L<"},
         {-2, "BUZZ\tPB1,2000,1000,500", "0L< 1L< 2L<"},
         {-2, "PWM\t1000Hz,100,50", "0L< 1L<"},
         {-2, "LCD\t1,\"Hi\"", "0L<"},
         {3, "CNT\tH,30,20,10", "0U< 0L< 0R> 1R> 2R>"},
         {3, "SMOT\t2,20", "0U< 0L< 0R> 1R> 2R> 3R>"},
         {3, "AND\tD", "0U< 0D> 0L<"},
-        {3, "NOT\tD", "0U< 0D>"},
-        {3, "ON\tR", "0R>"},
         {3, "RSFF", "0U< 0L< 0R>"},
         {3, "DLY\t1.00S", "0L< 0R>"},
         {3, "UART\t0,L", "0L<"},
         {3, "7S_D\t1", "0L<"},
         {3, "JPI\t7,U", "0U-"},
-        {3, "JPO\t7,D", "0D-"},
         {3, "LINE\tUR,LD", "0U- 0D- 0L- 0R-"},
         {3, "LINE\tUR,LR", ""}, // no kind: no pins
     };

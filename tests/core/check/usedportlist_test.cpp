@@ -1,9 +1,4 @@
-// The used port list: inputs then outputs, in row order, with their assigned ports.
-#include "core/panels/paneltest.h"
-#include "panelcell.h"
-#include "panelgrid.h"
-#include "stringtable.h"
-#include "support/recordingmessenger.h"
+#include "core/grid/gridtest.h"
 #include "usedportlist.h"
 
 // Readable failures: gtest finds this beside the row's type.
@@ -16,13 +11,8 @@ void PrintTo(const CUsedPortList::CRow& row, std::ostream* os)
 
 namespace {
 
-struct UsedPortList : testing::Test
+struct UsedPortList : GridFixture
 {
-    CRecordingMessenger messenger;
-    CPanelGrid grid{messenger};
-
-    void SetUp() override { CStringTable::SetLanguage(ELanguage::English); }
-
     void Place(int column, int row, const QString& line, const QString& type,
                const QList<CPortEntry>& ports)
     {
@@ -38,7 +28,6 @@ struct UsedPortList : testing::Test
 
 TEST_F(UsedPortList, InputsComeFirstThenOutputsEachInRowOrderWithTheBoardsPortNames)
 {
-    EXPECT_TRUE(CUsedPortList::Rows(grid).isEmpty());
     const QList<CPortEntry> pins{{"2", "PD2", "D2"}, {"13", "PB5", "D13"}};
     Place(CPanelGrid::GetOutputColumn(), 2, "LAMP" TAB "H,PB5", "Lamp", pins);
     Place(CPanelGrid::GetInputColumn(), 7, "KEY" TAB "H,PD2" TAB TAB ";Start", "Key", pins);

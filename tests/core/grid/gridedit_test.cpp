@@ -10,7 +10,6 @@ TEST_F(GridEditTest, DeletingACompletePanelAsksOnceAndCancelKeepsAll)
         EAnswer Answer;
         bool Asked, Deleted;
     } cases[] = {
-        {"complete, OK", "-2,1 LAMP\tH,P1; -2,2 LAMP\tL,P2", EAnswer::Ok, true, true},
         {"complete, Cancel", "-2,1 LAMP\tH,P1; -2,2 LAMP\tL,P2", EAnswer::Cancel, true, false},
         {"incomplete only", "-2,1 LAMP\tH; -2,2 LAMP\tL", EAnswer::Cancel, false, true}};
     for (const auto& c : cases) {
@@ -33,65 +32,52 @@ TEST_F(GridEditTest, DeletingACompletePanelAsksOnceAndCancelKeepsAll)
     EXPECT_FALSE(grid.DeleteRange(5, 5, 6, 6));
 }
 
-TEST_F(GridEditTest, MoveTakesThePanelsByTheSelectionsOffset)
+// A move that cannot be pasted undoes its cut; either way the clipboard is left alone.
+TEST_F(GridEditTest, MoveTakesThePanelsByTheSelectionsOffsetOrNothing)
 {
+    const QStringList over = Said(Ids::MsgPasteOverPanels);
+    const QList<EAnswer> none, cancel = {EAnswer::Cancel}, no = {EAnswer::No};
+    const QStringList silent;
+    const char* const blocked = "3,1 CNT \tC,3,2,1; 4,1 AND \tR; 8,3 NOT \tR";
     const struct
     {
         const char *Name, *Panels;
         int C1, R1, C2, R2, Column, Row;
-        const char* After;
+        const char* After; // nullptr: refused
+        QList<EAnswer> Answers;
+        QStringList Texts;
     } cases[] = {
         {"a block", "1,1 CNT \tC,3,2,1; 2,2 AND \tR", 1, 1, 2, 3, 4, 20,
-         "4,20 CNT \tC,3,2,1; 4,21 +; 4,22 +; 5,21 AND \tR"},
+         "4,20 CNT \tC,3,2,1; 4,21 +; 4,22 +; 5,21 AND \tR", none, silent},
         {"onto its own rows", "3,1 CNT \tC,3,2,1", 3, 1, 3, 3, 3, 2,
-         "3,2 CNT \tC,3,2,1; 3,3 +; 3,4 +"},
-        {"a selection with empty edges", "3,5 AND \tR", 2, 2, 4, 6, 8, 30, "9,33 AND \tR"},
+         "3,2 CNT \tC,3,2,1; 3,3 +; 3,4 +", none, silent},
+        {"empty edges", "3,5 AND \tR", 2, 2, 4, 6, 8, 30, "9,33 AND \tR", none, silent},
+        {"past the last row", blocked, 3, 1, 3, 3, 3, 39, nullptr, none, silent},
+        {"onto a panel, Cancel", blocked, 3, 1, 3, 3, 8, 1, nullptr, cancel, over},
+        {"tall panel blocked, No", blocked, 3, 1, 3, 3, 8, 1, nullptr, no,
+         over + Said(Ids::MsgNotAllPasted)},
+        {"protruding selection, Cancel", blocked, 3, 1, 4, 2, 10, 10, nullptr, cancel,
+         Said(Ids::MsgProtrudedPanel)},
     };
     for (const auto& c : cases) {
         SCOPED_TRACE(c.Name);
         CPanelGrid layout(messenger);
         PutAll(layout, QStringLiteral("-2,9 LAMP\tH,P1; ") + c.Panels);
         ASSERT_TRUE(layout.Copy(-2, 9, -2, 9));
-        const QString before = Dump(layout);
-        messenger.Reset();
-        ASSERT_TRUE(layout.MoveRange(c.C1, c.R1, c.C2, c.R2, c.Column, c.Row));
-        EXPECT_EQ(Cells(layout), "-2,9 LAMP\tH,P1; " + QString(c.After));
-        EXPECT_EQ(layout.GetLastOperation(), CPanelGrid::OpMove);
-        EXPECT_EQ(layout.GetClipboard().GetOrigin(), (CGridPos{-2, 9})); // left alone
-        EXPECT_TRUE(messenger.Texts.isEmpty());
-        layout.Undo();
-        EXPECT_EQ(Dump(layout), before);
-    }
-}
-
-TEST_F(GridEditTest, MoveThatCannotBePastedUndoesTheCut)
-{
-    const QStringList over = Said(Ids::MsgPasteOverPanels);
-    const QList<EAnswer> cancel = {EAnswer::Cancel}, no = {EAnswer::No};
-    const struct
-    {
-        const char* Name;
-        int C2, R2, Column, Row;
-        QList<EAnswer> Answers;
-        QStringList Texts;
-    } cases[] = {
-        {"past the last row", 3, 3, 3, 39, {}, {}},
-        {"into a side column", 3, 3, -1, 1, {}, {}},
-        {"onto a panel, Cancel", 3, 3, 8, 1, cancel, over},
-        {"tall panel blocked, No", 3, 3, 8, 1, no, over + Said(Ids::MsgNotAllPasted)},
-        {"protruding selection, Cancel", 4, 2, 10, 10, cancel, Said(Ids::MsgProtrudedPanel)},
-    };
-    for (const auto& c : cases) {
-        SCOPED_TRACE(c.Name);
-        CPanelGrid layout(messenger);
-        PutAll(layout, "3,1 CNT \tC,3,2,1; 4,1 AND \tR; 8,3 NOT \tR");
         layout.ClearJournal();
         const QString before = Dump(layout);
         messenger.Reset(c.Answers);
-        EXPECT_FALSE(layout.MoveRange(3, 1, c.C2, c.R2, c.Column, c.Row));
-        EXPECT_EQ(Dump(layout), before);
+        EXPECT_EQ(layout.MoveRange(c.C1, c.R1, c.C2, c.R2, c.Column, c.Row), c.After != nullptr);
         EXPECT_EQ(messenger.Texts, c.Texts);
-        EXPECT_FALSE(layout.CanUndo());
+        EXPECT_EQ(layout.GetClipboard().GetOrigin(), (CGridPos{-2, 9}));
+        if (c.After) {
+            EXPECT_EQ(Cells(layout), "-2,9 LAMP\tH,P1; " + QString(c.After));
+            EXPECT_EQ(layout.GetLastOperation(), CPanelGrid::OpMove);
+            layout.Undo();
+        } else {
+            EXPECT_FALSE(layout.CanUndo());
+        }
+        EXPECT_EQ(Dump(layout), before);
     }
 }
 
@@ -131,22 +117,11 @@ TEST_F(GridEditTest, ReplaceRefusesACopyTallerThanTheRoomBelow)
     EXPECT_FALSE(grid.ReplaceCell(5, 5, Cell("CNT \tC,3"))); // nothing there
 }
 
-TEST_F(GridEditTest, EditCellReplacesOnOkIfItStillFitsAndKeepsAllOnCancel)
+TEST_F(GridEditTest, AnEditedPanelIsRedrawnAndUndoable)
 {
     PutAll(grid, "2,5 CNT \tC,3; 2,8 AND \tR");
     const QString before = Dump(grid);
     CFakeEditor editor;
-    editor.Ok = false;
-    EXPECT_FALSE(grid.EditCell(2, 5, editor));
-    EXPECT_EQ(editor.Asked, EPanelDialog::Counter);
-    EXPECT_EQ(Dump(grid), before);
-
-    editor.Ok = true;
-    editor.Tokens = {"CNT", "H", "9", "8", "7", "6"};
-    EXPECT_FALSE(grid.EditCell(2, 5, editor)); // would cover the gate
-    EXPECT_EQ(messenger.Texts, Said(Ids::MsgCantChangeSize));
-    EXPECT_EQ(Dump(grid), before);
-
     editor.Tokens = {"CNT", "H", "9", "8"};
     ASSERT_TRUE(grid.EditCell(2, 5, editor));
     EXPECT_EQ(Cells(grid), "2,5 CNT \tH,9,8; 2,6 +; 2,8 AND \tR");

@@ -34,14 +34,10 @@ inline std::unique_ptr<CPanelCell> Cell(const QString& line)
 {
     return std::make_unique<CPanelCell>(line);
 }
-inline QString Text(int id)
-{
-    return CStringTable::Get(id);
-}
 // The text of a message as a list, none for 0.
 inline QStringList Said(int id)
 {
-    return id ? QStringList{Text(id)} : QStringList{};
+    return id ? QStringList{CStringTable::Get(id)} : QStringList{};
 }
 
 // Places a panel written the way Cells() lists it, "c,r LINE", and names it as a board's
