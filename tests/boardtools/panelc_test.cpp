@@ -101,12 +101,6 @@ QString Features(const CPanelcWork& work)
     return names.join(' ');
 }
 
-long FlashOf(const CPanelcWork& work)
-{
-    static const QRegularExpression used(QStringLiteral("Program: (\\d+) of"));
-    return used.match(work.CheckSize().Output).captured(1).toLong();
-}
-
 } // namespace
 
 // The C of a layout takes the run-time parts the layout uses and no more, and avr-gcc and
@@ -134,26 +128,6 @@ TEST(PanelcCompiles, OnlyTheRunTimePartsALayoutUsesToCThatAvrGccTakes)
         EXPECT_EQ(size.ExitCode, 0) << size.Output.toStdString();
         EXPECT_TRUE(size.Output.startsWith("Program: ")) << size.Output.toStdString();
     }
-}
-
-TEST(PanelcCompiles, ABlinkerWithinAThirdOfAHandWrittenOneOfTheSameLogic)
-{
-    CPanelcWork work;
-    ASSERT_EQ(work.Compile("1,1 ON  \tR|2,1 TIM \tT,0.50S|W1,3|O1 LAMP\tH,PB5").ExitCode, 0);
-    ASSERT_EQ(work.CompileC().ExitCode, 0);
-    const long generated = FlashOf(work);
-    // The same logic by hand: the 1 ms tick, the toggle timer's state, the lamp.
-    work.Write("hand.c", "#include <avr/io.h>\n#include <stdint.h>\n"
-                         "static uint8_t lit;\nstatic uint16_t left;\nint main(void) {\n"
-                         " DDRB |= _BV(5);\n TCCR0A = _BV(WGM01); OCR0A = 249;\n"
-                         " TCCR0B = _BV(CS01) | _BV(CS00);\n for (;;) {\n"
-                         "  while (!(TIFR0 & _BV(OCF0A)));\n  TIFR0 = _BV(OCF0A);\n"
-                         "  if (lit) PORTB |= _BV(5); else PORTB &= ~_BV(5);\n"
-                         "  if (left == 0) { lit ^= 1; left = 500; }\n  --left;\n }\n}\n");
-    ASSERT_EQ(work.CompileC("hand.c").ExitCode, 0);
-    const long byHand = FlashOf(work);
-    ASSERT_GT(byHand, 0);
-    EXPECT_LE(generated * 10, byHand * 13) << generated << " bytes against " << byHand;
 }
 
 TEST(PanelcCompiles, GatesRunInTheNetlistsOrderNotTheGridsOrder)

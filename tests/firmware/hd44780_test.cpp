@@ -80,20 +80,3 @@ TEST(AvrSimHd44780, InstructionsMoveTheAddressAndDataWritesThere)
     EXPECT_EQ(Fed({}).Line(2), "");
     EXPECT_EQ(Fed({0x80 | 0x27, "ab"}).Address(), 0x41);
 }
-
-TEST(AvrSimHd44780, NibblesBeforeFourBitModeAreWholeInstructions)
-{
-    CHd44780 lcd;
-    // Three 8-bit "function set" writes, then the switch: one nibble each.
-    for (std::uint8_t nibble : {0x3, 0x3, 0x3}) {
-        lcd.Strobe(false, nibble);
-        EXPECT_FALSE(lcd.FourBitMode());
-    }
-    lcd.Strobe(false, 0x2);
-    EXPECT_TRUE(lcd.FourBitMode());
-    // Now a data byte takes two nibbles.
-    lcd.Strobe(true, 0x4);
-    EXPECT_EQ(lcd.Line(0)[0], ' ');
-    lcd.Strobe(true, 0x1);
-    EXPECT_EQ(lcd.Line(0)[0], 'A');
-}

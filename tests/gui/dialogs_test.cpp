@@ -154,20 +154,25 @@ struct SettingsDialogs : testing::Test
     }
 };
 
+// Choosing a board takes its defaults; its other settings are stored whatever the answer to
+// the restart question, the board only when the answer keeps it.
 TEST_F(SettingsDialogs, TargetShowsNetworkControlsOnlyForTheNetworkBoard)
 {
-    settings->SetTarget("uno");
-    messenger.Answers = {EAnswer::No};
-    // The network board lists no clock sources.
-    WhenModal([](QDialog& d) {
-        Drive(d, "hidden:ipAddress=true|shows:clock=|down:target=1|hidden:ipAddress=false|"
-                 "hidden:ipMask=false|count:clock=0|type:ipAddress=10.0.0.7|click:ok");
-    });
-    ASSERT_TRUE(CTargetDialog::Run(Board("uno"), *settings, targets, messenger, nullptr));
-    EXPECT_EQ(messenger.Texts, QStringList{CStringTable::Get(Ids::MsgRestartForTarget)});
-    EXPECT_EQ(settings->GetTarget(), "uno");
-    EXPECT_EQ(settings->GetClockSource(), 1); // the network board's default
-    EXPECT_EQ(settings->GetIPAddress(), 0x0A000007u);
+    for (const EAnswer answer : {EAnswer::No, EAnswer::Yes}) {
+        settings->SetTarget("uno");
+        messenger.Texts.clear();
+        messenger.Answers = {answer};
+        // The network board lists no clock sources.
+        WhenModal([](QDialog& d) {
+            Drive(d, "hidden:ipAddress=true|shows:clock=|down:target=1|hidden:ipAddress=false|"
+                     "hidden:ipMask=false|count:clock=0|type:ipAddress=10.0.0.7|click:ok");
+        });
+        ASSERT_TRUE(CTargetDialog::Run(Board("uno"), *settings, targets, messenger, nullptr));
+        EXPECT_EQ(messenger.Texts, QStringList{CStringTable::Get(Ids::MsgRestartForTarget)});
+        EXPECT_EQ(settings->GetTarget(), answer == EAnswer::Yes ? "net" : "uno");
+        EXPECT_EQ(settings->GetClockSource(), 1); // the network board's default
+        EXPECT_EQ(settings->GetIPAddress(), 0x0A000007u);
+    }
 }
 
 TEST_F(SettingsDialogs, TargetShowsTheAddressesOfTheNetworkBoardInUse)

@@ -57,29 +57,6 @@ TEST_F(TargetSettings, OpensOnTheCurrentBoardAmongTheCandidatesThatRead)
     EXPECT_FALSE(unknown.ChangesBoard());
 }
 
-TEST_F(TargetSettings, ChoosingABoardTakesItsDefaultsAndOkStoresItOnlyWhenKept)
-{
-    for (const bool keep : {false, true}) {
-        CTargetSettingsLogic logic(settings, targets, uno);
-        logic.SelectTarget(1);
-        EXPECT_EQ(std::tuple(logic.ShowsNetwork, logic.Clock, logic.ClockSources.isEmpty(),
-                             logic.ChangesBoard()),
-                  std::tuple(true, 1, true, true));
-        ASSERT_TRUE(CTargetSettingsLogic::ReadAddress("192.168.0.10", logic.IPAddress));
-        ASSERT_TRUE(CTargetSettingsLogic::ReadAddress("255.255.255.0", logic.IPMask));
-        logic.Apply(settings, keep);
-        // The rest is stored whichever board the answer keeps.
-        EXPECT_EQ(settings.GetTarget(), keep ? "net" : "uno");
-        EXPECT_EQ(
-            std::tuple(settings.GetClockSource(), settings.GetIPAddress(), settings.GetIPMask()),
-            std::tuple(1, 0xC0A8000Au, 0xFFFFFF00u));
-    }
-    CTargetSettingsLogic back(settings, targets, uno);
-    back.SelectTarget(0);
-    EXPECT_FALSE(back.ShowsNetwork);
-    EXPECT_EQ(back.Clock, 0);
-}
-
 TEST(TargetAddress, ReadsDottedQuads)
 {
     const struct
