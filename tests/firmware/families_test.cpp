@@ -333,28 +333,15 @@ TEST(FamilySerialReceive, CompareRowIsOnForExactlyOneScan)
     EXPECT_EQ(sim.Pulses(PB1, 200, sim.NowMs()), 0);
 }
 
-TEST(FamilySerialReceive, BitRowsShowTheLastByte)
+// Receiving: bits 7, 6 and 5 of the last byte on PB0, PB1, PB2, kept until the next byte.
+// Sending: bit 0 on PD2, bit 7 on PD3, bit 3 on PD5 ORed with a bit 3 fed by ON; PD4 sends.
+TEST(FamilySerialBits, RowsShowTheLastByteAndEachRisingEdgeSendsOne)
 {
     CAvrSimulator sim;
     LOAD_LAYOUT(sim, "serialbits");
-    // Bits 7, 6 and 5 on PB0, PB1, PB2, kept until the next byte.
-    RunTo(sim, 10);
-    sim.SendUart(std::string(1, char(0xA0)));
-    RunTo(sim, 100);
-    sim.SendUart(std::string(1, char(0x5F)));
-    RunTo(sim, 130);
-    ExpectLevels(sim, PB0, {{40, true}, {100, true}, {130, false}});
-    ExpectLevels(sim, PB1, {{40, false}, {130, true}});
-    ExpectLevels(sim, PB2, {{40, true}, {100, true}, {130, false}});
-}
-
-TEST(FamilySerialSend, ByteFromTheBitPanelsAtEachRisingEdge)
-{
-    CAvrSimulator sim;
-    LOAD_LAYOUT(sim, "serialbits");
-    // Bit 0 on PD2, bit 7 on PD3, bit 3 on PD5 ORed with a bit 3 fed by ON; PD4 sends.
     Play(sim, {{0, PD4, 0}, {0, PD2, 1}, {0, PD3, 0}, {0, PD5, 0}}, 10);
     EXPECT_EQ(sim.UartOutput(), "");
+    sim.SendUart(std::string(1, char(0xA0)));
     Play(sim, {{10, PD4, 1}, {40, PD4, 0}, {40, PD2, 0}, {40, PD3, 1}, {40, PD5, 1}}, 60);
     EXPECT_EQ(sim.UartOutput(), "\x09") << "a falling edge sends nothing";
     // Two edges a byte time apart: two bytes, each with the bits at its own edge.
@@ -362,8 +349,13 @@ TEST(FamilySerialSend, ByteFromTheBitPanelsAtEachRisingEdge)
     Pulse(sim, PD4, 5, 5);
     sim.SetInput(PD2, true);
     Pulse(sim, PD4, 5, 5);
-    RunTo(sim, 120);
+    RunTo(sim, 100);
     EXPECT_EQ(sim.UartOutput(), "\x88\x89");
+    sim.SendUart(std::string(1, char(0x5F)));
+    RunTo(sim, 130);
+    ExpectLevels(sim, PB0, {{40, true}, {100, true}, {130, false}});
+    ExpectLevels(sim, PB1, {{40, false}, {130, true}});
+    ExpectLevels(sim, PB2, {{40, true}, {100, true}, {130, false}});
 }
 
 TEST(FamilyLcd, TextAppearsWithin34MsOfTheEdge)

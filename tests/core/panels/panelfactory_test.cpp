@@ -1,15 +1,6 @@
 // Making panels from their keywords.
 #include "core/panels/paneltest.h"
 
-#include "analogpanel.h"
-#include "flipfloppanel.h"
-#include "jumppanel.h"
-#include "lamppanel.h"
-#include "segmentdecoderpanel.h"
-#include "serialoutpanel.h"
-#include "sevensegpanel.h"
-#include "switchpanel.h"
-
 #include <typeinfo>
 
 // KEYWORD=Family and area (the class name without its C and Panel) in the factory's order; a
@@ -58,14 +49,4 @@ TEST(PanelFactory, LongLinesAreCutForRecognitionOnly)
     // A keyword pushed past byte 254 by blanks is not seen.
     EXPECT_FALSE(CPanelFactory::Create(QString(254, u' ') + "SW"));
     EXPECT_TRUE(CPanelFactory::Create(QString(252, u' ') + "SW"));
-}
-
-TEST(PanelFactory, PanelsMadeWithoutALineHoldTheirDefaultKeyword)
-{
-    const QString lines[] = {CSwitchPanel().GetLine(),    CLampPanel().GetLine(),
-                             CSevenSegPanel().GetLine(),  CAnalogPanel().GetLine(),
-                             CFlipFlopPanel().GetLine(),  CSegmentDecoderPanel().GetLine(),
-                             CSerialOutPanel().GetLine(), CJumpPanel().GetLine()};
-    EXPECT_EQ(QStringList(std::begin(lines), std::end(lines)).join(u'|'),
-              "DGI |DGO |7SEG|ANI |FF  |7S_ |UARO|");
 }
