@@ -10,12 +10,12 @@
 #include "messenger.h"
 #include "panelgrid.h"
 
-#include <QDir>
 #include <QElapsedTimer>
 #include <QGuiApplication>
 #include <QImage>
 #include <QPainter>
 #include <QProcess>
+#include <QTemporaryDir>
 
 #include <algorithm>
 #include <cstdio>
@@ -31,12 +31,12 @@ struct CSilent : IMessenger
 double MedianStartMs(const QString& program, const QStringList& args, int runs)
 {
     std::vector<double> times;
+    const QTemporaryDir profile; // no user's profile, and none left behind
     for (int i = 0; i < runs; ++i) {
         QProcess process;
         QProcessEnvironment env = QProcessEnvironment::systemEnvironment();
         env.insert("QT_QPA_PLATFORM", "offscreen");
-        env.insert("XDG_CONFIG_HOME",
-                   QDir::tempPath() + "/quillon-bench-profile"); // no user's profile
+        env.insert("XDG_CONFIG_HOME", profile.path());
         process.setProcessEnvironment(env);
         QElapsedTimer timer;
         timer.start();
