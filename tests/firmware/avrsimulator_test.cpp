@@ -133,15 +133,6 @@ TEST(AvrSimulator, AnalogReadingsConvertAsSet)
     EXPECT_EQ(Convert(), 100);
 }
 
-TEST(AvrSimulator, DisplayShowsTheText)
-{
-    CAvrSimulator sim;
-    LOAD_PROGRAM(sim, "lcd");
-    ASSERT_TRUE(sim.RunMs(100)) << sim.Error();
-    EXPECT_EQ(sim.LcdLine(0), "Hello           ");
-    EXPECT_EQ(sim.LcdLine(1), "World           ");
-}
-
 TEST(AvrSimulator, CrashedCoreIsAFault)
 {
     CAvrSimulator sim;

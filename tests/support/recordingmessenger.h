@@ -9,7 +9,7 @@
 // with the question's first button.
 class CRecordingMessenger : public IMessenger
 {
-public:
+  public:
     EAnswer Message(const QString& text, EButtons buttons, EIcon) override
     {
         Texts.append(text);
