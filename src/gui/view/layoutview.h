@@ -154,6 +154,8 @@ class CLayoutView : public QAbstractScrollArea
 
     // After a change of the grid: the document is modified, the frame told, all redrawn.
     void Changed();
+    // After a shift: the bars and the document learn of it when it moved anything.
+    void Shifted(bool shifted);
     void EmitUsage();
     void ShowDragRect(const QRect& logical);
     void EraseDragRect() { ShowDragRect(QRect()); }

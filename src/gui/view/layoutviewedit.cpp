@@ -144,36 +144,29 @@ void CLayoutView::Rotate()
 }
 
 // Every shift may drop a use-limited panel off the grid's edge, which frees its entry.
+void CLayoutView::Shifted(bool shifted)
+{
+    if (!shifted)
+        return;
+    m_chooser.Refresh();
+    Changed();
+}
+
 void CLayoutView::ShiftAllUp()
 {
-    if (Grid().ShiftUp()) {
-        m_chooser.Refresh();
-        Changed();
-    }
+    Shifted(Grid().ShiftUp());
 }
-
 void CLayoutView::ShiftAllDown()
 {
-    if (Grid().ShiftDown()) {
-        m_chooser.Refresh();
-        Changed();
-    }
+    Shifted(Grid().ShiftDown());
 }
-
 void CLayoutView::ShiftAllLeft()
 {
-    if (Grid().ShiftLeft()) {
-        m_chooser.Refresh();
-        Changed();
-    }
+    Shifted(Grid().ShiftLeft());
 }
-
 void CLayoutView::ShiftAllRight()
 {
-    if (Grid().ShiftRight()) {
-        m_chooser.Refresh();
-        Changed();
-    }
+    Shifted(Grid().ShiftRight());
 }
 
 bool CLayoutView::CanFill() const
