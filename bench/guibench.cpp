@@ -53,6 +53,11 @@ double MedianStartMs(const QString& program, const QStringList& args, int runs)
 int main(int argc, char* argv[])
 {
     qputenv("QT_QPA_PLATFORM", "offscreen");
+    // Without a runtime folder Qt makes one in the temporary folder and leaves it there; the
+    // editors this bench starts inherit this one.
+    const QTemporaryDir runtime;
+    if (qEnvironmentVariableIsEmpty("XDG_RUNTIME_DIR"))
+        qputenv("XDG_RUNTIME_DIR", runtime.path().toLocal8Bit());
     QGuiApplication app(argc, argv);
     CSilent messenger;
     CBoardInfo board;
