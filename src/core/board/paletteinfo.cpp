@@ -66,8 +66,13 @@ bool CPaletteInfo::Read(const QString& path, IMessenger& messenger, const CPortL
         const QDomNodeList panels = page.childNodes();
         for (int i = 0; i < panels.size(); ++i) {
             const QDomElement panel = panels.item(i).toElement();
-            if (panel.tagName() == u"PANEL")
-                entries.push_back(ReadEntry(panel, boardPorts));
+            if (panel.tagName() != u"PANEL")
+                continue;
+            entries.push_back(ReadEntry(panel, boardPorts));
+            const CPanel* prototype = entries.back().GetPrototype();
+            if (prototype && !prototype->GetTokens().isEmpty())
+                m_places[prototype->GetTokens().front()].emplace_back(int(m_pages.size()) - 1,
+                                                                      int(entries.size()) - 1);
         }
     }
     return true;
@@ -77,6 +82,7 @@ void CPaletteInfo::Clear()
 {
     m_titles.clear();
     m_pages.clear();
+    m_places.clear();
 }
 
 int CPaletteInfo::GetEntryCount(int page) const
@@ -93,19 +99,12 @@ const CPaletteEntry* CPaletteInfo::GetEntry(int page, int entry) const
 
 const CPaletteEntry* CPaletteInfo::FindEntry(const QString& keyword, int bitmapId) const
 {
-    const CPaletteEntry* first = nullptr;
-    for (const std::vector<CPaletteEntry>& page : m_pages)
-        for (const CPaletteEntry& entry : page) {
-            // Every panel of a layout being read looks for its entry: the keyword is compared
-            // in place rather than copied out of the prototype's tokens.
-            const CPanel* prototype = entry.GetPrototype();
-            if (!prototype || prototype->GetTokens().isEmpty() ||
-                prototype->GetTokens().front() != keyword)
-                continue;
-            if (prototype->GetBitmapId() == bitmapId)
-                return &entry;
-            if (!first)
-                first = &entry;
-        }
-    return first;
+    const auto places = m_places.constFind(keyword);
+    if (places == m_places.cend())
+        return nullptr;
+    for (const auto& [page, entry] : *places)
+        if (m_pages[page][entry].GetPrototype()->GetBitmapId() == bitmapId)
+            return &m_pages[page][entry];
+    const auto& [page, entry] = places->front();
+    return &m_pages[page][entry];
 }

@@ -2,6 +2,7 @@
 
 #include "paletteentry.h"
 
+#include <QHash>
 #include <QString>
 #include <QStringList>
 
@@ -33,4 +34,7 @@ class CPaletteInfo
   private:
     QStringList m_titles;
     std::vector<std::vector<CPaletteEntry>> m_pages;
+    // Every panel of a layout being read looks for its entry: the (page, entry) places of
+    // each keyword, in file order.
+    QHash<QString, std::vector<std::pair<int, int>>> m_places;
 };
