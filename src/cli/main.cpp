@@ -1,5 +1,6 @@
 // quillon-cli: Quillon's headless commands.
 
+#include "avrsimulator.h"
 #include "boardchooser.h"
 #include "boardinfo.h"
 #include "buildfolders.h"
@@ -11,8 +12,13 @@
 #include "portfinder.h"
 #include "rendercommand.h"
 #include "settings.h"
+#include "simrun.h"
+#include "simsignals.h"
+#include "simtargetof.h"
+#include "simvectors.h"
 #include "stderrmessenger.h"
 #include "stringtable.h"
+#include "vcdwriter.h"
 
 #include <QCoreApplication>
 #include <QDir>
@@ -62,6 +68,11 @@ int Usage()
              "  render LAYOUT OUT [--scale N]\n"
              "                     draw the layout into OUT: a PNG at N device pixels a unit\n"
              "                     (1 to 8, default 1), or the printed page when OUT ends in .pdf\n"
+             "  simulate LAYOUT [--for TIME] [--input NAME=LEVEL@TIME]... [--vectors FILE]\n"
+             "           [--serial-in TEXT] [--vcd OUT.vcd] [--trace] [--work DIR]\n"
+             "                     build the layout and run its HEX file in the simulated board\n"
+             "                     for TIME (1s, or to the last vector); exit 1 at the first\n"
+             "                     expectation of FILE that does not hold (docs/vectors.md)\n"
              "--board DIR names the board folder; without it the board start-up would choose.\n"
              "Exit status: 0 done, 1 the check, build or writing failed, 2 usage or a file that\n"
              "cannot be read.\n";
@@ -76,6 +87,14 @@ struct CArguments
     QString Work;
     double Scale = 1;
     bool Write = false;
+    // simulate
+    double ForMs = -1;
+    QStringList Inputs;
+    QString Vectors;
+    QString Vcd;
+    QString SerialIn;
+    bool SerialInGiven = false;
+    bool Trace = false;
 };
 
 std::optional<CArguments> Parse(QStringList args)
@@ -85,12 +104,26 @@ std::optional<CArguments> Parse(QStringList args)
         const QString arg = args.takeFirst();
         if (arg == u"--write") {
             parsed.Write = true;
+        } else if (arg == u"--trace") {
+            parsed.Trace = true;
         } else if (arg == u"--board" || arg == u"--lang" || arg == u"--port" || arg == u"--work" ||
-                   arg == u"--scale") {
+                   arg == u"--scale" || arg == u"--for" || arg == u"--input" ||
+                   arg == u"--vectors" || arg == u"--vcd" || arg == u"--serial-in") {
             if (args.isEmpty())
                 return std::nullopt;
             const QString value = args.takeFirst();
-            if (arg == u"--board")
+            if (arg == u"--for") {
+                if ((parsed.ForMs = CSimVectors::ParseTime(value)) < 0)
+                    return std::nullopt;
+            } else if (arg == u"--input")
+                parsed.Inputs.append(value);
+            else if (arg == u"--vectors")
+                parsed.Vectors = value;
+            else if (arg == u"--vcd")
+                parsed.Vcd = value;
+            else if (arg == u"--serial-in")
+                parsed.SerialIn = value, parsed.SerialInGiven = true;
+            else if (arg == u"--board")
                 parsed.Board = value;
             else if (arg == u"--port")
                 parsed.Port = value;
@@ -206,6 +239,102 @@ int Build(const CSession& session, const CArguments& args)
     return (args.Write ? written : pipeline.HexMade()) ? ExitOk : ExitFaults;
 }
 
+// The build's log, kept to be shown only when the build fails.
+class CKeptLog : public IBuildLog
+{
+  public:
+    void Start(const QString& line) override { Append(line); }
+    void Append(const QString& line) override { m_lines.append(QString(line).remove(u'\r')); }
+    const QStringList& Lines() const { return m_lines; }
+
+  private:
+    QStringList m_lines;
+};
+
+int Simulate(const CSession& session, const CArguments& args)
+{
+    CSimTarget target;
+    QString why;
+    if (!SimTargetOf(session.Board(), session.Settings().GetClockSource(), target, why)) {
+        Err() << why << "\n";
+        return ExitFaults;
+    }
+    // The HEX file Build && Write would write, made by the same pipeline.
+    CBuildSettings build =
+        CBuildSettings::From(session.Settings(), session.Board(), CSession::Programs());
+    if (!args.Work.isEmpty())
+        build.WorkFolder = build.OutputFolder =
+            CBuildFolders::WorkFolder(CSession::Programs(), args.Work);
+    CKeptLog log;
+    CStderrMessenger messenger(EAnswer::Cancel);
+    const std::unique_ptr<IPortFinder> finder = CreatePlatformPortFinder();
+    CBuildPipeline pipeline(session.Grid(), session.Board(), build, log, messenger, *finder);
+    const QString layout = QFileInfo(args.Positional[1]).absoluteFilePath();
+    if (!pipeline.Make(layout)) {
+        for (const QString& line : log.Lines())
+            Err() << line << "\n";
+        return ExitFaults;
+    }
+
+    const CSimSignals signals(session.Grid(), session.Board(), target);
+    CSimVectors vectors(signals);
+    if (!args.Vectors.isEmpty()) {
+        QFile file(args.Vectors);
+        if (!file.open(QIODevice::ReadOnly)) {
+            Err() << CStringTable::Format(Ids::SimVectorsUnreadable,
+                                          {args.Vectors, file.errorString()})
+                  << "\n";
+            return ExitUsage;
+        }
+        if (!vectors.Parse(QString::fromUtf8(file.readAll()), args.Vectors)) {
+            Err() << vectors.Error() << "\n";
+            return ExitUsage;
+        }
+    }
+    for (const QString& input : args.Inputs)
+        if (!vectors.ParseInput(input)) {
+            Err() << vectors.Error() << "\n";
+            return ExitUsage;
+        }
+    if (args.SerialInGiven)
+        vectors.AddSerial(0, args.SerialIn.toUtf8());
+
+    const QString hex = CBuildPipeline::HexPathFor(layout);
+    CAvrSimulator sim(target);
+    if (!sim.Load(QFile::encodeName(hex).toStdString())) {
+        Err() << CStringTable::Format(Ids::SimCannotLoad,
+                                      {hex, QString::fromStdString(sim.Error())})
+              << "\n";
+        return ExitFaults;
+    }
+    const QList<CSimVectors::CEvent> events = vectors.Events();
+    const double endMs = args.ForMs >= 0 ? args.ForMs : std::max(1000.0, vectors.LastMs());
+    CSimRun run(sim, signals);
+    const bool held = run.Run(events, endMs);
+    if (args.Trace)
+        for (const QString& line : run.TraceLines())
+            Out() << line << "\n";
+    if (args.Trace && !sim.UartOutput().empty())
+        Out() << "serial: " << QString::fromUtf8(QByteArray::fromStdString(sim.UartOutput()))
+              << "\n";
+    if (!args.Vcd.isEmpty() && !WriteVcd(args.Vcd, sim, run, signals, why)) {
+        Err() << why << "\n";
+        return ExitFaults;
+    }
+    if (!held) {
+        Err() << run.Error() << "\n";
+        return ExitFaults;
+    }
+    const auto expectations = std::count_if(events.begin(), events.end(), [](const auto& e) {
+        return e.Kind >= CSimVectors::CEvent::ExpectLevel;
+    });
+    if (expectations > 0)
+        Out() << CStringTable::Format(Ids::SimPassed,
+                                      {int(expectations), CSimRun::TimeText(sim.NowMs())})
+              << "\n";
+    return ExitOk;
+}
+
 int Check(CSession& session)
 {
     const QString report = CLayoutCheck::Run(session.Grid());
@@ -305,7 +434,8 @@ int Run(const CArguments& args)
     const bool save = p.size() == 3 && p[0] == u"save";
     const bool build = p.size() == 2 && p[0] == u"build";
     const bool render = p.size() == 3 && p[0] == u"render";
-    if (!check && !dump && !save && !build && !render)
+    const bool simulate = p.size() == 2 && p[0] == u"simulate";
+    if (!check && !dump && !save && !build && !render && !simulate)
         return Usage();
 
     CSession session;
@@ -317,6 +447,8 @@ int Run(const CArguments& args)
         return Dump(session);
     if (build)
         return Build(session, args);
+    if (simulate)
+        return Simulate(session, args);
     if (render) {
         QString error;
         if (CRenderCommand::Render(session.Grid(), p[2], args.Scale, error))

@@ -12,6 +12,7 @@
 #include <array>
 #include <cstdarg>
 #include <cstdio>
+#include <cstring>
 #include <deque>
 #include <filesystem>
 #include <map>
@@ -19,40 +20,20 @@
 
 namespace {
 
-// Data-space addresses of the ATmega328P's port and USART registers.
-constexpr std::uint16_t PinRegister[] = {0x29, 0x23, 0x26};  // PIND, PINB, PINC
-constexpr std::uint16_t DdrRegister[] = {0x2a, 0x24, 0x27};  // DDRD, DDRB, DDRC
-constexpr std::uint16_t PortRegister[] = {0x2b, 0x25, 0x28}; // PORTD, PORTB, PORTC
-constexpr char PortName[] = {'D', 'B', 'C'};
-constexpr std::uint16_t Ucsr0b = 0xc1;
-constexpr std::uint8_t Rxen0 = 1 << 4;
-
-constexpr int LcdRs = 8; // PB0
-constexpr int LcdE = 9;  // PB1
-constexpr int LcdD4 = 4; // PD4..PD7
-
-constexpr std::uint64_t UartFrameCycles = CAvrSimulator::ClockHz * 10 / CAvrSimulator::UartBaud;
-constexpr int AdcReferenceMv = 5000;
-
-// A header pin as the core knows it: the port (index into the tables above) and the bit.
-struct CPinPlace
+// A port of the processor as simavr describes it: the registers are found there, not
+// written down here.
+struct CPortIo
 {
-    int Port;
-    int Bit;
+    char Name = 0;
+    const avr_ioport_t* Io = nullptr;
 };
 
-CPinPlace PlaceOf(int pin)
+template <class T> T* FindIo(avr_t* avr, const char* kind, char name)
 {
-    if (pin < 8)
-        return {0, pin};
-    if (pin < 14)
-        return {1, pin - 8};
-    return {2, pin - 14};
-}
-
-bool ValidPin(int pin)
-{
-    return pin >= 0 && pin < CAvrSimulator::PinCount;
+    for (avr_io_t* io = avr->io_port; io; io = io->next)
+        if (io->kind && std::strcmp(io->kind, kind) == 0 && reinterpret_cast<T*>(io)->name == name)
+            return reinterpret_cast<T*>(io);
+    return nullptr;
 }
 
 } // namespace
@@ -73,7 +54,25 @@ class CAvrSimulator::CImpl
         int Pin;
     };
 
+    explicit CImpl(CSimTarget target)
+        : m_target(std::move(target)), m_traces(m_target.Pins.size()),
+          m_inputs(m_target.Pins.size(), EInput::Floating), m_pinHooks(m_target.Pins.size()),
+          m_pinIrq(m_target.Pins.size())
+    {
+        for (const CSimTarget::CPin& pin : m_target.Pins)
+            if (std::none_of(m_ports.begin(), m_ports.end(),
+                             [&](const CPortIo& port) { return port.Name == pin.Port; }))
+                m_ports.push_back({pin.Port, nullptr});
+    }
     ~CImpl() { Close(); }
+
+    bool ValidPin(int pin) const { return pin >= 0 && pin < m_target.PinCount(); }
+    const CPortIo& PortOf(int pin) const
+    {
+        return *std::find_if(m_ports.begin(), m_ports.end(), [&](const CPortIo& port) {
+            return port.Name == m_target.Pins[pin].Port;
+        });
+    }
 
     void Close()
     {
@@ -91,8 +90,15 @@ class CAvrSimulator::CImpl
 
     bool IsOutput(int pin) const
     {
-        const CPinPlace place = PlaceOf(pin);
-        return m_avr->data[DdrRegister[place.Port]] & (1 << place.Bit);
+        return m_avr->data[PortOf(pin).Io->r_ddr] & (1 << m_target.Pins[pin].Bit);
+    }
+
+    // A program that cannot be loaded leaves no core behind: nothing reads a half-made one.
+    bool Refuse(const std::string& text)
+    {
+        Fail(text);
+        Close();
+        return false;
     }
 
     bool Fail(const std::string& text)
@@ -107,26 +113,26 @@ class CAvrSimulator::CImpl
     // Driven inputs are the port's external state, which the core prefers to the pull-up
     // whenever the firmware writes PORT or DDR: a driven pin never glitches to its pull-up.
     // A floating pin gets the pull-up's level now, and the core's own pull-up later.
-    void ApplyInputs(int port)
+    void ApplyInputs(char port)
     {
         avr_ioport_external_t external{};
-        external.name = PortName[port];
-        for (int pin = 0; pin < PinCount; ++pin) {
-            const CPinPlace place = PlaceOf(pin);
+        external.name = port;
+        for (int pin = 0; pin < m_target.PinCount(); ++pin) {
+            const CSimTarget::CPin& place = m_target.Pins[pin];
             if (place.Port == port && m_inputs[pin] != EInput::Floating) {
                 external.mask |= 1u << place.Bit;
                 if (m_inputs[pin] == EInput::High)
                     external.value |= 1u << place.Bit;
             }
         }
-        avr_ioctl(m_avr, AVR_IOCTL_IOPORT_SET_EXTERNAL(PortName[port]), &external);
-        for (int pin = 0; pin < PinCount; ++pin) {
-            const CPinPlace place = PlaceOf(pin);
+        avr_ioctl(m_avr, AVR_IOCTL_IOPORT_SET_EXTERNAL(port), &external);
+        for (int pin = 0; pin < m_target.PinCount(); ++pin) {
+            const CSimTarget::CPin& place = m_target.Pins[pin];
             if (place.Port != port || IsOutput(pin))
                 continue;
             bool high = m_inputs[pin] == EInput::High;
             if (m_inputs[pin] == EInput::Floating)
-                high = m_avr->data[PortRegister[port]] & (1 << place.Bit);
+                high = m_avr->data[PortOf(pin).Io->r_port] & (1 << place.Bit);
             avr_raise_irq(m_pinIrq[pin], high ? 1 : 0);
         }
     }
@@ -138,27 +144,38 @@ class CAvrSimulator::CImpl
         const bool high = value & 1;
         const bool wasHigh = m_traces[pin].Level();
         m_traces[pin].Record(m_avr->cycle, high);
-        if (pin == LcdE && wasHigh && !high) {
+        if (pin == m_target.LcdE && wasHigh && !high) {
             std::uint8_t nibble = 0;
             for (int bit = 0; bit < 4; ++bit)
-                nibble |= std::uint8_t(m_traces[LcdD4 + bit].Level() << bit);
-            m_lcd.Strobe(m_traces[LcdRs].Level(), nibble);
+                nibble |= std::uint8_t(Trace(m_target.LcdData[bit]).Level() << bit);
+            m_lcd.Strobe(Trace(m_target.LcdRs).Level(), nibble);
         }
+    }
+
+    const CPinTrace& Trace(int pin) const
+    {
+        static const CPinTrace none;
+        return ValidPin(pin) ? m_traces[pin] : none;
+    }
+
+    avr_cycle_count_t UartFrameCycles() const
+    {
+        return m_target.ClockHz * 10 / std::uint64_t(std::max(1, m_target.Baud));
     }
 
     void ArmUart()
     {
-        if (m_uartArmed || m_uartQueue.empty() || !m_avr)
+        if (m_uartArmed || m_uartQueue.empty() || !m_avr || !m_uart)
             return;
         m_uartArmed = true;
-        avr_cycle_timer_register(m_avr, UartFrameCycles, &CImpl::UartFrame, this);
+        avr_cycle_timer_register(m_avr, UartFrameCycles(), &CImpl::UartFrame, this);
     }
 
     static avr_cycle_count_t UartFrame(avr_t* avr, avr_cycle_count_t when, void* param)
     {
         auto* self = static_cast<CImpl*>(param);
         // A byte sent while the receiver is off would be lost; it waits for the next frame.
-        if (!self->m_uartQueue.empty() && (avr->data[Ucsr0b] & Rxen0)) {
+        if (!self->m_uartQueue.empty() && avr_regbit_get(avr, self->m_uart->rxen)) {
             avr_raise_irq(self->m_uartIn, self->m_uartQueue.front());
             self->m_uartQueue.pop_front();
         }
@@ -166,7 +183,7 @@ class CAvrSimulator::CImpl
             self->m_uartArmed = false;
             return 0;
         }
-        return when + UartFrameCycles;
+        return when + self->UartFrameCycles();
     }
 
     static avr_cycle_count_t Wake(avr_t*, avr_cycle_count_t, void*) { return 0; }
@@ -197,15 +214,18 @@ class CAvrSimulator::CImpl
     // simulator removes the core.
     static CImpl* Registry(const avr_t* avr, CImpl* set, bool lookup);
 
+    const CSimTarget m_target;
     avr_t* m_avr = nullptr;
     bool m_running = false;
     std::string m_error;
     std::string m_log;
-    std::array<CPinTrace, PinCount> m_traces;
-    std::array<EInput, PinCount> m_inputs{};
-    std::array<CPinHook, PinCount> m_pinHooks{};
-    std::array<avr_irq_t*, PinCount> m_pinIrq{};
+    std::vector<CPortIo> m_ports;
+    std::vector<CPinTrace> m_traces;
+    std::vector<EInput> m_inputs;
+    std::vector<CPinHook> m_pinHooks;
+    std::vector<avr_irq_t*> m_pinIrq;
     std::array<avr_irq_t*, AnalogChannels> m_adcIrq{};
+    avr_uart_t* m_uart = nullptr;
     avr_irq_t* m_uartIn = nullptr;
     std::deque<std::uint8_t> m_uartQueue;
     bool m_uartArmed = false;
@@ -234,8 +254,8 @@ bool CAvrSimulator::CImpl::Load(const std::string& hexPath)
     Close();
     m_error.clear();
     m_log.clear();
-    m_traces = {};
-    m_inputs.fill(EInput::Floating);
+    m_traces.assign(m_target.Pins.size(), CPinTrace());
+    m_inputs.assign(m_target.Pins.size(), EInput::Floating);
     m_uartQueue.clear();
     m_uartArmed = false;
     m_uartOut.clear();
@@ -253,15 +273,16 @@ bool CAvrSimulator::CImpl::Load(const std::string& hexPath)
 
     static std::once_flag logger;
     std::call_once(logger, [] { avr_global_logger_set(&CImpl::Logger); });
-    m_avr = avr_make_mcu_by_name("atmega328p");
-    if (!m_avr) {
+    m_avr = m_target.Mcu.empty() ? nullptr : avr_make_mcu_by_name(m_target.Mcu.c_str());
+    if (!m_avr || m_target.ClockHz == 0) {
         free_ihex_chunks(chunks);
-        return Fail("the core has no atmega328p");
+        return Refuse("the simulator knows no processor \"" + m_target.Mcu + "\" at " +
+                      std::to_string(m_target.ClockHz) + " Hz");
     }
     Registry(m_avr, this, false);
     avr_init(m_avr);
-    m_avr->frequency = ClockHz;
-    m_avr->vcc = m_avr->avcc = m_avr->aref = AdcReferenceMv;
+    m_avr->frequency = std::uint32_t(m_target.ClockHz);
+    m_avr->vcc = m_avr->avcc = m_avr->aref = std::uint32_t(m_target.AnalogReferenceMv);
     // Simulated time only: a sleeping core must not sleep the test too.
     m_avr->sleep = [](avr_t*, avr_cycle_count_t) {};
     m_avr->log = LOG_ERROR;
@@ -278,15 +299,17 @@ bool CAvrSimulator::CImpl::Load(const std::string& hexPath)
     }
     free_ihex_chunks(chunks);
     if (!fits)
-        return Fail("\"" + hexPath + "\" does not fit into the FLASH");
+        return Refuse("\"" + hexPath + "\" does not fit into the FLASH");
     m_avr->codeend = m_avr->flashend;
     m_avr->pc = 0;
 
-    for (int pin = 0; pin < PinCount; ++pin) {
-        const CPinPlace place = PlaceOf(pin);
+    for (CPortIo& port : m_ports)
+        if (!(port.Io = FindIo<avr_ioport_t>(m_avr, "port", port.Name)))
+            return Refuse(std::string("the processor has no port ") + port.Name);
+    for (int pin = 0; pin < m_target.PinCount(); ++pin) {
+        const CSimTarget::CPin& place = m_target.Pins[pin];
         m_pinHooks[pin] = {this, pin};
-        m_pinIrq[pin] =
-            avr_io_getirq(m_avr, AVR_IOCTL_IOPORT_GETIRQ(PortName[place.Port]), place.Bit);
+        m_pinIrq[pin] = avr_io_getirq(m_avr, AVR_IOCTL_IOPORT_GETIRQ(place.Port), place.Bit);
         avr_irq_register_notify(
             m_pinIrq[pin],
             [](avr_irq_t*, std::uint32_t value, void* param) {
@@ -295,26 +318,28 @@ bool CAvrSimulator::CImpl::Load(const std::string& hexPath)
             },
             &m_pinHooks[pin]);
     }
-    // No console echo and no real-time pause while the firmware polls its status.
-    std::uint32_t flags = 0;
-    avr_ioctl(m_avr, AVR_IOCTL_UART_GET_FLAGS('0'), &flags);
-    flags &= ~std::uint32_t(AVR_UART_FLAG_STDIO | AVR_UART_FLAG_POLL_SLEEP);
-    avr_ioctl(m_avr, AVR_IOCTL_UART_SET_FLAGS('0'), &flags);
-    m_uartIn = avr_io_getirq(m_avr, AVR_IOCTL_UART_GETIRQ('0'), UART_IRQ_INPUT);
-    avr_irq_register_notify(
-        avr_io_getirq(m_avr, AVR_IOCTL_UART_GETIRQ('0'), UART_IRQ_OUTPUT),
-        [](avr_irq_t*, std::uint32_t value, void* param) {
-            static_cast<CImpl*>(param)->m_uartOut.push_back(char(value & 0xff));
-        },
-        this);
+    if (const char uart = m_target.Uart) {
+        if (!(m_uart = FindIo<avr_uart_t>(m_avr, "uart", uart)))
+            return Refuse(std::string("the processor has no UART ") + uart);
+        // No console echo and no real-time pause while the firmware polls its status.
+        std::uint32_t flags = 0;
+        avr_ioctl(m_avr, AVR_IOCTL_UART_GET_FLAGS(uart), &flags);
+        flags &= ~std::uint32_t(AVR_UART_FLAG_STDIO | AVR_UART_FLAG_POLL_SLEEP);
+        avr_ioctl(m_avr, AVR_IOCTL_UART_SET_FLAGS(uart), &flags);
+        m_uartIn = avr_io_getirq(m_avr, AVR_IOCTL_UART_GETIRQ(uart), UART_IRQ_INPUT);
+        avr_irq_register_notify(
+            avr_io_getirq(m_avr, AVR_IOCTL_UART_GETIRQ(uart), UART_IRQ_OUTPUT),
+            [](avr_irq_t*, std::uint32_t value, void* param) {
+                static_cast<CImpl*>(param)->m_uartOut.push_back(char(value & 0xff));
+            },
+            this);
+    }
 
     for (int channel = 0; channel < AnalogChannels; ++channel)
         m_adcIrq[channel] = avr_io_getirq(m_avr, AVR_IOCTL_ADC_GETIRQ, ADC_IRQ_ADC0 + channel);
 
-    if (!m_uartIn || !m_adcIrq[0] || !m_pinIrq[0])
-        return Fail("the core lacks a peripheral");
-    for (int port = 0; port < 3; ++port)
-        ApplyInputs(port);
+    for (const CPortIo& port : m_ports)
+        ApplyInputs(port.Name);
     m_running = true;
     return true;
 }
@@ -343,9 +368,14 @@ bool CAvrSimulator::CImpl::Run(std::uint64_t cycles)
     return true;
 }
 
-CAvrSimulator::CAvrSimulator() : m_impl(std::make_unique<CImpl>())
+CAvrSimulator::CAvrSimulator(CSimTarget target) : m_impl(std::make_unique<CImpl>(std::move(target)))
 {
     m_impl->m_error = "no program loaded";
+}
+
+const CSimTarget& CAvrSimulator::Target() const
+{
+    return m_impl->m_target;
 }
 
 CAvrSimulator::~CAvrSimulator() = default;
@@ -387,41 +417,39 @@ std::uint64_t CAvrSimulator::Cycle() const
 
 double CAvrSimulator::NowMs() const
 {
-    return double(Cycle()) / double(CyclesPerMs);
+    return double(Cycle()) * 1000.0 / double(Target().ClockHz);
 }
 
 void CAvrSimulator::SetInput(int pin, bool high)
 {
-    if (!ValidPin(pin))
+    if (!m_impl->ValidPin(pin))
         return;
     m_impl->m_inputs[pin] = high ? CImpl::EInput::High : CImpl::EInput::Low;
     if (m_impl->m_avr)
-        m_impl->ApplyInputs(PlaceOf(pin).Port);
+        m_impl->ApplyInputs(Target().Pins[pin].Port);
 }
 
 void CAvrSimulator::FloatInput(int pin)
 {
-    if (!ValidPin(pin))
+    if (!m_impl->ValidPin(pin))
         return;
     m_impl->m_inputs[pin] = CImpl::EInput::Floating;
     if (m_impl->m_avr)
-        m_impl->ApplyInputs(PlaceOf(pin).Port);
+        m_impl->ApplyInputs(Target().Pins[pin].Port);
 }
 
 bool CAvrSimulator::Level(int pin) const
 {
-    if (!ValidPin(pin) || !m_impl->m_avr)
+    if (!m_impl->ValidPin(pin) || !m_impl->m_avr)
         return false;
     if (m_impl->IsOutput(pin))
         return m_impl->m_traces[pin].Level();
-    const CPinPlace place = PlaceOf(pin);
-    return m_impl->m_avr->data[PinRegister[place.Port]] & (1 << place.Bit);
+    return m_impl->m_avr->data[m_impl->PortOf(pin).Io->r_pin] & (1 << Target().Pins[pin].Bit);
 }
 
 const CPinTrace& CAvrSimulator::Trace(int pin) const
 {
-    static const CPinTrace none;
-    return ValidPin(pin) ? m_impl->m_traces[pin] : none;
+    return m_impl->Trace(pin);
 }
 
 std::int64_t CAvrSimulator::LastChange(int pin) const
@@ -442,7 +470,7 @@ double CAvrSimulator::Duty(int pin, double fromMs, double toMs) const
 
 double CAvrSimulator::Frequency(int pin, double fromMs, double toMs) const
 {
-    return Trace(pin).Frequency(Ms(fromMs), Ms(toMs), double(ClockHz));
+    return Trace(pin).Frequency(Ms(fromMs), Ms(toMs), double(Target().ClockHz));
 }
 
 void CAvrSimulator::SendUart(const std::string& bytes)
@@ -466,7 +494,7 @@ void CAvrSimulator::SetAnalogMillivolts(int channel, int millivolts)
     if (channel < 0 || channel >= AnalogChannels || !m_impl->m_avr)
         return;
     avr_raise_irq(m_impl->m_adcIrq[channel],
-                  std::uint32_t(std::clamp(millivolts, 0, AdcReferenceMv)));
+                  std::uint32_t(std::clamp(millivolts, 0, Target().AnalogReferenceMv)));
 }
 
 void CAvrSimulator::SetAnalogReading(int channel, int reading)
@@ -474,10 +502,19 @@ void CAvrSimulator::SetAnalogReading(int channel, int reading)
     reading = std::clamp(reading, 0, 1023);
     // The core converts as reading = mV * 1023 / reference; the smallest voltage that
     // gives the reading is taken, rounded up.
-    SetAnalogMillivolts(channel, (reading * AdcReferenceMv + 1022) / 1023);
+    SetAnalogMillivolts(channel, (reading * Target().AnalogReferenceMv + 1022) / 1023);
 }
 
 std::string CAvrSimulator::LcdLine(int line) const
 {
     return m_impl->m_lcd.Line(line);
+}
+
+std::uint32_t CAvrSimulator::ReadRam(std::uint32_t address, int bytes) const
+{
+    const avr_t* avr = m_impl->m_avr;
+    std::uint32_t value = 0;
+    for (int i = std::clamp(bytes, 0, 4) - 1; avr && i >= 0; --i)
+        value = value << 8 | (address + i <= avr->ramend ? avr->data[address + i] : 0);
+    return value;
 }

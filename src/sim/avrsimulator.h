@@ -1,6 +1,7 @@
 #pragma once
 
 #include "pintrace.h"
+#include "simtarget.h"
 
 #include <cstdint>
 #include <functional>
@@ -8,33 +9,27 @@
 #include <string>
 #include <vector>
 
-// An ATmega328P at 16 MHz running a HEX file in simulated time, wired as the board is:
-// pins by their header number (0-7 PD0-PD7, 8-13 PB0-PB5, 14-19 PC0-PC5), USART0 at
-// 1200 bps, the ADC, and an HD44780 display on RS=PB0, E=PB1, D4..D7=PD4..PD7.
-// Faults (a HEX file that does not read, a crashed core) are return values with Error().
+// A board's processor running a HEX file in simulated time, wired as the target says: its
+// pins by the board's numbers, the serial line, the ADC, and an HD44780 display decoded from
+// the pins. Faults (a HEX file that does not read or fit, a processor simavr does not know,
+// a crashed core) are return values with Error().
 class CAvrSimulator
 {
   public:
-    static constexpr std::uint64_t ClockHz = 16000000;
-    static constexpr std::uint64_t CyclesPerMs = ClockHz / 1000;
-    static constexpr std::uint64_t CyclesPerUs = ClockHz / 1000000;
-    static constexpr int PinCount = 20;
     static constexpr int AnalogChannels = 8;
-    static constexpr int UartBaud = 1200;
 
-    static constexpr std::uint64_t Ms(double ms)
-    {
-        return std::uint64_t(ms * double(CyclesPerMs) + 0.5);
-    }
-    static constexpr std::uint64_t Us(double us)
-    {
-        return std::uint64_t(us * double(CyclesPerUs) + 0.5);
-    }
-
-    CAvrSimulator();
+    explicit CAvrSimulator(CSimTarget target);
     ~CAvrSimulator();
     CAvrSimulator(const CAvrSimulator&) = delete;
     CAvrSimulator& operator=(const CAvrSimulator&) = delete;
+
+    const CSimTarget& Target() const;
+    std::uint64_t CyclesPerMs() const { return Target().ClockHz / 1000; }
+    std::uint64_t Ms(double ms) const
+    {
+        return std::uint64_t(ms * double(Target().ClockHz) / 1000.0 + 0.5);
+    }
+    std::uint64_t Us(double us) const { return Ms(us / 1000.0); }
 
     // A fresh core with the program in its FLASH, at cycle 0, every input floating.
     bool Load(const std::string& hexPath);
@@ -66,7 +61,10 @@ class CAvrSimulator
     double Duty(int pin, double fromMs, double toMs) const;
     double Frequency(int pin, double fromMs, double toMs) const;
 
-    // Bytes for the firmware to receive, one frame time (10 bits at 1200 bps) apart,
+    // A little-endian value of 1 to 4 bytes of the data space; 0 beyond its end.
+    std::uint32_t ReadRam(std::uint32_t address, int bytes) const;
+
+    // Bytes for the firmware to receive, one frame time (10 bits at the target's speed) apart,
     // delivered while its receiver is on.
     void SendUart(const std::string& bytes);
     // Every byte the firmware has sent so far.

@@ -7,18 +7,18 @@
 
 TEST(AvrSimulator, BlinkHasAOneSecondPeriod)
 {
-    CAvrSimulator sim;
+    CAvrSimulator sim(Uno());
     LOAD_PROGRAM(sim, "blink");
     ASSERT_TRUE(sim.RunMs(3200)) << sim.Error();
-    EXPECT_EQ(sim.Cycle() / CAvrSimulator::CyclesPerMs, 3200u);
+    EXPECT_EQ(sim.Cycle() / sim.CyclesPerMs(), 3200u);
 
     const auto& changes = sim.Trace(PB5).Changes();
     ASSERT_GE(changes.size(), 6u);
     for (std::size_t i = 1; i < changes.size(); ++i) {
         SCOPED_TRACE(i);
         EXPECT_NE(changes[i].High, changes[i - 1].High);
-        EXPECT_NEAR(double(changes[i].Cycle - changes[i - 1].Cycle), double(CAvrSimulator::Ms(500)),
-                    double(CAvrSimulator::Ms(1)));
+        EXPECT_NEAR(double(changes[i].Cycle - changes[i - 1].Cycle), double(sim.Ms(500)),
+                    double(sim.Ms(1)));
     }
     EXPECT_NEAR(1000.0 / sim.Frequency(PB5, 0, 3200), 1000.0, 1.0);
     EXPECT_NEAR(sim.Duty(PB5, 500, 2500), 0.5, 0.01);
@@ -29,12 +29,12 @@ TEST(AvrSimulator, BlinkHasAOneSecondPeriod)
     EXPECT_EQ(sim.LastChange(PB1), -1);
     // Time advances exactly, in cycles.
     ASSERT_TRUE(sim.RunUs(250));
-    EXPECT_NEAR(double(sim.Cycle()), double(CAvrSimulator::Ms(3200.25)), 4.0);
+    EXPECT_NEAR(double(sim.Cycle()), double(sim.Ms(3200.25)), 4.0);
 }
 
 TEST(AvrSimulator, EchoAnswersEachByteAt1200Bps)
 {
-    CAvrSimulator sim;
+    CAvrSimulator sim(Uno());
     LOAD_PROGRAM(sim, "echo");
     ASSERT_TRUE(sim.RunMs(1));
     sim.SendUart(std::string("AZ\x00\xfe", 4));
@@ -52,7 +52,7 @@ TEST(AvrSimulator, EchoAnswersEachByteAt1200Bps)
 
 TEST(AvrSimulator, PwmDutyAndFrequency)
 {
-    CAvrSimulator sim;
+    CAvrSimulator sim(Uno());
     LOAD_PROGRAM(sim, "pwm");
     ASSERT_TRUE(sim.RunMs(50));
     EXPECT_NEAR(sim.Duty(PB1, 10, 50), 0.25, 0.01);
@@ -62,7 +62,7 @@ TEST(AvrSimulator, PwmDutyAndFrequency)
 
 TEST(AvrSimulator, InputMirroredWithinAMillisecond)
 {
-    CAvrSimulator sim;
+    CAvrSimulator sim(Uno());
     LOAD_PROGRAM(sim, "mirror");
     ASSERT_TRUE(sim.RunMs(1));
     // Open, the pull-up holds PD2 high.
@@ -94,7 +94,7 @@ TEST(AvrSimulator, InputMirroredWithinAMillisecond)
         EXPECT_EQ(sim.Level(PD2), step.Expected);
         EXPECT_EQ(sim.Level(PB5), step.Expected);
         ASSERT_GE(sim.LastChange(PB5), std::int64_t(at));
-        EXPECT_LT(std::uint64_t(sim.LastChange(PB5)) - at, CAvrSimulator::Ms(1));
+        EXPECT_LT(std::uint64_t(sim.LastChange(PB5)) - at, sim.Ms(1));
         // One edge in, one interrupt: the firmware's writes to PORTD make no glitch.
         EXPECT_EQ(sim.Trace(PB0).Changes().size(), edges + 1);
     }
@@ -102,7 +102,7 @@ TEST(AvrSimulator, InputMirroredWithinAMillisecond)
 
 TEST(AvrSimulator, AnalogReadingsConvertAsSet)
 {
-    CAvrSimulator sim;
+    CAvrSimulator sim(Uno());
     LOAD_PROGRAM(sim, "adc");
     ASSERT_TRUE(sim.RunMs(1));
     const auto Convert = [&]() {
@@ -135,7 +135,7 @@ TEST(AvrSimulator, AnalogReadingsConvertAsSet)
 
 TEST(AvrSimulator, CrashedCoreIsAFault)
 {
-    CAvrSimulator sim;
+    CAvrSimulator sim(Uno());
     LOAD_PROGRAM(sim, "crash");
     EXPECT_FALSE(sim.RunMs(10));
     EXPECT_FALSE(sim.IsRunning());
@@ -174,7 +174,7 @@ TEST(AvrSimulator, UnreadableHexFilesAreFaults)
         std::filesystem::remove(path);
         if (row.Content)
             std::ofstream(path) << row.Content;
-        CAvrSimulator sim;
+        CAvrSimulator sim(Uno());
         EXPECT_FALSE(sim.Load(path.string()));
         EXPECT_FALSE(sim.IsRunning());
         EXPECT_NE(sim.Error().find(row.Message), std::string::npos) << sim.Error();
@@ -187,7 +187,7 @@ TEST(AvrSimulator, UnreadableHexFilesAreFaults)
 
 TEST(AvrSimulator, ReloadingStartsAfresh)
 {
-    CAvrSimulator sim;
+    CAvrSimulator sim(Uno());
     LOAD_PROGRAM(sim, "blink");
     ASSERT_TRUE(sim.RunMs(600));
     ASSERT_FALSE(sim.Trace(PB5).Changes().empty());
@@ -200,9 +200,9 @@ TEST(AvrSimulator, ReloadingStartsAfresh)
     EXPECT_EQ(sim.UartOutput(), "b");
     // Pins outside the header are ignored.
     sim.SetInput(-1, true);
-    sim.SetInput(CAvrSimulator::PinCount, true);
+    sim.SetInput(Uno().PinCount(), true);
     sim.FloatInput(99);
-    EXPECT_FALSE(sim.Level(CAvrSimulator::PinCount));
+    EXPECT_FALSE(sim.Level(Uno().PinCount()));
     EXPECT_EQ(sim.LastChange(-1), -1);
     EXPECT_TRUE(sim.RunMs(1));
 }

@@ -62,7 +62,7 @@ std::function<int()> Coils(CAvrSimulator& sim, int first)
 // Key (debounced), digital input, gates, jumps and an active-low switch and lamp.
 TEST(FamilyGates, TruthTablesThroughJumps)
 {
-    CAvrSimulator sim;
+    CAvrSimulator sim(Uno());
     LOAD_LAYOUT(sim, "gates");
     for (const auto& [a, b] : {std::pair{0, 0}, {1, 0}, {0, 1}, {1, 1}}) {
         SCOPED_TRACE(testing::Message() << "a=" << a << " b=" << b);
@@ -81,7 +81,7 @@ TEST(FamilyGates, TruthTablesThroughJumps)
 
 TEST(FamilyGates, KeyIsDebouncedFor20Ms)
 {
-    CAvrSimulator sim;
+    CAvrSimulator sim(Uno());
     LOAD_LAYOUT(sim, "gates");
     Play(sim, {{0, PD2, 0}, {0, PD3, 1}}, 50);
     // A bouncing contact never keeps its level for 20 ms: the AND stays off.
@@ -100,7 +100,7 @@ TEST(FamilyGates, KeyIsDebouncedFor20Ms)
 // then spans 20 reads and 20.5 ms spans 21, and only the second has held for 20 ms.
 TEST(FamilyGates, KeyTakesALevelOnlyAfterItHeld20Ms)
 {
-    CAvrSimulator sim;
+    CAvrSimulator sim(Uno());
     LOAD_LAYOUT(sim, "gates");
     // When the scan reads: the digital input reaches its active-low output (PC3) in the
     // scan that read it, a few microseconds after the read.
@@ -136,7 +136,7 @@ TEST(FamilyGates, KeyTakesALevelOnlyAfterItHeld20Ms)
 // the active-low lamp is watched through a full off-on cycle.
 TEST(FamilyGates, ActiveLowSwitchWithPullUpAndActiveLowOutputs)
 {
-    CAvrSimulator sim;
+    CAvrSimulator sim(Uno());
     LOAD_LAYOUT(sim, "gates");
     // The switch: closed is on (the lamp pin low), open reads high through the pull-up.
     // The digital output (PC3, active low) follows the digital input PD3 through a jump.
@@ -148,7 +148,7 @@ TEST(FamilyGates, ActiveLowSwitchWithPullUpAndActiveLowOutputs)
 
 TEST(FamilyWires, CrossingCornersAndBranchesKeepTheirSignals)
 {
-    CAvrSimulator sim;
+    CAvrSimulator sim(Uno());
     LOAD_LAYOUT(sim, "wires");
     for (const auto& [a, b, c] :
          {std::array{1, 0, 0}, {0, 1, 0}, {0, 0, 1}, {1, 1, 1}, {0, 0, 0}}) {
@@ -170,7 +170,7 @@ TEST(FamilyWires, CrossingCornersAndBranchesKeepTheirSignals)
 // the times between them are whole milliseconds.
 TEST(FamilyTimers, EachKindKeepsItsTime)
 {
-    CAvrSimulator sim;
+    CAvrSimulator sim(Uno());
     LOAD_LAYOUT(sim, "timers");
     Play(sim,
          {{0, PD2, 0},   {0, PD3, 0},   {0, PD4, 0},   {0, PD5, 0},   {0, PD6, 0},   {10, PD2, 1},
@@ -201,7 +201,7 @@ TEST(FamilyTimers, EachKindKeepsItsTime)
 // RS (PD2 reset, PD3 set, to PB0), D (PD4 clock, PD5 data, PB1), T (PD6 reset, PD7 toggle, PB2).
 TEST(FamilyFlipFlops, EachKindKeepsItsState)
 {
-    CAvrSimulator sim;
+    CAvrSimulator sim(Uno());
     LOAD_LAYOUT(sim, "flipflops");
     Play(sim, {{0, PD2, 0},  {0, PD3, 0},  {0, PD4, 0},  {0, PD5, 1},  {0, PD6, 0},  {0, PD7, 0},
                {10, PD3, 1}, {10, PD7, 1}, {15, PD7, 0}, {20, PD3, 0}, {20, PD4, 1}, {23, PD5, 0},
@@ -224,7 +224,7 @@ TEST(FamilyFlipFlops, EachKindKeepsItsState)
 // (PD4 reset, PD5 count; rows of 4, 2 and 0 on PB2, PB3, PB4), counted side by side.
 TEST(FamilyCounter, CyclicWrapsToOneAndHoldStopsAtTheLargestValue)
 {
-    CAvrSimulator sim;
+    CAvrSimulator sim(Uno());
     LOAD_LAYOUT(sim, "counters");
     Play(sim, {{0, PD2, 0}, {0, PD3, 0}, {0, PD4, 0}, {0, PD5, 0}}, 10);
     EXPECT_FALSE(sim.Level(PB0) || sim.Level(PB1));
@@ -262,7 +262,7 @@ TEST(FamilyCounter, CyclicWrapsToOneAndHoldStopsAtTheLargestValue)
 // topmost row that is on chooses, whatever rows below it are on too.
 TEST(FamilyWaves, TopmostRowChoosesToneDutyAndPulse)
 {
-    CAvrSimulator sim;
+    CAvrSimulator sim(Uno());
     LOAD_LAYOUT(sim, "waves");
     const int buzzer[] = {PD2, PD4, PD5}, pwm[] = {PD6, PD7}, pulse[] = {PB0, PB1, PB3, PB4, PB5};
     const auto set = [&sim](std::span<const int> pins, const char* levels) {
@@ -309,7 +309,7 @@ TEST(FamilyWaves, TopmostRowChoosesToneDutyAndPulse)
 
 TEST(FamilySerialReceive, CompareRowIsOnForExactlyOneScan)
 {
-    CAvrSimulator sim;
+    CAvrSimulator sim(Uno());
     LOAD_LAYOUT(sim, "serialcompare");
     RunTo(sim, 10);
     sim.SendUart(std::string(1, char(200)));
@@ -327,7 +327,7 @@ TEST(FamilySerialReceive, CompareRowIsOnForExactlyOneScan)
     ASSERT_TRUE(sim.RunUntil([&] { return sim.Level(PB2); }, 60));
     const double on = sim.NowMs();
     ASSERT_TRUE(sim.RunUntil([&] { return !sim.Level(PB2); }, 60));
-    const double frameMs = 10000.0 / CAvrSimulator::UartBaud;
+    const double frameMs = 10000.0 / Uno().Baud;
     EXPECT_NEAR(sim.NowMs() - on, 2 * frameMs, 1.2);
     EXPECT_EQ(sim.Pulses(PB0, 40, sim.NowMs()), 0);
     EXPECT_EQ(sim.Pulses(PB1, 200, sim.NowMs()), 0);
@@ -337,7 +337,7 @@ TEST(FamilySerialReceive, CompareRowIsOnForExactlyOneScan)
 // Sending: bit 0 on PD2, bit 7 on PD3, bit 3 on PD5 ORed with a bit 3 fed by ON; PD4 sends.
 TEST(FamilySerialBits, RowsShowTheLastByteAndEachRisingEdgeSendsOne)
 {
-    CAvrSimulator sim;
+    CAvrSimulator sim(Uno());
     LOAD_LAYOUT(sim, "serialbits");
     Play(sim, {{0, PD4, 0}, {0, PD2, 1}, {0, PD3, 0}, {0, PD5, 0}}, 10);
     EXPECT_EQ(sim.UartOutput(), "");
@@ -360,7 +360,7 @@ TEST(FamilySerialBits, RowsShowTheLastByteAndEachRisingEdgeSendsOne)
 
 TEST(FamilyLcd, TextAppearsWithin34MsOfTheEdge)
 {
-    CAvrSimulator sim;
+    CAvrSimulator sim(Uno());
     LOAD_LAYOUT(sim, "lcd");
     Play(sim, {{0, PD2, 0}}, 150);
     EXPECT_EQ(sim.LcdLine(1), std::string(16, ' '));
@@ -401,7 +401,7 @@ TEST(FamilySevenSegment, OneDigitDecoders)
     };
     for (const auto& layout : layouts) {
         SCOPED_TRACE(layout.Behaviour);
-        CAvrSimulator sim;
+        CAvrSimulator sim(Uno());
         LOAD_LAYOUT(sim, layout.Layout);
         for (const auto& [inputs, pattern] : layout.Rows) {
             for (int input = 0; input < 4; ++input)
@@ -414,7 +414,7 @@ TEST(FamilySevenSegment, OneDigitDecoders)
 
 TEST(FamilySevenSegment, FourDigitsByBitShowLeadingZeros)
 {
-    CAvrSimulator sim;
+    CAvrSimulator sim(Uno());
     LOAD_LAYOUT(sim, "sevenseg4-bit");
     // bits 0, 2, 5, 15 on PB2, PC1, PC2, PC3
     Play(sim, {{0, PB2, 1}, {0, PC1, 0}, {0, PC2, 1}, {0, PC3, 0}}, 20);
@@ -432,7 +432,7 @@ TEST(FamilySevenSegment, FourDigitsByBitShowLeadingZeros)
 
 TEST(FamilySevenSegment, FourDigitsByNumberRightAligned)
 {
-    CAvrSimulator sim;
+    CAvrSimulator sim(Uno());
     LOAD_LAYOUT(sim, "sevenseg4-digit");
     // 7S4_D 1234 on PB2, 7S4_D 7 on PC1, a segment decoder on PC2
     Play(sim, {{0, PB2, 0}, {0, PC1, 1}, {0, PC2, 1}}, 20);
@@ -445,7 +445,7 @@ TEST(FamilySevenSegment, FourDigitsByNumberRightAligned)
 
 TEST(FamilySteppingMotor, OnePhaseStepsEverySpeedMs)
 {
-    CAvrSimulator sim;
+    CAvrSimulator sim(Uno());
     LOAD_LAYOUT(sim, "motors");
     const auto coils = Coils(sim, PB0);
     Play(sim, {{0, PD2, 0}, {0, PD3, 0}}, 10);
@@ -467,7 +467,7 @@ TEST(FamilySteppingMotor, OnePhaseStepsEverySpeedMs)
 
 TEST(FamilyMotorDriver, TwoPhaseCoilsOnA2ToA5)
 {
-    CAvrSimulator sim;
+    CAvrSimulator sim(Uno());
     LOAD_LAYOUT(sim, "motordriver");
     const auto coils = Coils(sim, PC2);
     Play(sim, {{0, PD4, 0}, {0, PD5, 0}}, 10);
@@ -485,7 +485,7 @@ TEST(FamilyMotorDriver, TwoPhaseCoilsOnA2ToA5)
 
 TEST(FamilyAnalogInput, ThresholdRows)
 {
-    CAvrSimulator sim;
+    CAvrSimulator sim(Uno());
     LOAD_LAYOUT(sim, "analog");
     // Readings of channels 0 and 1; rows "above 800" and "above 300" of channel 0 on PB0, PB1
     // and "below 512" of channel 1 on PB2.

@@ -1,7 +1,10 @@
 #pragma once
 
 #include "avrsimulator.h"
+#include "boardinfo.h"
 #include "layoutbuilder.h"
+#include "recordingmessenger.h"
+#include "simtargetof.h"
 
 #include <gtest/gtest.h>
 
@@ -16,6 +19,23 @@
 constexpr int PD2 = 2, PD3 = 3, PD4 = 4, PD5 = 5, PD6 = 6, PD7 = 7, PB0 = 8, PB1 = 9, PB2 = 10,
               PB3 = 11, PB4 = 12, PB5 = 13, PC0 = 14, PC1 = 15, PC2 = 16, PC3 = 17, PC4 = 18,
               PC5 = 19;
+
+// The sample board as the simulator runs it: everything it knows of the board comes from
+// the board's own file.
+inline const CSimTarget& Uno()
+{
+    static const CSimTarget target = [] {
+        CRecordingMessenger messenger;
+        CBoardInfo board;
+        CSimTarget made;
+        QString why;
+        if (!board.Read(QStringLiteral(QUILLON_BOARD_FOLDER), QString(), messenger) ||
+            !SimTargetOf(board, -1, made, why))
+            ADD_FAILURE() << "the sample board does not simulate: " << why.toStdString();
+        return made;
+    }();
+    return target;
+}
 
 // The HEX file of a program under tests/firmware/programs/, built with avr-gcc.
 inline std::string ProgramHex(const std::string& name)
@@ -89,9 +109,8 @@ inline std::vector<std::pair<double, bool>> ChangesAfter(const CAvrSimulator& si
 {
     std::vector<std::pair<double, bool>> changes;
     for (const CPinChange& change : sim.Trace(pin).Changes())
-        if (change.Cycle >= CAvrSimulator::Ms(fromMs))
-            changes.emplace_back(double(change.Cycle) / double(CAvrSimulator::CyclesPerMs),
-                                 change.High);
+        if (change.Cycle >= sim.Ms(fromMs))
+            changes.emplace_back(double(change.Cycle) / double(sim.CyclesPerMs()), change.High);
     return changes;
 }
 
@@ -129,8 +148,7 @@ inline void ExpectLevels(const CAvrSimulator& sim, int pin,
                          std::initializer_list<std::pair<double, bool>> levels)
 {
     for (const auto& [ms, high] : levels)
-        EXPECT_EQ(sim.Trace(pin).LevelAt(CAvrSimulator::Ms(ms)), high)
-            << "pin " << pin << " at " << ms;
+        EXPECT_EQ(sim.Trace(pin).LevelAt(sim.Ms(ms)), high) << "pin " << pin << " at " << ms;
 }
 
 // The times between a pin's changes are these, to `tolerance` ms.

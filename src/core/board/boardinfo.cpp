@@ -109,8 +109,11 @@ bool CBoardInfo::ReadBoardFile(IMessenger& messenger)
             m_network = 1;
         else if (tag == u"SYSTEMCLOCK")
             m_systemClock = LeadingInt(Attribute(child, "value"));
-        else if (tag == u"CLOCKSOURCE")
+        else if (tag == u"CLOCKSOURCE") {
             m_clockSources.append(Attribute(child, "name"));
+            m_clockHz.append(Attribute(child, "hz").toLongLong());
+        } else if (tag == u"SIMULATOR")
+            ReadSimulation(child);
     }
     return true;
 }
@@ -187,6 +190,18 @@ void CBoardInfo::ReadCpu(const QDomElement& cpu)
             m_pwmHighFreq = LeadingInt(Attribute(child, "highfreq"));
         }
     }
+}
+
+void CBoardInfo::ReadSimulation(const QDomElement& simulator)
+{
+    m_simulation.Mcu = Attribute(simulator, "mcu");
+    m_simulation.Uart = Attribute(simulator, "uart");
+    m_simulation.Baud = LeadingInt(Attribute(simulator, "baud"));
+    m_simulation.Analog = Attribute(simulator, "adc").split(u' ', Qt::SkipEmptyParts);
+    const QDomElement lcd = simulator.firstChildElement(QStringLiteral("LCD"));
+    const QDomNamedNodeMap pins = lcd.attributes();
+    for (int i = 0; i < pins.size(); ++i)
+        m_simulation.Lcd.insert(pins.item(i).nodeName().toUpper(), pins.item(i).nodeValue());
 }
 
 const CPaletteEntry* CBoardInfo::FindEntry(const QString& keyword, int bitmapId) const

@@ -12,6 +12,19 @@
 class IMessenger;
 class QDomElement;
 
+// How a board's firmware runs in the simulator: the processor by the simulator's name for
+// it, the UART that is the board's serial line and its speed, the ports of the analog
+// channels in channel order, and the display's wiring as port names ("RS" -> "PB0"; "E",
+// "D4".."D7"). A board without it cannot be simulated.
+struct CBoardSimulation
+{
+    QString Mcu;
+    QString Uart;
+    int Baud = 0;
+    QStringList Analog;
+    QHash<QString, QString> Lcd;
+};
+
 // What one target board offers, read from its folder under TARGET/: the compiler and writer
 // entries, the processor's ports, the clock, the network flag and the two palettes. Valid
 // only after a Read that answered true.
@@ -42,6 +55,11 @@ class CBoardInfo
     bool HasNetwork() const { return m_network != 0; }
     // The names of the board's clock sources, in index order; empty when the file lists none.
     const QStringList& GetClockSources() const { return m_clockSources; }
+    // The frequency of a clock source in Hz, 0 when the file does not say or out of range.
+    qint64 GetClockHz(int source) const { return m_clockHz.value(source); }
+
+    bool CanSimulate() const { return !m_simulation.Mcu.isEmpty(); }
+    const CBoardSimulation& GetSimulation() const { return m_simulation; }
 
     const QString& GetCompilerPanel() const { return m_compilerPanel; }
     const QString& GetCompilerDll() const { return m_compilerDll; }
@@ -87,6 +105,7 @@ class CBoardInfo
     void ReadWriter(const QDomElement& writer);
     void ReadPalette(const QDomElement& palette);
     void ReadCpu(const QDomElement& cpu);
+    void ReadSimulation(const QDomElement& simulator);
 
     int m_pwmLowFreq = 0;
     int m_pwmHighFreq = 0;
@@ -111,4 +130,6 @@ class CBoardInfo
     QString m_inOutFile;
     CPortList m_ports;
     QStringList m_clockSources;
+    QList<qint64> m_clockHz;
+    CBoardSimulation m_simulation;
 };

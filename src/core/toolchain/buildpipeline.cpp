@@ -51,7 +51,7 @@ void CBuildPipeline::SetWriterPolling(int readings, int intervalMs)
     m_writerIntervalMs = intervalMs;
 }
 
-bool CBuildPipeline::Build(const QString& layoutPath)
+bool CBuildPipeline::Make(const QString& layoutPath)
 {
     m_hexMade = false;
     if (m_settings.WorkFolder.isEmpty())
@@ -74,7 +74,13 @@ bool CBuildPipeline::Build(const QString& layoutPath)
         return false;
     m_hexMade = true;
     m_log.Append(CStringTable::Get(Ids::LogCompileTerminated));
+    return true;
+}
 
+bool CBuildPipeline::Build(const QString& layoutPath)
+{
+    if (!Make(layoutPath))
+        return false;
     if (m_messenger.Message(CStringTable::Get(Ids::MsgBuildCompleted), EButtons::OkCancel,
                             EIcon::Question) != EAnswer::Ok) {
         m_log.Append(CStringTable::Get(Ids::LogFlashCanceled));
@@ -194,6 +200,11 @@ void CBuildPipeline::AppendFirstErrorFile()
         m_log.Append(CLayoutFile::Decode(file.readAll()));
 }
 
+QString CBuildPipeline::SimulationMapPathFor(const QString& layoutPath)
+{
+    return HexPathFor(layoutPath).chopped(3) + "simmap";
+}
+
 QString CBuildPipeline::HexPathFor(const QString& layoutPath)
 {
     const QFileInfo info(layoutPath);
@@ -206,6 +217,10 @@ bool CBuildPipeline::CollectHex(const QString& layoutPath)
     const QString destination = HexPathFor(layoutPath);
     QFile::remove(destination);
     const QDir work(m_settings.WorkFolder);
+    // The simulation map belongs to this HEX file only: an older one never stays beside it.
+    const QString map = SimulationMapPathFor(layoutPath);
+    QFile::remove(map);
+    QFile::copy(work.filePath("BASE.simmap"), map);
     QString source = work.filePath("BASE.hex");
     if (!QFileInfo::exists(source))
         source = work.filePath(QFileInfo(HexPathFor(layoutPath)).fileName());

@@ -39,6 +39,8 @@ class CBuildPipeline
 
     // True when the HEX file was made and written.
     bool Build(const QString& layoutPath);
+    // Builds without writing and without asking: true when the HEX file was made.
+    bool Make(const QString& layoutPath);
     // True when this build made the HEX file beside the layout (written or not); a HEX file
     // an earlier build left there does not count.
     bool HexMade() const { return m_hexMade; }
@@ -48,13 +50,17 @@ class CBuildPipeline
     bool Pass1(const QString& layoutPath);
     bool Pass2();
     bool Pass3();
-    // Copies the work folder's HEX file beside the layout; false when there is none.
+    // Copies the work folder's HEX file beside the layout, and the board compiler's simulation
+    // map when it wrote one; false when there is no HEX file.
     bool CollectHex(const QString& layoutPath);
 
     // The compiler's command line, options in their fixed order.
     CCommandLine CompilerCommand() const;
     // The layout path with its last extension replaced by "hex".
     static QString HexPathFor(const QString& layoutPath);
+    // Beside the HEX file: "simmap" for "hex". It tells where the program keeps each panel's
+    // state in RAM.
+    static QString SimulationMapPathFor(const QString& layoutPath);
     void CleanWorkFolder() const;
 
     // How often the board writer is asked whether it has ended (tests make it quick).

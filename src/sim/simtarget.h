@@ -1,0 +1,52 @@
+#pragma once
+
+#include <cstdint>
+#include <string>
+#include <vector>
+
+// What the engine must know of a board to run its firmware: the processor by the name
+// simavr gives it, the clock, and how the board's pins, serial line and display are wired.
+// The board file says all of it; the engine knows no board of its own.
+struct CSimTarget
+{
+    // A pin of the board by the processor's port letter and bit ("PD2" is 'D', 2).
+    struct CPin
+    {
+        char Port = 0;
+        int Bit = 0;
+    };
+
+    std::string Mcu;
+    std::uint64_t ClockHz = 0;
+    // The board's pins in its own numbering: a pin number is an index here.
+    std::vector<CPin> Pins;
+    // The serial line: the processor's UART by simavr's name ('0') and its speed, which
+    // paces the bytes sent to the firmware. No UART when Uart is 0.
+    char Uart = 0;
+    int Baud = 0;
+    // A character display on a 4-bit bus, as pin numbers; -1 where the board has none.
+    int LcdRs = -1, LcdE = -1;
+    int LcdData[4] = {-1, -1, -1, -1};
+    // The pin of each analog channel, in channel order.
+    std::vector<int> AnalogPins;
+    int AnalogReferenceMv = 5000;
+
+    int PinCount() const { return int(Pins.size()); }
+    // The analog channel a pin is read by, -1 for none.
+    int ChannelOf(int pin) const
+    {
+        for (int channel = 0; channel < int(AnalogPins.size()); ++channel)
+            if (AnalogPins[channel] == pin)
+                return channel;
+        return -1;
+    }
+    // "PB5" as a pin number, -1 when the board has no such pin.
+    int PinNamed(const std::string& name) const
+    {
+        for (int pin = 0; pin < PinCount(); ++pin)
+            if (name.size() == 3 && name[0] == 'P' && name[1] == Pins[pin].Port &&
+                name[2] - '0' == Pins[pin].Bit)
+                return pin;
+        return -1;
+    }
+};
