@@ -81,4 +81,6 @@ void CBuildDialog::RunBuild()
     m_building = false;
     m_ok->setEnabled(true);
     m_ok->setFocus();
+    if (m_succeeded && m_closesOnSuccess)
+        accept();
 }

@@ -31,6 +31,9 @@ class CBuildDialog : public QDialog, public IBuildLog
     QString LogText() const;
     bool Succeeded() const { return m_succeeded; }
     bool IsBuilding() const { return m_building; }
+    // A build that only prepares something else (a simulation) closes the dialog when it
+    // succeeds; a failed one stays, so its log can be read.
+    void SetClosesOnSuccess(bool closes) { m_closesOnSuccess = closes; }
 
     void reject() override;
 
@@ -45,4 +48,5 @@ class CBuildDialog : public QDialog, public IBuildLog
     QPlainTextEdit* m_log;
     QPushButton* m_ok;
     bool m_succeeded = false;
+    bool m_closesOnSuccess = false;
 };

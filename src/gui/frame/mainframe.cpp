@@ -11,6 +11,9 @@
 #include "panelcell.h"
 #include "pwmdialog.h"
 #include "settings.h"
+#include "simoverlay.h"
+#include "simtargetof.h"
+#include "simulationsession.h"
 #include "startup.h"
 #include "stringtable.h"
 #include "targetdialog.h"
@@ -54,6 +57,11 @@ CMainFrame::CMainFrame(const CBoardInfo& board, CSettings& settings, IPropertyEd
     m_processBar = new CPanelBar(Text(Ids::BarProcess), m_board.GetPartsPalette(), this);
     m_view = new CLayoutView(*m_document, *this, editor, this);
     setCentralWidget(m_view);
+    m_simulation = new CSimulationSession(*this, *m_view, m_document->Grid(), m_board, m_messenger);
+    connect(m_simulation, &CSimulationSession::Stopped, this, [this] {
+        m_actions.value(Ids::MenuRunSimPause)->setChecked(false);
+        UpdateCommands();
+    });
     addDockWidget(Qt::LeftDockWidgetArea, m_inOutBar);
     addDockWidget(Qt::LeftDockWidgetArea, m_processBar);
     // One chosen entry across both bars.
@@ -171,6 +179,21 @@ void CMainFrame::CreateActions()
 
     QMenu* run = menuBar()->addMenu(Text(Ids::MenuRun));
     AddAction(run, Ids::MenuRunBuild, {QKeySequence(Qt::Key_F7)}, [this] { RunBuild(); });
+    run->addSeparator();
+    QAction* simulate =
+        AddAction(run, Ids::MenuRunSimulate, {QKeySequence(Qt::Key_F5)}, [this] { RunSimulate(); });
+    // A board that cannot be simulated keeps the command, greyed, and says why.
+    simulate->setToolTip(m_board.CanSimulate()
+                             ? Text(Ids::TipRunSimulate)
+                             : CStringTable::Format(Ids::SimNoSimulator, {m_board.GetBoardName()}));
+    simulate->setStatusTip(simulate->toolTip());
+    AddAction(run, Ids::MenuRunSimStop, {QKeySequence(Qt::SHIFT | Qt::Key_F5)},
+              [this] { m_simulation->Stop(); });
+    QAction* pause = AddAction(run, Ids::MenuRunSimPause, {QKeySequence(Qt::Key_F8)}, [] {});
+    pause->setCheckable(true);
+    connect(pause, &QAction::toggled, this, [this](bool on) { m_simulation->SetPaused(on); });
+    AddAction(run, Ids::MenuRunSimStep, {QKeySequence(Qt::Key_F10)},
+              [this] { m_simulation->Step(); });
 
     QMenu* settingsMenu = menuBar()->addMenu(Text(Ids::MenuSettings));
     AddAction(settingsMenu, Ids::MenuSettingsBoard, {}, [this] {
@@ -193,7 +216,9 @@ void CMainFrame::CreateActions()
     for (int id : {Ids::MenuEditCut, Ids::MenuEditCopy, Ids::MenuEditPaste, Ids::MenuEditUndo})
         tools->addAction(m_actions.value(id));
     tools->addSeparator();
-    tools->addAction(m_actions.value(Ids::MenuRunBuild));
+    for (int id :
+         {Ids::MenuRunBuild, Ids::MenuRunSimulate, Ids::MenuRunSimPause, Ids::MenuRunSimStop})
+        tools->addAction(m_actions.value(id));
 }
 
 void CMainFrame::CreateStatusBar()
@@ -277,6 +302,66 @@ void CMainFrame::UpdateCommands()
     enable(Ids::MenuViewAssignedPorts, true);
     enable(Ids::MenuSettingsBoard, true);
     enable(Ids::MenuSettingsWriter, true);
+
+    // While a simulation runs the layout is locked: only the simulation's own commands,
+    // zoom and help stay.
+    const bool simulating = m_simulation && m_simulation->IsRunning();
+    static const QList<int> kWhileSimulating = {
+        Ids::MenuRunSimStop, Ids::MenuRunSimPause, Ids::MenuRunSimStep,
+        Ids::MenuViewZoomIn, Ids::MenuViewZoomOut, Ids::MenuViewZoomReset,
+        Ids::MenuHelpManual, Ids::MenuHelpVersion, Ids::MenuViewAssignedPorts};
+    if (simulating) {
+        for (QAction* action : findChildren<QAction*>(Qt::FindDirectChildrenOnly))
+            if (action->isEnabled() && !kWhileSimulating.contains(m_actions.key(action, -1))) {
+                action->setEnabled(false);
+                m_locked.append(action);
+            }
+    } else {
+        for (QAction* action : std::exchange(m_locked, {}))
+            action->setEnabled(true);
+    }
+    for (int id : kWhileSimulating.mid(0, 3))
+        enable(id, simulating);
+    enable(Ids::MenuRunSimulate, !simulating && m_board.CanSimulate());
+    m_inOutBar->setEnabled(!simulating);
+    m_processBar->setEnabled(!simulating);
+}
+
+void CMainFrame::RunSimulate()
+{
+    if (m_document->GetPath().isEmpty()) {
+        m_messenger.Message(Text(Ids::MsgNotSavedCantSimulate), EButtons::Ok, EIcon::Warning);
+        return;
+    }
+    CSimTarget target;
+    QString why;
+    if (!SimTargetOf(m_board, m_settings.GetClockSource(), target, why)) {
+        m_messenger.Message(why, EButtons::Ok, EIcon::Warning);
+        return;
+    }
+    if (m_settings.GetSaveBeforeCompile() && m_document->IsModified())
+        FileSave();
+    // The HEX file Build && Write would write, made the same way, without writing it.
+    const CBuildSettings settings =
+        CBuildSettings::From(m_settings, m_board, QCoreApplication::applicationDirPath());
+    const QString path = m_document->GetPath();
+    CBuildDialog dialog(
+        [this, settings, path](IBuildLog& log, CStopRequest& stop) {
+            const std::unique_ptr<IPortFinder> finder = CreatePlatformPortFinder();
+            CBuildPipeline pipeline(m_document->Grid(), m_board, settings, log, m_messenger,
+                                    *finder);
+            pipeline.SetStopRequest(&stop);
+            return pipeline.Make(path);
+        },
+        m_messenger, this);
+    dialog.SetClosesOnSuccess(true);
+    dialog.exec();
+    raise();
+    activateWindow();
+    if (!dialog.Succeeded() || !m_simulation->Start(target, path))
+        return;
+    m_view->ClearSelection();
+    UpdateCommands();
 }
 
 void CMainFrame::RunBuild()
@@ -333,6 +418,7 @@ void CMainFrame::HelpVersion()
 
 void CMainFrame::closeEvent(QCloseEvent* event)
 {
+    m_simulation->Stop();
     if (MayDiscard())
         event->accept();
     else

@@ -15,6 +15,7 @@ class CLayoutDocument;
 class CLayoutView;
 class CPanelBar;
 class CSettings;
+class CSimulationSession;
 class IPropertyEditor;
 class QAction;
 class QLabel;
@@ -73,6 +74,9 @@ class CMainFrame : public QMainWindow, public IPanelChooser
     void FilePreview();
     void FilePrintSetup();
     void RunBuild();
+    // Builds the layout as Build && Write does, without writing, and runs the HEX file in
+    // the simulated board over the locked grid.
+    void RunSimulate();
     void HelpManual();
     void HelpVersion();
 
@@ -88,4 +92,7 @@ class CMainFrame : public QMainWindow, public IPanelChooser
     QLabel* m_usePane = nullptr;
     QMenu* m_recentMenu = nullptr;
     QHash<int, QAction*> m_actions; // by text id
+    CSimulationSession* m_simulation = nullptr;
+    // The commands a running simulation has turned off.
+    QList<QAction*> m_locked;
 };

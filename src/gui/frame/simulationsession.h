@@ -1,0 +1,74 @@
+#pragma once
+
+#include "simcontroller.h"
+#include "simmap.h"
+#include "simtarget.h"
+
+#include <QObject>
+
+#include <memory>
+
+class CBoardInfo;
+class CLayoutView;
+class CPanelGrid;
+class CSimOverlay;
+class CSimSignals;
+class IMessenger;
+class QCheckBox;
+class QComboBox;
+class QDockWidget;
+class QLabel;
+class QLineEdit;
+class QMainWindow;
+class QPlainTextEdit;
+class QTimer;
+class QToolBar;
+
+// One simulation as the editor shows it: the controller that runs the HEX file, the overlay
+// that animates the grid and takes the inputs, the time in the status bar, the speed on a
+// tool bar and the serial line in a dock. The layout stays untouched; Stop takes it all away.
+class CSimulationSession : public QObject
+{
+    Q_OBJECT
+
+  public:
+    CSimulationSession(QMainWindow& window, CLayoutView& view, const CPanelGrid& grid,
+                       const CBoardInfo& board, IMessenger& messenger);
+    ~CSimulationSession() override;
+
+    // Runs the HEX file and map a build just made beside the layout; false, with the reason
+    // shown, when they cannot run.
+    bool Start(const CSimTarget& target, const QString& layoutPath);
+    void Stop();
+    bool IsRunning() const { return m_controller.IsRunning(); }
+    void SetPaused(bool paused) { m_controller.SetPaused(paused); }
+    void Step() { m_controller.Step(); }
+    CSimController& Controller() { return m_controller; }
+    CSimOverlay* Overlay() const { return m_overlay; }
+
+  Q_SIGNALS:
+    // The simulation ended, by Stop or because the program stopped.
+    void Stopped();
+
+  private:
+    void Tick();
+    void SendTyped();
+
+    QMainWindow& m_window;
+    CLayoutView& m_view;
+    const CPanelGrid& m_grid;
+    const CBoardInfo& m_board;
+    IMessenger& m_messenger;
+    CSimController m_controller;
+    CSimMap m_map;
+    std::unique_ptr<CSimSignals> m_signals;
+    CSimOverlay* m_overlay = nullptr;
+    QTimer* m_timer = nullptr;
+    QLabel* m_timePane = nullptr;
+    QToolBar* m_toolbar = nullptr;
+    QComboBox* m_speed = nullptr;
+    QDockWidget* m_dock = nullptr;
+    QPlainTextEdit* m_received = nullptr;
+    QLineEdit* m_typed = nullptr;
+    QCheckBox* m_hex = nullptr;
+};

@@ -1,0 +1,39 @@
+#pragma once
+
+#include <QByteArray>
+#include <QList>
+#include <QPair>
+#include <QString>
+
+#include <string>
+#include <vector>
+
+// One moment of a running board, as the grid's animation shows it: the time, every pin's
+// level, each value of the simulation map (in the map's order) and the display's text.
+struct CPanelStateFrame
+{
+    double Ms = 0;
+    std::vector<bool> Pins;
+    std::vector<quint32> Values;
+    std::string Lcd[2];
+    bool Running = false;
+    bool Paused = false;
+    // Why the board stopped, when it did on its own.
+    QString Error;
+};
+
+// Where the animation's states come from: today the simulator; a board that reports its
+// state over its serial line can feed the same view. Inputs go back the same way.
+class IPanelStateSource
+{
+  public:
+    virtual ~IPanelStateSource() = default;
+
+    // The newest frame; taking it is cheap and never waits for the board.
+    virtual CPanelStateFrame Frame() const = 0;
+    virtual void SetInput(int pin, bool high) = 0;
+    virtual void SetReading(int channel, int reading) = 0;
+    virtual void SendSerial(const QByteArray& bytes) = 0;
+    // The bytes the board sent since the last call, each with the time it came, in ms.
+    virtual QList<QPair<double, char>> TakeSerial() = 0;
+};
