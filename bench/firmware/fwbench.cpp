@@ -150,6 +150,35 @@ bool MeasureScan(const fs::path& elf, CScanProbe& probe)
     return probe.Scans > 0;
 }
 
+// Simulated seconds per second of wall time of a program run for `seconds` with nothing
+// watching it, as a simulation the editor shows would run; -1 when it failed.
+double SimulationSpeed(const fs::path& elf, double seconds)
+{
+    elf_firmware_t firmware{};
+    if (elf_read_firmware(elf.c_str(), &firmware) != 0)
+        return -1.0;
+    avr_t* avr = avr_make_mcu_by_name("atmega328p");
+    if (!avr)
+        return -1.0;
+    avr_init(avr);
+    avr->frequency = 16000000;
+    avr->log = 0;
+    // Simulated time only: a sleeping core jumps to its next timer and must not wait.
+    avr->sleep = [](avr_t*, avr_cycle_count_t) {};
+    avr_load_firmware(avr, &firmware);
+    const auto end = avr_cycle_count_t(seconds * 16000000);
+    const auto start = std::chrono::steady_clock::now();
+    while (avr->cycle < end) {
+        const int state = avr_run(avr);
+        if (state == cpu_Done || state == cpu_Crashed)
+            return -1.0;
+    }
+    const double wall =
+        std::chrono::duration<double>(std::chrono::steady_clock::now() - start).count();
+    avr_terminate(avr);
+    return seconds / wall;
+}
+
 } // namespace
 
 int main()
@@ -188,6 +217,8 @@ int main()
                     double(probe.Total) / double(probe.Scans), probe.Scans);
     else
         std::puts("scan period: the simulation failed");
+    std::printf("simulation speed: %.2f simulated s per wall s (5 s simulated)\n",
+                SimulationSpeed(work / "BASE.elf", 5.0));
 
     std::puts("\n== Examples, built with quillon-cli (flash and RAM as avr-size -C counts)");
     long blinkerFlash = -1;
@@ -199,8 +230,11 @@ int main()
             BuildWithCli(fs::path(FWBENCH_EXAMPLES) / (std::string(name) + ".loc"), exampleFolder);
         const CSizes sizes = elf.empty() ? CSizes() : SizesOf(elf);
         std::printf("%-18s flash %5ld bytes   RAM %4ld bytes\n", name, sizes.Flash, sizes.Ram);
-        if (std::string(name) == "blinker")
+        if (std::string(name) == "blinker") {
             blinkerFlash = sizes.Flash;
+            std::printf("%-18s simulation speed %.2f simulated s per wall s (5 s simulated)\n", "",
+                        elf.empty() ? -1.0 : SimulationSpeed(elf, 5.0));
+        }
     }
 
     const CSizes hand = SizesOf(FWBENCH_HAND_ELF);
