@@ -9,9 +9,15 @@
 
 #include <avr/io.h>
 #include <avr/pgmspace.h>
+#include <stddef.h>
 #include <stdint.h>
 
 typedef uint8_t q_bit;
+
+/* BASE.c keeps its nets in RAM, where the simulator reads them through the map the size
+ * check writes. A net is used only inside the scan, so GCC would drop its variable (and
+ * keep the value in a register) unless told that something else uses it. */
+#define Q_MAPPED __attribute__((used))
 
 #if Q_USE_LONG_TIMES
 typedef uint32_t q_time_t; /* a timer or delay beyond 65.535 s */
