@@ -91,33 +91,14 @@ fs::path BuildWithCli(const fs::path& layout, const fs::path& folder)
     return folder / "work" / "BASE.elf";
 }
 
-// The scan starts when the polling loop reads TIFR0 with the tick flag set, and ends at
-// the next read of TIFR0: one scan plus the work after it (display refresh, pulses).
+// The chip sleeps between scans: a scan starts when the core wakes and ends when it sleeps
+// again, so each one counts the scan and the work after it (display refresh, pulses).
 struct CScanProbe
 {
-    bool InScan = false;
-    avr_cycle_count_t Start = 0;
     avr_cycle_count_t Longest = 0;
     avr_cycle_count_t Total = 0;
     long Scans = 0;
-    bool Measuring = false;
 };
-
-uint8_t ReadTifr0(avr_t* avr, avr_io_addr_t addr, void* param)
-{
-    auto* probe = static_cast<CScanProbe*>(param);
-    const uint8_t value = avr->data[addr];
-    const bool tick = value & 0x02; // OCF0A
-    if (probe->InScan && probe->Measuring) {
-        const avr_cycle_count_t length = avr->cycle - probe->Start;
-        probe->Longest = std::max(probe->Longest, length);
-        probe->Total += length;
-        ++probe->Scans;
-    }
-    probe->InScan = tick;
-    probe->Start = avr->cycle;
-    return value;
-}
 
 bool MeasureScan(const fs::path& elf, CScanProbe& probe)
 {
@@ -130,21 +111,25 @@ bool MeasureScan(const fs::path& elf, CScanProbe& probe)
     avr_init(avr);
     avr->frequency = 16000000;
     avr->log = 0;
+    avr->sleep = [](avr_t*, avr_cycle_count_t) {};
     avr_load_firmware(avr, &firmware);
-    avr_register_io_read(avr, 0x35 /* TIFR0 in data space */, ReadTifr0, &probe);
     const avr_cycle_count_t warmUp = 16000000 / 5; // 200 ms: the LCD start-up
     const avr_cycle_count_t window = 16000000;     // then 1 s of scans
-    while (avr->cycle < warmUp) {
-        const int state = avr_run(avr);
-        if (state == cpu_Done || state == cpu_Crashed)
-            return false;
-    }
-    probe.Measuring = true;
-    probe.InScan = false;
+    bool awake = true;
+    avr_cycle_count_t start = 0;
     while (avr->cycle < warmUp + window) {
         const int state = avr_run(avr);
         if (state == cpu_Done || state == cpu_Crashed)
             return false;
+        const bool nowAwake = state != cpu_Sleeping;
+        if (nowAwake && !awake) {
+            start = avr->cycle;
+        } else if (!nowAwake && awake && start >= warmUp) {
+            probe.Longest = std::max(probe.Longest, avr->cycle - start);
+            probe.Total += avr->cycle - start;
+            ++probe.Scans;
+        }
+        awake = nowAwake;
     }
     avr_terminate(avr);
     return probe.Scans > 0;
