@@ -91,33 +91,14 @@ fs::path BuildWithCli(const fs::path& layout, const fs::path& folder)
     return folder / "work" / "BASE.elf";
 }
 
-// The scan starts when the polling loop reads TIFR0 with the tick flag set, and ends at
-// the next read of TIFR0: one scan plus the work after it (display refresh, pulses).
+// The chip sleeps between scans: a scan starts when the core wakes and ends when it sleeps
+// again, so each one counts the scan and the work after it (display refresh, pulses).
 struct CScanProbe
 {
-    bool InScan = false;
-    avr_cycle_count_t Start = 0;
     avr_cycle_count_t Longest = 0;
     avr_cycle_count_t Total = 0;
     long Scans = 0;
-    bool Measuring = false;
 };
-
-uint8_t ReadTifr0(avr_t* avr, avr_io_addr_t addr, void* param)
-{
-    auto* probe = static_cast<CScanProbe*>(param);
-    const uint8_t value = avr->data[addr];
-    const bool tick = value & 0x02; // OCF0A
-    if (probe->InScan && probe->Measuring) {
-        const avr_cycle_count_t length = avr->cycle - probe->Start;
-        probe->Longest = std::max(probe->Longest, length);
-        probe->Total += length;
-        ++probe->Scans;
-    }
-    probe->InScan = tick;
-    probe->Start = avr->cycle;
-    return value;
-}
 
 bool MeasureScan(const fs::path& elf, CScanProbe& probe)
 {
@@ -130,24 +111,57 @@ bool MeasureScan(const fs::path& elf, CScanProbe& probe)
     avr_init(avr);
     avr->frequency = 16000000;
     avr->log = 0;
+    avr->sleep = [](avr_t*, avr_cycle_count_t) {};
     avr_load_firmware(avr, &firmware);
-    avr_register_io_read(avr, 0x35 /* TIFR0 in data space */, ReadTifr0, &probe);
     const avr_cycle_count_t warmUp = 16000000 / 5; // 200 ms: the LCD start-up
     const avr_cycle_count_t window = 16000000;     // then 1 s of scans
-    while (avr->cycle < warmUp) {
-        const int state = avr_run(avr);
-        if (state == cpu_Done || state == cpu_Crashed)
-            return false;
-    }
-    probe.Measuring = true;
-    probe.InScan = false;
+    bool awake = true;
+    avr_cycle_count_t start = 0;
     while (avr->cycle < warmUp + window) {
         const int state = avr_run(avr);
         if (state == cpu_Done || state == cpu_Crashed)
             return false;
+        const bool nowAwake = state != cpu_Sleeping;
+        if (nowAwake && !awake) {
+            start = avr->cycle;
+        } else if (!nowAwake && awake && start >= warmUp) {
+            probe.Longest = std::max(probe.Longest, avr->cycle - start);
+            probe.Total += avr->cycle - start;
+            ++probe.Scans;
+        }
+        awake = nowAwake;
     }
     avr_terminate(avr);
     return probe.Scans > 0;
+}
+
+// Simulated seconds per second of wall time of a program run for `seconds` with nothing
+// watching it, as a simulation the editor shows would run; -1 when it failed.
+double SimulationSpeed(const fs::path& elf, double seconds)
+{
+    elf_firmware_t firmware{};
+    if (elf_read_firmware(elf.c_str(), &firmware) != 0)
+        return -1.0;
+    avr_t* avr = avr_make_mcu_by_name("atmega328p");
+    if (!avr)
+        return -1.0;
+    avr_init(avr);
+    avr->frequency = 16000000;
+    avr->log = 0;
+    // Simulated time only: a sleeping core jumps to its next timer and must not wait.
+    avr->sleep = [](avr_t*, avr_cycle_count_t) {};
+    avr_load_firmware(avr, &firmware);
+    const auto end = avr_cycle_count_t(seconds * 16000000);
+    const auto start = std::chrono::steady_clock::now();
+    while (avr->cycle < end) {
+        const int state = avr_run(avr);
+        if (state == cpu_Done || state == cpu_Crashed)
+            return -1.0;
+    }
+    const double wall =
+        std::chrono::duration<double>(std::chrono::steady_clock::now() - start).count();
+    avr_terminate(avr);
+    return seconds / wall;
 }
 
 } // namespace
@@ -188,6 +202,8 @@ int main()
                     double(probe.Total) / double(probe.Scans), probe.Scans);
     else
         std::puts("scan period: the simulation failed");
+    std::printf("simulation speed: %.2f simulated s per wall s (5 s simulated)\n",
+                SimulationSpeed(work / "BASE.elf", 5.0));
 
     std::puts("\n== Examples, built with quillon-cli (flash and RAM as avr-size -C counts)");
     long blinkerFlash = -1;
@@ -199,8 +215,11 @@ int main()
             BuildWithCli(fs::path(FWBENCH_EXAMPLES) / (std::string(name) + ".loc"), exampleFolder);
         const CSizes sizes = elf.empty() ? CSizes() : SizesOf(elf);
         std::printf("%-18s flash %5ld bytes   RAM %4ld bytes\n", name, sizes.Flash, sizes.Ram);
-        if (std::string(name) == "blinker")
+        if (std::string(name) == "blinker") {
             blinkerFlash = sizes.Flash;
+            std::printf("%-18s simulation speed %.2f simulated s per wall s (5 s simulated)\n", "",
+                        elf.empty() ? -1.0 : SimulationSpeed(elf, 5.0));
+        }
     }
 
     const CSizes hand = SizesOf(FWBENCH_HAND_ELF);

@@ -67,3 +67,74 @@ TEST(AvrSize, RefusesWhatTheChipCannotHoldAndNamesTheSizes)
             << run.Output.toStdString();
     }
 }
+
+// The simulation map of a layout linked by avr-gcc: each entry's address is its variable's
+// as avr-nm reads the ELF file, plus the field's offset.
+TEST(AvrSizeMap, PlacesEveryCellAtItsVariablesAddress)
+{
+    CPanelcWork work;
+    ASSERT_EQ(work.Compile(kMappedLayout).ExitCode, 0) << work.Read("PANEL.err").toStdString();
+    const CProgramRun gcc = work.CompileC();
+    ASSERT_EQ(gcc.ExitCode, 0) << gcc.Output.toStdString();
+    const CProgramRun map = work.Run("./PANEL.avrsize", "BASE.elf --map BASE.cells BASE.simmap");
+    ASSERT_EQ(map.ExitCode, 0) << map.Output.toStdString();
+    QHash<QString, uint> addresses; // "00800104 b n3"
+    for (const QString& line : work.Run("avr-nm", "BASE.elf").Output.split(u'\n'))
+        addresses.insert(line.section(u' ', 2), line.section(u' ', 0, 0).toUInt(nullptr, 16));
+    const QStringList cells = work.Read("BASE.cells").split(u'\n', Qt::SkipEmptyParts);
+    QStringList lines = work.Read("BASE.simmap").split("\r\n");
+    ASSERT_EQ(lines.size(), cells.size() + 1) << "one line a cell, CR LF after each";
+    EXPECT_EQ(lines.takeFirst(), "; Simulation map of layout.loc: CELL ITEM ADDRESS BYTES");
+    for (qsizetype i = 1; i < cells.size(); ++i) {
+        const QStringList cell = cells[i].split(u' ');
+        ASSERT_TRUE(addresses.contains(cell[2])) << cell[2].toStdString();
+        EXPECT_EQ(lines[i - 1],
+                  QStringLiteral("%1 %2 0x%3 %4")
+                      .arg(cell[0], cell[1])
+                      .arg(addresses[cell[2]] - 0x800000 + cell[3].toUInt(), 4, 16, QChar(u'0'))
+                      .arg(cell[4]));
+    }
+}
+
+TEST(AvrSizeMap, LeavesNoMapWhenACellCannotBePlaced)
+{
+    CPanelcWork work;
+    work.Write("p.c", "volatile char buffer[4];\nint main(void) { return buffer[3]; }\n");
+    ASSERT_EQ(work.Run("avr-gcc", "-mmcu=atmega328p -Os -o BASE.elf p.c").ExitCode, 0);
+    const QByteArray head = "; Cells of a.loc: CELL ITEM SYMBOL OFFSET BYTES\r\n";
+    const QString unused = "The cells file BASE.cells cannot be used: line %1 is not as the "
+                           "panel compiler writes it.\n";
+    const struct
+    {
+        const char* Name;
+        QByteArray Cells; // "-": no cells file
+        QString Output;
+        const char* Language = "en";
+    } rows[] = {
+        {"no cells file", "-", "The cells file BASE.cells cannot be read.\n"},
+        {"no heading", "0101 R buffer 0 1\n", unused.arg(1)},
+        {"an offset that is no number", head + "0101 R buffer 0 1\n0102 R buffer x 1\n",
+         unused.arg(3)},
+        {"an entry short of its size", head + "0101 R buffer 0\n", unused.arg(2)},
+        {"a symbol the program lacks, after one it has",
+         head + "0101 R buffer 0 1\n0102 L n7 0 1\n",
+         "The cells file BASE.cells names n7, which the program does not hold.\n"},
+        {"a function is no variable", head + "0101 R main 0 1\n",
+         "The cells file BASE.cells names main, which the program does not hold.\n"},
+        {"in Japanese when the board asks", head + "0101 R n7 0 1\n",
+         "セルファイル BASE.cells にある n7 がプログラムにありません。\n", "ja"},
+    };
+    for (const auto& row : rows) {
+        SCOPED_TRACE(row.Name);
+        QFile::remove(work.Path("BASE.cells"));
+        if (row.Cells != "-")
+            work.Write("BASE.cells", row.Cells);
+        work.Write("BASE.simmap", "an earlier build's map");
+        const CProgramRun run = work.Run(
+            QUILLON_AVRSIZE,
+            QStringLiteral("BASE.elf --map BASE.cells BASE.simmap --lang ") + row.Language);
+        EXPECT_EQ(run.ExitCode, 2);
+        EXPECT_EQ(run.Output, row.Output);
+        EXPECT_FALSE(QFile::exists(work.Path("BASE.simmap"))) << "no map is left behind";
+    }
+}

@@ -142,3 +142,49 @@ TEST(PanelcCompiles, GatesRunInTheNetlistsOrderNotTheGridsOrder)
     ASSERT_TRUE(source.contains("[NOT(2,2)]") && source.contains("[NOT(3,1)]"));
     EXPECT_LT(source.indexOf("[NOT(3,1)]"), source.indexOf("[NOT(2,2)]"));
 }
+
+// The cells file names each side of each net the scan computes, in the cell a layout
+// record names, and the state of each storing panel, with the field's place in its type.
+TEST(PanelcCompiles, CellsNameEveryPinOfAComputedNetAndEveryStoringPanelsState)
+{
+    CPanelcWork work;
+    ASSERT_EQ(work.Compile(kMappedLayout).ExitCode, 0) << work.Read("PANEL.err").toStdString();
+    QStringList lines = work.Read("BASE.cells").split(u'\n', Qt::SkipEmptyParts);
+    ASSERT_FALSE(lines.isEmpty());
+    EXPECT_EQ(lines.takeFirst(), "; Cells of layout.loc: CELL ITEM SYMBOL OFFSET BYTES");
+    QHash<QString, QStringList> entries; // "CELL ITEM" -> symbol, offset, bytes
+    for (const QString& line : lines)
+        entries.insert(line.section(u' ', 0, 1), line.section(u' ', 2).split(u' '));
+    const QString source = work.Read("BASE.c");
+    const struct
+    {
+        const char* Name;
+        QString Entry;
+        QString Expected; // "= CELL ITEM" the same net, "!= CELL ITEM" another, else
+                          // "TYPE OFFSET BYTES" of the state variable
+    } rows[] = {
+        {"the gate's output is the net the timer reads", "0103 R", "= 0203 L"},
+        {"an input's net is named in the input column", "0102 L", "= I_02 R"},
+        {"the crossing carries one net across", "0102 R", "= 0102 L"},
+        {"and one down", "0102 D", "= 0102 U"},
+        {"and shows the two apart", "0102 L", "!= 0102 U"},
+        {"a tall panel's row is its own cell", "0304 R", "= O_04 L"},
+        {"a timer's elapsed count", "0203 elapsed", "q_timer_t 2 2"},
+        {"a counter's value", "0202 count", "q_counter_t 0 2"},
+        {"a motor's step position", "0303 position", "q_motor_t 1 1"},
+    };
+    for (const auto& row : rows) {
+        SCOPED_TRACE(row.Name);
+        const QStringList entry = entries.value(row.Entry), expected = row.Expected.split(u' ');
+        ASSERT_EQ(entry.size(), 3) << "no entry " << row.Entry.toStdString();
+        if (expected[0] == u"=" || expected[0] == u"!=") {
+            const QStringList other = entries.value(expected[1] + u' ' + expected[2]);
+            ASSERT_EQ(other.size(), 3);
+            EXPECT_EQ(entry[0] == other[0], expected[0] == u"=");
+            EXPECT_EQ(entry.mid(1), QStringList({"0", "1"}));
+        } else {
+            EXPECT_TRUE(source.contains("static " + expected[0] + ' ' + entry[0] + ';'));
+            EXPECT_EQ(entry.mid(1), expected.mid(1));
+        }
+    }
+}

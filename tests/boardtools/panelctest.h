@@ -33,6 +33,12 @@ inline QByteArray LayoutText(const QString& records)
     return text.toUtf8();
 }
 
+// A gate, a wire crossing another, a timer, a counter and a stepping motor whose second
+// row drives a lamp: every kind of entry of the simulation map.
+inline const char* const kMappedLayout =
+    "I1 DGI \tH,PD2|I2 DGI \tH,PD3|1,1 LINE\tLD|1,2 LINE\tUD,LR|1,3 AND \tR|2,2 CNT \tH,3|"
+    "2,3 TIM \tT,0.20S|3,3 SMOT\t1,10|W4,4|O4 LAMP\tH,PB5";
+
 struct CProgramRun
 {
     int ExitCode = -1;

@@ -7,11 +7,19 @@
 
 #include "BASE.h"
 
+#include <avr/interrupt.h>
 #include <avr/io.h>
 #include <avr/pgmspace.h>
+#include <avr/sleep.h>
+#include <stddef.h>
 #include <stdint.h>
 
 typedef uint8_t q_bit;
+
+/* BASE.c keeps its nets in RAM, where the simulator reads them through the map the size
+ * check writes. A net is used only inside the scan, so GCC would drop its variable (and
+ * keep the value in a register) unless told that something else uses it. */
+#define Q_MAPPED __attribute__((used))
 
 #if Q_USE_LONG_TIMES
 typedef uint32_t q_time_t; /* a timer or delay beyond 65.535 s */
@@ -66,15 +74,24 @@ typedef struct
     uint8_t prev;
 } q_counter_t;
 
+/* The tick: timer 0's compare interrupt (ports.c) sets this bit of GPIOR0 every
+ * millisecond, and q_wait_tick takes it. A bit of a low I/O register is set, tested and
+ * cleared by single instructions that touch no register and no status flag, so the
+ * interrupt has nothing to save. */
+#define Q_TICK 0
+
 /* The scan: one pass of the layout every millisecond, timed by timer 0. The small parts
  * of the scan are inline: -Os puts a part used once in place and calls a part used often. */
 static inline void q_begin(void)
 {
     /* Timer 0 in CTC mode, clock / 64, 250 counts: a compare match every 1 ms at 16 MHz.
-     * The flag is polled, so no interrupt is needed. */
+     * Its interrupt wakes the chip from idle sleep; interrupts stay off until the first
+     * wait, so the parts started below keep their timing. */
     TCCR0A = _BV(WGM01);
     OCR0A = (uint8_t)(F_CPU / 64 / 1000 - 1);
     TCCR0B = _BV(CS01) | _BV(CS00);
+    TIMSK0 = _BV(OCIE0A);
+    SMCR = 0; /* idle sleep, which keeps the timers and the serial line running */
 #if Q_USE_UART_RX || Q_USE_UART_TX
     q_uart_begin();
 #endif
@@ -90,11 +107,22 @@ static inline void q_begin(void)
 #endif
 }
 
+/* Idle sleep until the next tick: less power on the board, and a simulator skips the idle
+ * cycles. The flag is tested with interrupts off, and sei lets the sleep instruction after
+ * it run before any interrupt, so a tick that comes after the test still wakes the chip.
+ * A scan longer than the millisecond finds the flag set and runs the next one at once. */
 static inline void q_wait_tick(void)
 {
-    while (!(TIFR0 & _BV(OCF0A)))
-        ;
-    TIFR0 = _BV(OCF0A);
+    cli();
+    while (!(GPIOR0 & _BV(Q_TICK))) {
+        sleep_enable();
+        sei();
+        sleep_cpu();
+        sleep_disable();
+        cli();
+    }
+    GPIOR0 &= (uint8_t)~_BV(Q_TICK);
+    sei();
 }
 
 /* Rising edge since the last call; *prev starts at 0, so an input on from power-up

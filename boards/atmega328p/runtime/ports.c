@@ -1,4 +1,12 @@
-/* The analog input, the serial line and the timer outputs. */
+/* The scan tick, the analog input, the serial line and the timer outputs. */
+
+/* The run-time's only interrupt (every other part polls its flags in the scan): it wakes
+ * the chip from its sleep between scans and marks the tick. */
+ISR(TIMER0_COMPA_vect, ISR_NAKED)
+{
+    __asm__ __volatile__("sbi %0, %1" : : "I"(_SFR_IO_ADDR(GPIOR0)), "I"(Q_TICK));
+    reti();
+}
 
 #if Q_USE_ADC
 uint16_t q_adc_read(uint8_t channel)

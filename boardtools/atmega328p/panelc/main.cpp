@@ -1,8 +1,9 @@
 // quillon-panelc: the panel compiler of the ATmega328P board. The build runs it as
 //   "<board>/quillon-panelc" "<location file>" -o "<out>" -w "<work>" -x 16 -y 40 -c<n>
-// with the work folder as its current folder. It writes BASE.h, BASE.c and the run-time
-// (PANEL.h, PANEL.c, PANEL.avrsize) into the work folder and exits 0, or writes the faults
-// of a layout the board cannot run into PANEL.err, one a line, and exits 1.
+// with the work folder as its current folder. It writes BASE.h, BASE.c, BASE.cells (what
+// the simulation map shows, for the size check to resolve) and the run-time (PANEL.h,
+// PANEL.c, PANEL.avrsize) into the work folder and exits 0, or writes the faults of a
+// layout the board cannot run into PANEL.err, one a line, and exits 1.
 #include "avrboard.h"
 #include "avrcodegenerator.h"
 #include "avrlayoutcheck.h"
@@ -115,7 +116,8 @@ int main(int argc, char** argv)
     const QDir dir(work);
     for (const auto& [name, bytes] :
          {std::pair{QStringLiteral("BASE.h"), generator.BaseHeader(layoutName)},
-          std::pair{QStringLiteral("BASE.c"), generator.BaseSource(layoutName)}})
+          std::pair{QStringLiteral("BASE.c"), generator.BaseSource(layoutName)},
+          std::pair{QStringLiteral("BASE.cells"), generator.BaseCells(layoutName)}})
         if (!WriteFile(dir.filePath(name), bytes))
             return Refuse(work,
                           {CStringTable::Format(Ids::PanelcNotWritten, {dir.filePath(name)})});

@@ -117,7 +117,7 @@ void WriteMotorDriver(const CPanel& panel, CGridPos pos, CScanCode& code)
     const QList<int> coils = code.Board().PinsOf(panel).value_or(QList<int>());
     for (const int pin : coils)
         code.Setup(QStringLiteral("Q_PIN_OUTPUT(%1, 0);").arg(pin));
-    const QString state = code.State("q_motor_t");
+    const QString state = code.State("q_motor_t", "position");
     const bool halfSteps = panel.GetTokens().value(1) == u"1";
     code.Add(CScanCode::Outputs,
              QStringLiteral("q_motor(&%1, %2, %3, %4u, %5);")

@@ -3,6 +3,7 @@
 #include "panelname.h"
 
 #include "netlist.h"
+#include "panelgrid.h"
 
 #include <algorithm>
 
@@ -38,6 +39,54 @@ QString CString(const QByteArray& bytes)
     return u'"' + text + u'"';
 }
 
+// Where the simulation map finds what a storing panel holds: the field of its run-time
+// type, its offset and its size. BASE.c asserts every row it uses, so a change to PANEL.h
+// stops the build instead of moving the map off its fields. A timer's count is a q_time_t,
+// which long times make four bytes.
+enum class ETimes
+{
+    Any,
+    Short,
+    Long
+};
+
+struct CMapField
+{
+    const char* Type;
+    const char* Item;
+    const char* Field;
+    int Offset;
+    int Bytes;
+    ETimes Times;
+};
+
+constexpr CMapField kMapFields[] = {
+    {"q_timer_t", "elapsed", "count", 2, 2, ETimes::Short},
+    {"q_timer_t", "elapsed", "count", 2, 4, ETimes::Long},
+    {"q_counter_t", "count", "count", 0, 2, ETimes::Any},
+    {"q_motor_t", "position", "pos", 1, 1, ETimes::Any},
+};
+
+const CMapField* FieldOf(const QString& type, const QString& item, bool longTimes)
+{
+    for (const CMapField& field : kMapFields)
+        if (type == QLatin1String(field.Type) && item == QLatin1String(field.Item) &&
+            (field.Times == ETimes::Any || (field.Times == ETimes::Long) == longTimes))
+            return &field;
+    return nullptr;
+}
+
+// A cell as a layout record names it: "I_05", "0201", "O_07".
+QString CellName(CGridPos cell)
+{
+    const auto two = [](int n) { return QStringLiteral("%1").arg(n, 2, 10, QChar(u'0')); };
+    if (cell.Column == CPanelGrid::GetInputColumn())
+        return "I_" + two(cell.Row);
+    if (cell.Column == CPanelGrid::GetOutputColumn())
+        return "O_" + two(cell.Row);
+    return two(cell.Column) + two(cell.Row);
+}
+
 } // namespace
 
 CScanCode::CScanCode(const CPanelGrid& grid, const CNetlist& netlist, const CBoardInfo& board)
@@ -48,6 +97,7 @@ CScanCode::CScanCode(const CPanelGrid& grid, const CNetlist& netlist, const CBoa
 void CScanCode::Begin(const CPanel& panel, CGridPos pos)
 {
     m_panelName = CPanelName::Of(panel, pos);
+    m_panelPos = pos;
     ++m_panelIndex;
 }
 
@@ -79,10 +129,12 @@ void CScanCode::Add(EStep step, const QString& line)
     m_steps[step].append(line);
 }
 
-QString CScanCode::State(const QString& type)
+QString CScanCode::State(const QString& type, const QString& item)
 {
     const QString name = "s" + QString::number(m_stateCount++);
     m_declarations.append("static " + type + " " + name + "; " + Comment(m_panelName));
+    if (!item.isEmpty())
+        m_mapped.append({m_panelPos, item, name, type});
     return name;
 }
 
@@ -124,28 +176,52 @@ QByteArray CScanCode::BaseHeader(const QString& layoutName) const
     return text.toUtf8();
 }
 
+QList<int> CScanCode::ComputedNets() const
+{
+    QList<int> nets = m_driven;
+    std::sort(nets.begin(), nets.end());
+    return nets;
+}
+
 QByteArray CScanCode::BaseSource(const QString& layoutName) const
 {
     QString text = Comment("BASE.c: the layout " + layoutName +
                            ", written by quillon-panelc. One scan runs every millisecond.") +
                    "\n#include \"PANEL.h\"\n\n";
+    const bool longTimes = Uses("Q_USE_LONG_TIMES");
+    for (const CMapField& field : kMapFields)
+        if (std::any_of(m_mapped.begin(), m_mapped.end(), [&](const CMappedState& state) {
+                return FieldOf(state.Type, state.Item, longTimes) == &field;
+            }))
+            text += QStringLiteral("_Static_assert(offsetof(%1, %2) == %3 && sizeof(((%1*)0)->%2) "
+                                   "== %4, \"BASE.cells places %5 at %1.%2: offset %3, size "
+                                   "%4\");\n")
+                        .arg(QLatin1String(field.Type), QLatin1String(field.Field))
+                        .arg(field.Offset)
+                        .arg(field.Bytes)
+                        .arg(QLatin1String(field.Item));
+    if (!m_mapped.isEmpty())
+        text += "\n";
     for (const QString& line : m_declarations)
         text += line + "\n";
-    if (!m_declarations.isEmpty())
-        text += "\n";
-    text += "static void q_scan(void)\n{\n";
-    QList<int> nets = m_driven;
-    std::sort(nets.begin(), nets.end());
+    // The nets live in RAM, where the simulator reads them after each scan.
+    const QList<int> nets = ComputedNets();
     for (qsizetype i = 0; i < nets.size(); i += 8) {
         QStringList names;
         for (qsizetype j = i; j < std::min(nets.size(), i + 8); ++j)
             names.append(NetName(nets[j]));
-        text += "    q_bit " + names.join(", ") + ";\n";
+        text += "Q_MAPPED static q_bit " + names.join(", ") + ";\n";
     }
+    if (!m_declarations.isEmpty() || !nets.isEmpty())
+        text += "\n";
+    text += "static void q_scan(void)\n{\n";
+    bool first = true;
     for (int step = 0; step < StepCount; ++step) {
         if (m_steps[step].isEmpty())
             continue;
-        text += "\n    " + Comment(QString::fromLatin1(kStepTitles[step])) + "\n";
+        text +=
+            (first ? "    " : "\n    ") + Comment(QString::fromLatin1(kStepTitles[step])) + "\n";
+        first = false;
         for (const QString& line : m_steps[step])
             text += "    " + line + "\n";
     }
@@ -156,5 +232,27 @@ QByteArray CScanCode::BaseSource(const QString& layoutName) const
     for (const QString& line : m_afterScan)
         text += "        " + line + "\n";
     text += "    }\n}\n";
+    return text.toUtf8();
+}
+
+QByteArray CScanCode::BaseCells(const QString& layoutName) const
+{
+    // The heading is one line whatever the name holds.
+    QString name = layoutName;
+    for (QChar& c : name)
+        if (c.unicode() < 0x20)
+            c = u'?';
+    QString text = "; Cells of " + name + ": CELL ITEM SYMBOL OFFSET BYTES\n";
+    // The map names every net a wire shows: each pin of the net, on whichever side.
+    for (const int net : ComputedNets())
+        for (const CNetPin& pin : m_netlist.GetNets()[net].GetPins())
+            text += CellName(pin.Cell()) + u' ' + QChar(pin.Side) + u' ' + NetName(net) + " 0 1\n";
+    const bool longTimes = Uses("Q_USE_LONG_TIMES");
+    for (const CMappedState& state : m_mapped)
+        if (const CMapField* field = FieldOf(state.Type, state.Item, longTimes))
+            text += QStringLiteral("%1 %2 %3 %4 %5\n")
+                        .arg(CellName(state.Cell), state.Item, state.Symbol)
+                        .arg(field->Offset)
+                        .arg(field->Bytes);
     return text.toUtf8();
 }

@@ -18,7 +18,8 @@ class CPanelGrid;
 
 // The program being written for one layout: the scan's five steps, the state of the
 // storing panels, the set-up before the first scan and the parts of the run-time in use.
-// Family writers add lines to it; it names the nets and renders BASE.h and BASE.c.
+// Family writers add lines to it; it names the nets and renders BASE.h, BASE.c and
+// BASE.cells, the cells file from which the size check writes the simulation map.
 class CScanCode
 {
   public:
@@ -48,8 +49,10 @@ class CScanCode
     // nothing.
     void Drive(EStep step, CGridPos pos, int row, char side, const QString& value);
     void Add(EStep step, const QString& line);
-    // A static variable of the run-time type, named after the panel's order.
-    QString State(const QString& type);
+    // A static variable of the run-time type, named after the panel's order. An item names
+    // the field the simulation map shows in the panel's top cell ("elapsed", "count",
+    // "position").
+    QString State(const QString& type, const QString& item = QString());
     // A text kept in flash, as the bytes the display shows.
     QString FlashText(const QByteArray& bytes);
     void Setup(const QString& line);
@@ -60,15 +63,29 @@ class CScanCode
 
     QByteArray BaseHeader(const QString& layoutName) const;
     QByteArray BaseSource(const QString& layoutName) const;
+    // One line a map entry, "CELL ITEM SYMBOL OFFSET BYTES", after a heading naming the
+    // layout: every pin of every net the scan computes, then the items of the storing panels.
+    QByteArray BaseCells(const QString& layoutName) const;
 
   private:
+    // A storing panel's field the simulation map shows.
+    struct CMappedState
+    {
+        CGridPos Cell;
+        QString Item;
+        QString Symbol;
+        QString Type;
+    };
+
     QString NetName(int net) const { return "n" + QString::number(net); }
+    QList<int> ComputedNets() const;
 
     const CPanelGrid& m_grid;
     const CNetlist& m_netlist;
     CAvrBoard m_board;
     long m_clock = 0;
     QString m_panelName;
+    CGridPos m_panelPos;
     int m_panelIndex = -1;
     std::array<int, StepCount> m_namedIn{-1, -1, -1, -1, -1};
     std::array<QStringList, StepCount> m_steps;
@@ -77,6 +94,7 @@ class CScanCode
     QStringList m_afterScan;
     QSet<QString> m_features;
     QList<int> m_driven;
+    QList<CMappedState> m_mapped;
     int m_stateCount = 0;
     int m_textCount = 0;
 };

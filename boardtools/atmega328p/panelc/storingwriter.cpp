@@ -30,7 +30,7 @@ void WriteCounter(const CPanel& panel, CGridPos pos, CScanCode& code)
 {
     const QList<int> values = CLineValues::From(panel, 2);
     const int largest = values.isEmpty() ? 0 : *std::max_element(values.begin(), values.end());
-    const QString state = code.State("q_counter_t");
+    const QString state = code.State("q_counter_t", "count");
     for (int row = 0; row < values.size(); ++row)
         code.Drive(CScanCode::Show, pos, row, 'R',
                    values[row] == 0
@@ -46,7 +46,7 @@ void WriteCounter(const CPanel& panel, CGridPos pos, CScanCode& code)
 void WriteMotor(const CPanel& panel, CGridPos pos, CScanCode& code)
 {
     code.Use("Q_USE_MOTOR");
-    const QString state = code.State("q_motor_t");
+    const QString state = code.State("q_motor_t", "position");
     for (int row = 0; row < 4; ++row)
         code.Drive(CScanCode::Show, pos, row, 'R',
                    QStringLiteral("(%1.out >> %2) & 1").arg(state).arg(row));
@@ -61,7 +61,9 @@ void WriteBit(const CPanel& panel, CGridPos pos, CScanCode& code)
 {
     const QString keyword = panel.GetTokens().value(0);
     const bool flipFlop = keyword.endsWith(u"FF");
-    const QString state = code.State(flipFlop ? "q_flipflop_t" : "q_timer_t");
+    // A flip-flop holds only its output, which its net shows.
+    const QString state =
+        flipFlop ? code.State("q_flipflop_t") : code.State("q_timer_t", "elapsed");
     code.Drive(CScanCode::Show, pos, 0, 'R', state + ".out");
     const QString function = StepFunction(keyword, panel.GetTokens().value(1));
     // Flip-flops read both sides; the timers and the delay their L side and a time.
