@@ -2,9 +2,12 @@
 #include "boardinfo.h"
 #include "core/grid/gridtest.h"
 #include "layoutdocument.h"
+#include "layoutgeometry.h"
 #include "layoutview.h"
 #include "mainframe.h"
+#include "panelgrid.h"
 #include "settings.h"
+#include "simoverlay.h"
 
 #include <QAction>
 #include <QApplication>
@@ -16,6 +19,7 @@
 #include <QSettings>
 #include <QStandardPaths>
 #include <QTemporaryDir>
+#include <QTest>
 
 #include <memory>
 
@@ -126,4 +130,57 @@ TEST_F(MainFrameTest, RecentFilesKeepTheLastFourOpenedNewestFirst)
                         .arg(expected.size() + 1)
                         .arg(QDir::toNativeSeparators(dir.filePath(name)));
     EXPECT_EQ(files, expected);
+}
+
+// F5 builds the layout and runs it: the grid shows the board, a click on a key presses it,
+// nothing can be edited, and Stop gives back the layout exactly as it was.
+TEST_F(MainFrameTest, SimulationAnimatesTakesInputsLocksEditingAndStopsCleanly)
+{
+    if (!QUILLON_HAVE_AVR_GCC)
+        GTEST_SKIP() << "avr-gcc not found";
+    CRecordingMessenger messenger;
+    ASSERT_TRUE(board.Read(QUILLON_SAMPLE_BOARD, QString(), messenger));
+    QFile ini(dir.filePath("quillon.ini"));
+    ASSERT_TRUE(ini.open(QIODevice::WriteOnly));
+    ini.write("[Quillon]\r\nWorkDir=" + dir.filePath("work").toUtf8() + "\r\n");
+    ini.close();
+    settings->Load();
+    frame = std::make_unique<CMainFrame>(board, *settings, editor);
+    QFile example(QUILLON_RENDER_EXAMPLES "/latch.loc");
+    ASSERT_TRUE(example.open(QIODevice::ReadOnly));
+    const QByteArray layout = example.readAll();
+    ASSERT_TRUE(Open("latch.loc", layout));
+
+    Action(Ids::MenuRunSimulate)->trigger();
+    auto* overlay = frame->findChild<CSimOverlay*>();
+    ASSERT_NE(overlay, nullptr) << "the build failed or the program did not start";
+    for (int id : {Ids::MenuEditPaste, Ids::MenuFileSave, Ids::MenuFileOpen, Ids::MenuRunBuild,
+                   Ids::MenuRunSimulate})
+        EXPECT_FALSE(Action(id)->isEnabled()) << id;
+    EXPECT_TRUE(Action(Ids::MenuRunSimStop)->isEnabled());
+
+    // The start key (input row 2) held for 60 ms turns the lamp on (PB5, pin 13).
+    const auto lampOn = [&] {
+        overlay->Refresh();
+        return overlay->Frame().Pins.size() > 13 && overlay->Frame().Pins[13];
+    };
+    const QPoint start = frame->View().MapFromLogical(
+        CLayoutGeometry::CellRect(CPanelGrid::GetInputColumn(), 2).center());
+    QTRY_VERIFY_WITH_TIMEOUT(overlay->Frame().Ms > 20 || (overlay->Refresh(), false), 5000);
+    EXPECT_FALSE(lampOn());
+    QTest::mousePress(overlay, Qt::LeftButton, {}, start);
+    QTest::qWait(100);
+    QTest::mouseRelease(overlay, Qt::LeftButton, {}, start);
+    QTRY_VERIFY_WITH_TIMEOUT(lampOn(), 5000);
+    QTest::keyClick(overlay, Qt::Key_Delete);
+
+    Action(Ids::MenuRunSimStop)->trigger();
+    QTRY_VERIFY(frame->findChild<CSimOverlay*>() == nullptr);
+    EXPECT_TRUE(Action(Ids::MenuRunSimulate)->isEnabled());
+    EXPECT_TRUE(Action(Ids::MenuFileSave)->isEnabled());
+    EXPECT_FALSE(Action(Ids::MenuRunSimStop)->isEnabled());
+    EXPECT_FALSE(frame->isWindowModified());
+    QFile saved(dir.filePath("latch.loc"));
+    ASSERT_TRUE(saved.open(QIODevice::ReadOnly));
+    EXPECT_EQ(saved.readAll(), layout);
 }

@@ -3,6 +3,9 @@
 #include "buildpipeline.h"
 #include "layoutview.h"
 #include "messenger.h"
+#include "panel.h"
+#include "panelcell.h"
+#include "panelgrid.h"
 #include "simoverlay.h"
 #include "simrun.h"
 #include "simsignals.h"
@@ -72,18 +75,24 @@ bool CSimulationSession::Start(const CSimTarget& target, const QString& layoutPa
     m_timePane = new QLabel(&m_window);
     m_window.statusBar()->insertPermanentWidget(0, m_timePane);
 
-    m_toolbar = m_window.addToolBar(Text(Ids::SimSpeed));
-    m_toolbar->setObjectName("SimulationToolbar");
-    m_toolbar->addWidget(new QLabel(Text(Ids::SimSpeed) + QStringLiteral(" ")));
-    m_speed = new QComboBox(m_toolbar);
+    m_speed = new QComboBox(&m_window);
+    m_speed->setToolTip(Text(Ids::SimSpeed));
     for (const double speed : kSpeeds)
         m_speed->addItem(QString::number(speed) + QStringLiteral("×"), speed);
     m_speed->setCurrentIndex(3);
-    m_toolbar->addWidget(m_speed);
+    m_window.statusBar()->insertPermanentWidget(1, m_speed);
     connect(m_speed, &QComboBox::currentIndexChanged, this,
             [this](int index) { m_controller.SetSpeed(m_speed->itemData(index).toDouble()); });
 
-    // The serial line: what the board sends, with its time, and a line to send from.
+    m_timer = new QTimer(this);
+    connect(m_timer, &QTimer::timeout, this, &CSimulationSession::Tick);
+    m_timer->start(kFrameMs);
+    Tick();
+
+    // The serial line, for a layout that uses it: what the board sends, with its time, and a
+    // line to send from.
+    if (!UsesSerial())
+        return true;
     m_dock = new QDockWidget(Text(Ids::SimSerialTitle), &m_window);
     m_dock->setObjectName("SerialDock");
     auto* pane = new QWidget(m_dock);
@@ -103,14 +112,24 @@ bool CSimulationSession::Start(const CSimTarget& target, const QString& layoutPa
     layout->addLayout(row);
     m_dock->setWidget(pane);
     m_window.addDockWidget(Qt::BottomDockWidgetArea, m_dock);
+    m_window.resizeDocks({m_dock}, {160}, Qt::Vertical);
     connect(send, &QPushButton::clicked, this, &CSimulationSession::SendTyped);
     connect(m_typed, &QLineEdit::returnPressed, this, &CSimulationSession::SendTyped);
-
-    m_timer = new QTimer(this);
-    connect(m_timer, &QTimer::timeout, this, &CSimulationSession::Tick);
-    m_timer->start(kFrameMs);
-    Tick();
     return true;
+}
+
+bool CSimulationSession::UsesSerial() const
+{
+    for (const int column : {CPanelGrid::GetInputColumn(), CPanelGrid::GetOutputColumn()})
+        for (int row = 1; row <= CPanelGrid::GetRowCount(); ++row) {
+            const CPanelCell* cell = m_grid.GetCell(column, row);
+            const EPanelKind kind =
+                cell && cell->GetPanel() ? cell->GetPanel()->GetKind() : EPanelKind::None;
+            if (kind == EPanelKind::SerialIn || kind == EPanelKind::SerialIn0 ||
+                kind == EPanelKind::SerialOut || kind == EPanelKind::SerialOut0)
+                return true;
+        }
+    return false;
 }
 
 void CSimulationSession::SendTyped()
@@ -140,6 +159,8 @@ void CSimulationSession::Tick()
             ? CStringTable::Format(Ids::SimStatusPaused, {time})
             : CStringTable::Format(Ids::SimStatusTime, {time, m_speed->currentData().toString()}));
     for (const auto& [ms, byte] : m_controller.TakeSerial()) {
+        if (!m_received)
+            continue;
         const auto value = static_cast<unsigned char>(byte);
         const QString shown =
             value >= 0x20 && value < 0x7f ? QString(QChar(value)) : QStringLiteral("·");
@@ -162,14 +183,14 @@ void CSimulationSession::Stop()
         m_timer->stop();
     // Stop may come from the timer's own tick: everything goes once the tick is over.
     for (QObject* part :
-         std::initializer_list<QObject*>{m_overlay, m_timePane, m_toolbar, m_dock, m_timer})
+         std::initializer_list<QObject*>{m_overlay, m_timePane, m_speed, m_dock, m_timer})
         if (part)
             part->deleteLater();
     m_overlay = nullptr;
     m_timePane = nullptr;
-    m_toolbar = nullptr;
     m_speed = nullptr;
     m_dock = nullptr;
+    m_received = nullptr;
     m_timer = nullptr;
     m_view.setAcceptDrops(true);
     m_view.setFocus();

@@ -22,7 +22,6 @@ class QLineEdit;
 class QMainWindow;
 class QPlainTextEdit;
 class QTimer;
-class QToolBar;
 
 // One simulation as the editor shows it: the controller that runs the HEX file, the overlay
 // that animates the grid and takes the inputs, the time in the status bar, the speed on a
@@ -53,6 +52,7 @@ class CSimulationSession : public QObject
   private:
     void Tick();
     void SendTyped();
+    bool UsesSerial() const;
 
     QMainWindow& m_window;
     CLayoutView& m_view;
@@ -65,7 +65,6 @@ class CSimulationSession : public QObject
     CSimOverlay* m_overlay = nullptr;
     QTimer* m_timer = nullptr;
     QLabel* m_timePane = nullptr;
-    QToolBar* m_toolbar = nullptr;
     QComboBox* m_speed = nullptr;
     QDockWidget* m_dock = nullptr;
     QPlainTextEdit* m_received = nullptr;
