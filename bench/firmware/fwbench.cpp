@@ -2,6 +2,12 @@
 // full layout, the scan period of that layout in simulated cycles, the flash and RAM of
 // each example, and the blinker beside the same logic written by hand. Printed only:
 // nothing here fails on a slow machine.
+#include "avrsimulator.h"
+#include "boardinfo.h"
+#include "messenger.h"
+#include "simcontroller.h"
+#include "simtargetof.h"
+
 #include "sim_avr.h"
 #include "sim_elf.h"
 #include "sim_io.h"
@@ -14,6 +20,7 @@
 #include <map>
 #include <sstream>
 #include <string>
+#include <thread>
 #include <vector>
 
 namespace fs = std::filesystem;
@@ -164,6 +171,47 @@ double SimulationSpeed(const fs::path& elf, double seconds)
     return seconds / wall;
 }
 
+struct CQuiet : IMessenger
+{
+    EAnswer Message(const QString&, EButtons, EIcon) override { return EAnswer::Ok; }
+};
+
+// The product's own engine on a HEX file: as the command line runs it (one run), and as the
+// editor runs it (the controller's thread, unpaced, while this thread takes 30 frames a
+// second as the view does). Simulated seconds per wall second.
+std::pair<double, double> EngineSpeeds(const fs::path& hex, double seconds)
+{
+    CQuiet quiet;
+    CBoardInfo board;
+    CSimTarget target;
+    QString why;
+    if (!board.Read(QStringLiteral(FWBENCH_BOARD), QString(), quiet) ||
+        !SimTargetOf(board, -1, target, why))
+        return {-1.0, -1.0};
+    CAvrSimulator sim(target);
+    if (!sim.Load(hex.string()))
+        return {-1.0, -1.0};
+    auto start = std::chrono::steady_clock::now();
+    if (!sim.RunMs(seconds * 1000))
+        return {-1.0, -1.0};
+    const double cli =
+        seconds / std::chrono::duration<double>(std::chrono::steady_clock::now() - start).count();
+    CSimController controller;
+    CSimMap map;
+    QString mapWhy;
+    map.Read(QString::fromStdString(hex.string()).chopped(3) + "simmap", mapWhy);
+    if (!controller.Start(target, QString::fromStdString(hex.string()), map, why, false))
+        return {cli, -1.0};
+    start = std::chrono::steady_clock::now();
+    while (controller.Frame().Ms < seconds * 1000)
+        std::this_thread::sleep_for(std::chrono::milliseconds(33));
+    const double editor =
+        controller.Frame().Ms / 1000 /
+        std::chrono::duration<double>(std::chrono::steady_clock::now() - start).count();
+    controller.Stop();
+    return {cli, editor};
+}
+
 } // namespace
 
 int main()
@@ -202,8 +250,14 @@ int main()
                     double(probe.Total) / double(probe.Scans), probe.Scans);
     else
         std::puts("scan period: the simulation failed");
-    std::printf("simulation speed: %.2f simulated s per wall s (5 s simulated)\n",
+    std::printf("simavr alone, as this bench loops it: %.2f simulated s per wall s (5 s "
+                "simulated)\n",
                 SimulationSpeed(work / "BASE.elf", 5.0));
+    TimedRun(work, Quote(FWBENCH_AVR_OBJCOPY) + " -O ihex -R .eeprom BASE.elf BASE.hex");
+    const auto [cli, editor] = EngineSpeeds(work / "BASE.hex", 10.0);
+    std::printf("Quillon's engine: %.2f simulated s per wall s headless (goal >= 10), %.2f on the "
+                "editor's thread with 30 frames a second (10 s simulated)\n",
+                cli, editor);
 
     std::puts("\n== Examples, built with quillon-cli (flash and RAM as avr-size -C counts)");
     long blinkerFlash = -1;

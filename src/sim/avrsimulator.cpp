@@ -3,6 +3,7 @@
 #include "hd44780.h"
 
 #include <avr_adc.h>
+#include <avr_extint.h>
 #include <avr_ioport.h>
 #include <avr_uart.h>
 #include <sim_avr.h>
@@ -300,6 +301,11 @@ bool CAvrSimulator::CImpl::Load(const std::string& hexPath)
     free_ihex_chunks(chunks);
     if (!fits)
         return Refuse("\"" + hexPath + "\" does not fit into the FLASH");
+    // simavr checks a level-triggered external interrupt on every cycle while its pin is low,
+    // enabled or not, which slowed a whole run threefold; in its lenient mode the level is
+    // acted on when it changes, as an interrupt the program enables still sees it.
+    for (int extint = 0; extint < 8; ++extint)
+        avr_extint_set_strict_lvl_trig(m_avr, std::uint8_t(extint), 0);
     m_avr->codeend = m_avr->flashend;
     m_avr->pc = 0;
 

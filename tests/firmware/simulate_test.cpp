@@ -74,7 +74,7 @@ TEST(Simulate, InputsTraceAndWaveforms)
     const QByteArray waves = file.readAll();
     for (const char* part :
          {"$timescale 1ns $end", "$var wire 1 . PB5 $end", "$var wire 1 . run $end",
-          "$var wire 1 # start $end", "\n#50000000\n1#\n", "\n#900000", "\n0#\n#2000000"})
+          "$var wire 1 # start $end", "\n#500000", "\n1#\n#71", "\n#900000", "\n0#\n#2000000"})
         EXPECT_TRUE(waves.contains(part)) << part;
 }
 
