@@ -145,12 +145,42 @@ class CAvrSimulator::CImpl
         const bool high = value & 1;
         const bool wasHigh = m_traces[pin].Level();
         m_traces[pin].Record(m_avr->cycle, high);
+        if (IsSegmentPin(pin))
+            ShowSegments();
         if (pin == m_target.LcdE && wasHigh && !high) {
             std::uint8_t nibble = 0;
             for (int bit = 0; bit < 4; ++bit)
                 nibble |= std::uint8_t(Trace(m_target.LcdData[bit]).Level() << bit);
             m_lcd.Strobe(Trace(m_target.LcdRs).Level(), nibble);
         }
+    }
+
+    bool IsSegmentPin(int pin) const
+    {
+        return std::find(std::begin(m_target.SegmentPins), std::end(m_target.SegmentPins), pin) !=
+                   std::end(m_target.SegmentPins) ||
+               std::find(m_target.DigitPins.begin(), m_target.DigitPins.end(), pin) !=
+                   m_target.DigitPins.end();
+    }
+
+    std::uint8_t SegmentsNow() const
+    {
+        std::uint8_t pattern = 0;
+        for (int segment = 0; segment < 8; ++segment)
+            pattern |= std::uint8_t(Trace(m_target.SegmentPins[segment]).Level() << segment);
+        return pattern;
+    }
+
+    // A multiplexed display shows one digit at a time: the digit that alone is selected
+    // takes the segments now.
+    void ShowSegments()
+    {
+        int selected = -1;
+        for (int digit = 0; digit < int(m_target.DigitPins.size()); ++digit)
+            if (Trace(m_target.DigitPins[std::size_t(digit)]).Level() == m_target.DigitSelectHigh)
+                selected = selected == -1 ? digit : -2;
+        if (selected >= 0)
+            m_digits[std::size_t(selected)] = SegmentsNow();
     }
 
     const CPinTrace& Trace(int pin) const
@@ -232,6 +262,7 @@ class CAvrSimulator::CImpl
     bool m_uartArmed = false;
     std::string m_uartOut;
     CHd44780 m_lcd;
+    std::array<std::uint8_t, 8> m_digits{};
 };
 
 CAvrSimulator::CImpl* CAvrSimulator::CImpl::Registry(const avr_t* avr, CImpl* set, bool lookup)
@@ -261,6 +292,7 @@ bool CAvrSimulator::CImpl::Load(const std::string& hexPath)
     m_uartArmed = false;
     m_uartOut.clear();
     m_lcd = CHd44780();
+    m_digits = {};
 
     std::error_code ignored;
     if (!std::filesystem::is_regular_file(hexPath, ignored))
@@ -458,6 +490,12 @@ const CPinTrace& CAvrSimulator::Trace(int pin) const
     return m_impl->Trace(pin);
 }
 
+void CAvrSimulator::ForgetBefore(std::uint64_t cycle)
+{
+    for (CPinTrace& trace : m_impl->m_traces)
+        trace.ForgetBefore(cycle);
+}
+
 std::int64_t CAvrSimulator::LastChange(int pin) const
 {
     const std::optional<std::uint64_t> last = Trace(pin).LastChange();
@@ -509,6 +547,16 @@ void CAvrSimulator::SetAnalogReading(int channel, int reading)
     // The core converts as reading = mV * 1023 / reference; the smallest voltage that
     // gives the reading is taken, rounded up.
     SetAnalogMillivolts(channel, (reading * Target().AnalogReferenceMv + 1022) / 1023);
+}
+
+std::uint8_t CAvrSimulator::Segments() const
+{
+    return m_impl->SegmentsNow();
+}
+
+std::uint8_t CAvrSimulator::Digit(int digit) const
+{
+    return digit >= 0 && digit < 8 ? m_impl->m_digits[std::size_t(digit)] : 0;
 }
 
 std::string CAvrSimulator::LcdLine(int line) const

@@ -55,6 +55,8 @@ class CAvrSimulator
     bool Level(int pin) const;
     // Edges of the pins the firmware drives as outputs, timer outputs included.
     const CPinTrace& Trace(int pin) const;
+    // Every pin's trace forgets what lies before the cycle (CPinTrace::ForgetBefore).
+    void ForgetBefore(std::uint64_t cycle);
     // The cycle of the last output change, or -1 when there was none.
     std::int64_t LastChange(int pin) const;
     int Pulses(int pin, double fromMs, double toMs) const;
@@ -75,6 +77,11 @@ class CAvrSimulator
     void SetAnalogMillivolts(int channel, int millivolts);
     // The voltage that converts to this 10-bit reading against AVcc.
     void SetAnalogReading(int channel, int reading);
+
+    // The seven-segment display as a person sees it, bit 0 = segment a: the segments now
+    // (a display of one digit), and each digit of a multiplexed one as it was last shown.
+    std::uint8_t Segments() const;
+    std::uint8_t Digit(int digit) const;
 
     // The text of the display's line 0 or 1, 16 characters.
     std::string LcdLine(int line) const;

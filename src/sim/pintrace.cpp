@@ -19,6 +19,16 @@ bool CPinTrace::LevelAt(std::uint64_t cycle) const
     return after == m_changes.begin() ? false : std::prev(after)->High;
 }
 
+void CPinTrace::ForgetBefore(std::uint64_t cycle)
+{
+    const auto kept = std::lower_bound(
+        m_changes.begin(), m_changes.end(), cycle,
+        [](const CPinChange& change, std::uint64_t c) { return change.Cycle < c; });
+    // The last change before the cycle stays: it gives the level there.
+    if (kept - m_changes.begin() > 1)
+        m_changes.erase(m_changes.begin(), kept - 1);
+}
+
 std::optional<std::uint64_t> CPinTrace::LastChange() const
 {
     if (m_changes.empty())

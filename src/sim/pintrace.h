@@ -19,6 +19,10 @@ class CPinTrace
     std::optional<std::uint64_t> LastChange() const;
     const std::vector<CPinChange>& Changes() const { return m_changes; }
 
+    // Drops the changes before the cycle that no level from it on depends on, so a pin that
+    // toggles for hours does not fill the memory.
+    void ForgetBefore(std::uint64_t cycle);
+
     // Rising edges inside the window.
     int Pulses(std::uint64_t from, std::uint64_t to) const;
     // The share of the window the pin was high, 0 to 1.

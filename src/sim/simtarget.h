@@ -27,6 +27,11 @@ struct CSimTarget
     // A character display on a 4-bit bus, as pin numbers; -1 where the board has none.
     int LcdRs = -1, LcdE = -1;
     int LcdData[4] = {-1, -1, -1, -1};
+    // A seven-segment display: the pins of segments a..g and dp, and the select pin of each
+    // digit of a multiplexed one, leftmost first, selected at the given level.
+    int SegmentPins[8] = {-1, -1, -1, -1, -1, -1, -1, -1};
+    std::vector<int> DigitPins;
+    bool DigitSelectHigh = false;
     // The pin of each analog channel, in channel order.
     std::vector<int> AnalogPins;
     int AnalogReferenceMv = 5000;

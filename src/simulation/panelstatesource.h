@@ -14,8 +14,17 @@ struct CPanelStateFrame
 {
     double Ms = 0;
     std::vector<bool> Pins;
+    // Over the last kWindowMs, by pin: the share of the time it was high, and the rate of
+    // its rising edges in Hz (a PWM output's duty, a buzzer's tone).
+    static constexpr double kWindowMs = 200;
+    std::vector<float> Duty;
+    std::vector<float> Hz;
     std::vector<quint32> Values;
     std::string Lcd[2];
+    // The seven-segment display, bit 0 = segment a: as it is now, and each digit of a
+    // multiplexed one as last shown.
+    quint8 Segments = 0;
+    quint8 Digits[4] = {};
     bool Running = false;
     bool Paused = false;
     // Why the board stopped, when it did on its own.

@@ -47,12 +47,22 @@ void CSimController::CWorker::Publish(bool running, const QString& error)
     frame.Ms = Sim.NowMs();
     frame.Running = running;
     frame.Error = error;
-    frame.Pins.reserve(std::size_t(Sim.Target().PinCount()));
-    for (int pin = 0; pin < Sim.Target().PinCount(); ++pin)
+    // Only the window the frame measures is kept of the pins' traces.
+    const double from = std::max(0.0, frame.Ms - CPanelStateFrame::kWindowMs);
+    Sim.ForgetBefore(Sim.Ms(from));
+    for (int pin = 0; pin < Sim.Target().PinCount(); ++pin) {
         frame.Pins.push_back(Sim.Level(pin));
+        frame.Duty.push_back(float(Sim.Duty(pin, from, frame.Ms)));
+        frame.Hz.push_back(frame.Ms > from
+                               ? float(Sim.Pulses(pin, from, frame.Ms) * 1000.0 / (frame.Ms - from))
+                               : 0.0f);
+    }
     frame.Values.reserve(std::size_t(Map.Entries().size()));
     for (const CSimMap::CEntry& entry : Map.Entries())
         frame.Values.push_back(Sim.ReadRam(entry.Address, entry.Bytes));
+    frame.Segments = Sim.Segments();
+    for (int digit = 0; digit < 4; ++digit)
+        frame.Digits[digit] = Sim.Digit(digit);
     frame.Lcd[0] = Sim.LcdLine(0);
     frame.Lcd[1] = Sim.LcdLine(1);
     const std::string& sent = Sim.UartOutput();

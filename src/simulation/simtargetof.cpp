@@ -45,6 +45,12 @@ bool SimTargetOf(const CBoardInfo& board, int clockSource, CSimTarget& target, Q
     target.LcdE = lcdPin("E");
     for (int bit = 0; bit < 4; ++bit)
         target.LcdData[bit] = lcdPin(QByteArray("D" + QByteArray::number(4 + bit)).constData());
+    for (int segment = 0; segment < 8; ++segment)
+        target.SegmentPins[segment] =
+            target.PinNamed(simulation.Segments.value(segment).toStdString());
+    for (const QString& name : simulation.Digits)
+        target.DigitPins.push_back(target.PinNamed(name.toStdString()));
+    target.DigitSelectHigh = simulation.DigitSelectHigh;
     for (const QString& name : simulation.Analog)
         target.AnalogPins.push_back(target.PinNamed(name.toStdString()));
     return true;

@@ -165,14 +165,10 @@ inline void ExpectGaps(const CAvrSimulator& sim, int pin, std::initializer_list<
     }
 }
 
-// Segments a..g, dp on PD2..PB1 as one byte, bit 0 = a.
+// Segments a..g, dp as one byte, bit 0 = a, as the engine reads them from the board's pins.
 inline int Segments(const CAvrSimulator& sim)
 {
-    int pattern = 0;
-    for (int segment = 0; segment < 8; ++segment)
-        if (sim.Level(PD2 + segment))
-            pattern |= 1 << segment;
-    return pattern;
+    return sim.Segments();
 }
 
 constexpr int kFont[16] = {0x3F, 0x06, 0x5B, 0x4F, 0x66, 0x6D, 0x7D, 0x07,

@@ -66,3 +66,18 @@ TEST(AvrSimPinTrace, Measures)
         EXPECT_NEAR(pwm.Frequency(row.From, row.To, 1000.0), row.Frequency, 1e-9);
     }
 }
+
+// The editor keeps only a window of each trace: what it forgets leaves every level and
+// measure from the cut on as it was.
+TEST(AvrSimPinTrace, ForgettingKeepsTheLevelsAfterTheCut)
+{
+    CPinTrace trace = Pulsed({0, 100, 200, 300}, 25);
+    trace.ForgetBefore(210);
+    EXPECT_EQ(trace.Changes().size(), 4u) << "the fall at 225 and its rise at 200 stay";
+    for (const std::uint64_t cycle : {210, 224, 225, 300, 330})
+        EXPECT_EQ(trace.LevelAt(cycle), Pulsed({0, 100, 200, 300}, 25).LevelAt(cycle)) << cycle;
+    EXPECT_DOUBLE_EQ(trace.Duty(210, 310), 0.25);
+    trace.ForgetBefore(1000);
+    EXPECT_EQ(trace.Changes().size(), 1u);
+    EXPECT_FALSE(trace.LevelAt(1000));
+}

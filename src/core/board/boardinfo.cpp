@@ -198,6 +198,10 @@ void CBoardInfo::ReadSimulation(const QDomElement& simulator)
     m_simulation.Uart = Attribute(simulator, "uart");
     m_simulation.Baud = LeadingInt(Attribute(simulator, "baud"));
     m_simulation.Analog = Attribute(simulator, "adc").split(u' ', Qt::SkipEmptyParts);
+    const QDomElement segments = simulator.firstChildElement(QStringLiteral("SEVENSEG"));
+    m_simulation.Segments = Attribute(segments, "segments").split(u' ', Qt::SkipEmptyParts);
+    m_simulation.Digits = Attribute(segments, "digits").split(u' ', Qt::SkipEmptyParts);
+    m_simulation.DigitSelectHigh = Attribute(segments, "select") == u"high";
     const QDomElement lcd = simulator.firstChildElement(QStringLiteral("LCD"));
     const QDomNamedNodeMap pins = lcd.attributes();
     for (int i = 0; i < pins.size(); ++i)

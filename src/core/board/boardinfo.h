@@ -15,7 +15,7 @@ class QDomElement;
 // How a board's firmware runs in the simulator: the processor by the simulator's name for
 // it, the UART that is the board's serial line and its speed, the ports of the analog
 // channels in channel order, and the display's wiring as port names ("RS" -> "PB0"; "E",
-// "D4".."D7"). A board without it cannot be simulated.
+// "D4".."D7") and the seven-segment display's. A board without it cannot be simulated.
 struct CBoardSimulation
 {
     QString Mcu;
@@ -23,6 +23,10 @@ struct CBoardSimulation
     int Baud = 0;
     QStringList Analog;
     QHash<QString, QString> Lcd;
+    // A seven-segment display: segments a..g, dp and the digits' select pins, by port name.
+    QStringList Segments;
+    QStringList Digits;
+    bool DigitSelectHigh = false;
 };
 
 // What one target board offers, read from its folder under TARGET/: the compiler and writer

@@ -40,6 +40,23 @@ QPointF SidePoint(const QRect& cell, QChar side)
 }
 
 const QColor kOn(0xe0, 0x30, 0x20);
+
+// One digit of a seven-segment display in the box, bit 0 = segment a, bit 7 the point.
+void PaintDigit(QPainter& painter, const QRectF& box, quint8 pattern)
+{
+    const qreal l = box.left() + 2, r = box.right() - 4, t = box.top() + 2, b = box.bottom() - 2,
+                m = (t + b) / 2;
+    const QLineF segments[] = {{l, t, r, t}, {r, t, r, m}, {r, m, r, b}, {l, b, r, b},
+                               {l, m, l, b}, {l, t, l, m}, {l, m, r, m}};
+    for (int segment = 0; segment < 7; ++segment) {
+        const bool lit = pattern & (1 << segment);
+        painter.setPen(QPen(lit ? QColor(0xff, 0x40, 0x30) : QColor(0x50, 0x20, 0x20), 2.5,
+                            Qt::SolidLine, Qt::RoundCap));
+        painter.drawLine(segments[segment]);
+    }
+    if (pattern & 0x80)
+        painter.drawEllipse(QPointF(box.right() - 1.5, b), 1.2, 1.2);
+}
 const QColor kLit(0xff, 0xc8, 0x20, 0xb0);
 
 } // namespace
@@ -61,6 +78,7 @@ CSimOverlay::CSimOverlay(CLayoutView& view, const CPanelGrid& grid, const CSimSi
         pin.Input = signal.Input;
         pin.ActiveLow = panel.GetTokens().value(1).startsWith(u'L');
         pin.Toggle = panel.GetKind() != EPanelKind::Key;
+        pin.Kind = panel.GetKind();
         m_pins.insert(KeyOf(pos), pin);
         // Inputs start released, at the level that is not their active one.
         if (pin.Input && pin.Channel < 0)
@@ -190,13 +208,40 @@ void CSimOverlay::paintEvent(QPaintEvent*)
         painter.drawEllipse(QRectF(rect.right() - 13, rect.top() + 3, 10, 10));
         if (active && !pin.Input)
             painter.fillRect(rect.adjusted(1, 1, -1, -1), QColor(0xff, 0xd0, 0x40, 0x50));
+        // A PWM output's duty and a buzzer's tone, measured over the frame's window.
+        const auto at = std::size_t(pin.Pin);
+        QString measured;
+        if (pin.Kind == EPanelKind::Pwm && at < m_frame.Duty.size())
+            measured = QString::number(qRound(m_frame.Duty[at] * 100)) + QStringLiteral(" %");
+        else if (pin.Kind == EPanelKind::Buzzer && at < m_frame.Hz.size())
+            measured = QString::number(qRound(m_frame.Hz[at])) + QStringLiteral(" Hz");
+        if (!measured.isEmpty()) {
+            const QRect box(rect.left() + 2, rect.bottom() - 11, rect.width() - 4, 12);
+            painter.fillRect(box, QColor(0xff, 0xff, 0xe0, 0xe0));
+            painter.setPen(Qt::black);
+            painter.drawText(box, Qt::AlignCenter, measured);
+        }
     }
-    // The display's two lines over the display panel.
+    // The displays over their panels: the seven-segment digits as the pins show them, the
+    // character display's two lines.
     for (int row = 1; row <= CPanelGrid::GetRowCount(); ++row) {
         const CPanelCell* cell = m_grid.GetCell(CPanelGrid::GetOutputColumn(), row);
-        if (!cell || !cell->GetPanel() || cell->GetPanel()->GetKind() != EPanelKind::Lcd)
-            continue;
+        const EPanelKind kind =
+            cell && cell->GetPanel() ? cell->GetPanel()->GetKind() : EPanelKind::None;
         const QRect rect = CLayoutGeometry::CellRect(CPanelGrid::GetOutputColumn(), row);
+        if (IsSevenSegDisplay(kind)) {
+            const int digits = kind == EPanelKind::SevenSeg4 ? 4 : 1;
+            QRectF box(rect.right() - 14 * digits - 4, rect.top() + 2, 14 * digits + 4, 26);
+            painter.setPen(Qt::NoPen);
+            painter.setBrush(QColor(0x20, 0x10, 0x10));
+            painter.drawRoundedRect(box, 3, 3);
+            for (int digit = 0; digit < digits; ++digit)
+                PaintDigit(painter, QRectF(box.left() + 3 + 14 * digit, box.top() + 2, 14, 22),
+                           digits == 1 ? m_frame.Segments : m_frame.Digits[digit]);
+            continue;
+        }
+        if (kind != EPanelKind::Lcd)
+            continue;
         QRect box(rect.left() - 8 * 16 + rect.width(), rect.top(), 8 * 16 + 8, 30);
         box.moveRight(rect.right());
         painter.setPen(Qt::NoPen);

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "gridpos.h"
+#include "panelkind.h"
 #include "panelstatesource.h"
 
 #include <QHash>
@@ -48,6 +49,7 @@ class CSimOverlay : public QWidget
         bool ActiveLow = false;
         bool Input = false;
         bool Toggle = false; // a switch keeps its level; a key springs back
+        EPanelKind Kind = EPanelKind::None;
         int Reading = 0;
     };
 
