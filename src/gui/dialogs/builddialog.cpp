@@ -12,7 +12,7 @@
 #include <QTimer>
 #include <QVBoxLayout>
 
-CBuildDialog::CBuildDialog(CBuild build, IMessenger& messenger, QWidget* parent)
+CBuildDialog::CBuildDialog(CBuild build, IMessenger& messenger, QWidget* parent, int startDelayMs)
     : QDialog(parent), m_build(std::move(build)), m_messenger(messenger),
       m_log(new QPlainTextEdit(this))
 {
@@ -28,7 +28,7 @@ CBuildDialog::CBuildDialog(CBuild build, IMessenger& messenger, QWidget* parent)
     auto* layout = new QVBoxLayout(this);
     layout->addWidget(m_log);
     layout->addWidget(buttons);
-    QTimer::singleShot(100, this, &CBuildDialog::RunBuild);
+    QTimer::singleShot(startDelayMs, this, &CBuildDialog::RunBuild);
 }
 
 void CBuildDialog::Start(const QString& line)

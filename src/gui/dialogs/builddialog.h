@@ -23,7 +23,10 @@ class CBuildDialog : public QDialog, public IBuildLog
 
   public:
     using CBuild = std::function<bool(IBuildLog& log, CStopRequest& stop)>;
-    CBuildDialog(CBuild build, IMessenger& messenger, QWidget* parent = nullptr);
+    // The build starts startDelayMs after the dialog is made; the dialog shows each log line
+    // as it comes, so a build that only prepares a simulation starts at once.
+    CBuildDialog(CBuild build, IMessenger& messenger, QWidget* parent = nullptr,
+                 int startDelayMs = 100);
 
     void Start(const QString& line) override;
     void Append(const QString& line) override;

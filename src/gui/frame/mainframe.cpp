@@ -353,7 +353,7 @@ void CMainFrame::RunSimulate()
             pipeline.SetStopRequest(&stop);
             return pipeline.Make(path);
         },
-        m_messenger, this);
+        m_messenger, this, 0);
     dialog.SetClosesOnSuccess(true);
     dialog.exec();
     raise();
