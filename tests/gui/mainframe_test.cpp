@@ -132,6 +132,17 @@ TEST_F(MainFrameTest, RecentFilesKeepTheLastFourOpenedNewestFirst)
     EXPECT_EQ(files, expected);
 }
 
+// A board whose file names no simulator keeps Simulate greyed, with the reason as its tip.
+TEST_F(MainFrameTest, SimulateIsGreyedWithItsReasonOnABoardThatCannotSimulate)
+{
+    EXPECT_TRUE(Action(Ids::MenuRunSimulate)->isEnabled());
+    CRecordingMessenger messenger;
+    ASSERT_TRUE(board.Read(QUILLON_DIALOG_TEST_DATA "/boards/netboard", QString(), messenger));
+    frame = std::make_unique<CMainFrame>(board, *settings, editor);
+    EXPECT_FALSE(Action(Ids::MenuRunSimulate)->isEnabled());
+    EXPECT_TRUE(Action(Ids::MenuRunSimulate)->toolTip().contains("cannot be simulated"));
+}
+
 // F5 builds the layout and runs it: the grid shows the board, a click on a key presses it,
 // nothing can be edited, and Stop gives back the layout exactly as it was.
 TEST_F(MainFrameTest, SimulationAnimatesTakesInputsLocksEditingAndStopsCleanly)
