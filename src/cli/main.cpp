@@ -12,6 +12,7 @@
 #include "portfinder.h"
 #include "rendercommand.h"
 #include "settings.h"
+#include "simmap.h"
 #include "simrun.h"
 #include "simsignals.h"
 #include "simtargetof.h"
@@ -310,6 +311,10 @@ int Simulate(const CSession& session, const CArguments& args)
     const QList<CSimVectors::CEvent> events = vectors.Events();
     const double endMs = args.ForMs >= 0 ? args.ForMs : std::max(1000.0, vectors.LastMs());
     CSimRun run(sim, signals);
+    // The waveforms show the panels inside the grid too, from the simulation map.
+    CSimMap map;
+    if (!args.Vcd.isEmpty() && map.Read(CBuildPipeline::SimulationMapPathFor(layout), why))
+        run.SampleMap(map);
     const bool held = run.Run(events, endMs);
     if (args.Trace)
         for (const QString& line : run.TraceLines())

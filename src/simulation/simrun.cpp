@@ -1,6 +1,7 @@
 #include "simrun.h"
 
 #include "avrsimulator.h"
+#include "simmap.h"
 #include "simsignals.h"
 #include "stringtable.h"
 
@@ -35,19 +36,63 @@ QString CSimRun::TimeText(double ms)
     return QString::number(ms / 1000.0, 'f', 6) + QStringLiteral(" s");
 }
 
+namespace {
+
+// "0201", "I_05", "O_07": a cell as a layout record names it.
+QString CellName(CGridPos cell)
+{
+    const auto two = [](int n) { return QStringLiteral("%1").arg(n, 2, 10, QChar(u'0')); };
+    if (cell.Column < 0)
+        return (cell.Column == -1 ? QStringLiteral("I_") : QStringLiteral("O_")) + two(cell.Row);
+    return two(cell.Column) + two(cell.Row);
+}
+
+} // namespace
+
 bool CSimRun::Run(const QList<CSimVectors::CEvent>& events, double endMs)
 {
-    const auto runTo = [this](double ms) {
-        if (ms <= m_sim.NowMs() || m_sim.RunMs(ms - m_sim.NowMs()))
-            return true;
-        m_error = CStringTable::Format(
-            Ids::SimStopped, {TimeText(m_sim.NowMs()), QString::fromStdString(m_sim.Error())});
-        return false;
-    };
+    if (m_map && m_waves.empty()) {
+        // A net is listed at every pin it reaches: its first place names it.
+        for (const CSimMap::CEntry& entry : m_map->Entries())
+            if (std::none_of(m_waves.begin(), m_waves.end(),
+                             [&](const CWave& wave) { return wave.Address == entry.Address; }))
+                m_waves.push_back({CellName(entry.Cell) + u'_' + entry.Item,
+                                   entry.Item.size() == 1 ? 1 : 8 * entry.Bytes,
+                                   entry.Address,
+                                   {}});
+        Sample();
+    }
     for (const CSimVectors::CEvent& event : events)
-        if (!runTo(event.Ms) || !Play(event))
+        if (!RunTo(event.Ms) || !Play(event))
             return false;
-    return runTo(endMs);
+    return RunTo(endMs);
+}
+
+bool CSimRun::RunTo(double ms)
+{
+    while (ms > m_sim.NowMs()) {
+        const double step = m_map ? std::min(1.0, ms - m_sim.NowMs()) : ms - m_sim.NowMs();
+        if (m_sim.Ms(step) == 0)
+            break;
+        if (!m_sim.RunMs(step)) {
+            m_error = CStringTable::Format(
+                Ids::SimStopped, {TimeText(m_sim.NowMs()), QString::fromStdString(m_sim.Error())});
+            return false;
+        }
+        if (m_map)
+            Sample();
+    }
+    return true;
+}
+
+void CSimRun::Sample()
+{
+    for (CWave& wave : m_waves) {
+        const std::uint32_t value = m_sim.ReadRam(wave.Address, wave.Bits == 1 ? 1 : wave.Bits / 8);
+        const std::uint32_t shown = wave.Bits == 1 ? std::uint32_t(value != 0) : value;
+        if (wave.Changes.empty() || wave.Changes.back().second != shown)
+            wave.Changes.push_back({m_sim.Cycle(), shown});
+    }
 }
 
 bool CSimRun::Play(const CSimVectors::CEvent& event)

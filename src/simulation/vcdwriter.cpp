@@ -50,6 +50,16 @@ bool WriteVcd(const QString& path, const CAvrSimulator& sim, const CSimRun& run,
     for (const CSimSignals::CSignal& signal : signals.All())
         if (!signal.Cell.isEmpty())
             out += "$var wire 1 " + Code(signal.Pin) + " " + Word(signal.Name) + " $end\n";
+    // The panels inside the grid, as the map names them, after the pins' codes.
+    const int firstWave = target.PinCount();
+    if (!run.Waves().empty()) {
+        out += "$upscope $end\n$scope module grid $end\n";
+        for (std::size_t i = 0; i < run.Waves().size(); ++i) {
+            const CSimRun::CWave& wave = run.Waves()[i];
+            out += "$var wire " + QByteArray::number(wave.Bits) + " " + Code(firstWave + int(i)) +
+                   " " + Word(wave.Name) + " $end\n";
+        }
+    }
     out += "$upscope $end\n$enddefinitions $end\n";
 
     // Each pin's changes: an output's from its trace, an input's as the run set it; a pin
@@ -64,6 +74,14 @@ bool WriteVcd(const QString& path, const CAvrSimulator& sim, const CSimRun& run,
         initial += (touched ? "0" : "z") + Code(pin) + "\n";
         for (const CPinChange& change : list)
             changes[change.Cycle] += (change.High ? "1" : "0") + Code(pin) + "\n";
+    }
+    for (std::size_t i = 0; i < run.Waves().size(); ++i) {
+        const CSimRun::CWave& wave = run.Waves()[i];
+        for (const auto& [cycle, value] : wave.Changes) {
+            const QByteArray bits = wave.Bits == 1 ? QByteArray::number(value)
+                                                   : "b" + QByteArray::number(value, 2) + " ";
+            (cycle == 0 ? initial : changes[cycle]) += bits + Code(firstWave + int(i)) + "\n";
+        }
     }
     out += "#0\n$dumpvars\n" + initial + "$end\n";
     for (const auto& [cycle, lines] : changes)

@@ -73,8 +73,9 @@ TEST(Simulate, InputsTraceAndWaveforms)
     ASSERT_TRUE(file.open(QIODevice::ReadOnly));
     const QByteArray waves = file.readAll();
     for (const char* part :
-         {"$timescale 1ns $end", "$var wire 1 . PB5 $end", "$var wire 1 . run $end",
-          "$var wire 1 # start $end", "\n#500000", "\n1#\n#71", "\n#900000", "\n0#\n#2000000"})
+         {"$timescale 1ns $end", "$var wire 1 . PB5 $end", "$scope module grid $end",
+          "$var wire 1 . run $end", "$var wire 1 # start $end", "\n#500000", "\n1#\n#71",
+          "\n#900000", "\n0#\n", "\n#2000000"})
         EXPECT_TRUE(waves.contains(part)) << part;
 }
 
