@@ -20,6 +20,7 @@
 #include "stderrmessenger.h"
 #include "stringtable.h"
 #include "vcdwriter.h"
+#include "virtualboard.h"
 
 #include <QCoreApplication>
 #include <QDir>
@@ -31,6 +32,8 @@
 #include <QSettings>
 #include <QTextStream>
 
+#include <atomic>
+#include <csignal>
 #include <memory>
 #include <optional>
 
@@ -74,6 +77,10 @@ int Usage()
              "                     build the layout and run its HEX file in the simulated board\n"
              "                     for TIME (1s, or to the last vector); exit 1 at the first\n"
              "                     expectation of FILE that does not hold (docs/vectors.md)\n"
+             "  board --virtual [--for TIME]\n"
+             "                     a simulated board with its boot loader on a pseudo-terminal,\n"
+             "                     whose path it prints; a program that opens the line resets it\n"
+             "                     into the boot loader; prints each change of an output pin\n"
              "--board DIR names the board folder; without it the board start-up would choose.\n"
              "Exit status: 0 done, 1 the check, build or writing failed, 2 usage or a file that\n"
              "cannot be read.\n";
@@ -96,6 +103,7 @@ struct CArguments
     QString SerialIn;
     bool SerialInGiven = false;
     bool Trace = false;
+    bool Virtual = false;
 };
 
 std::optional<CArguments> Parse(QStringList args)
@@ -107,6 +115,8 @@ std::optional<CArguments> Parse(QStringList args)
             parsed.Write = true;
         } else if (arg == u"--trace") {
             parsed.Trace = true;
+        } else if (arg == u"--virtual") {
+            parsed.Virtual = true;
         } else if (arg == u"--board" || arg == u"--lang" || arg == u"--port" || arg == u"--work" ||
                    arg == u"--scale" || arg == u"--for" || arg == u"--input" ||
                    arg == u"--vectors" || arg == u"--vcd" || arg == u"--serial-in") {
@@ -340,6 +350,36 @@ int Simulate(const CSession& session, const CArguments& args)
     return ExitOk;
 }
 
+std::atomic<bool> g_stopBoard{false};
+
+int VirtualBoard(const CSession& session, const CArguments& args)
+{
+    CSimTarget target;
+    QString why;
+    const CBoardSimulation& simulation = session.Board().GetSimulation();
+    CVirtualBoard board;
+    if (!SimTargetOf(session.Board(), session.Settings().GetClockSource(), target, why) ||
+        !board.Open(target, simulation.BootLoader, simulation.BootAddress, why)) {
+        Err() << why << "\n";
+        return ExitFaults;
+    }
+    Out() << "virtual board on " << board.Port() << "\n";
+    Out().flush();
+    for (const int signal : {SIGINT, SIGTERM})
+        std::signal(signal, [](int) { g_stopBoard = true; });
+    const auto changed = [&](double ms, int pin, bool high) {
+        const CSimTarget::CPin& place = target.Pins[std::size_t(pin)];
+        Out() << CSimRun::TimeText(ms) << "  P" << place.Port << place.Bit << " " << int(high)
+              << "\n";
+        Out().flush();
+    };
+    if (!board.Run(g_stopBoard, args.ForMs, changed, why)) {
+        Err() << why << "\n";
+        return ExitFaults;
+    }
+    return ExitOk;
+}
+
 int Check(CSession& session)
 {
     const QString report = CLayoutCheck::Run(session.Grid());
@@ -440,10 +480,13 @@ int Run(const CArguments& args)
     const bool build = p.size() == 2 && p[0] == u"build";
     const bool render = p.size() == 3 && p[0] == u"render";
     const bool simulate = p.size() == 2 && p[0] == u"simulate";
-    if (!check && !dump && !save && !build && !render && !simulate)
+    const bool virtualBoard = p.size() == 1 && p[0] == u"board" && args.Virtual;
+    if (!check && !dump && !save && !build && !render && !simulate && !virtualBoard)
         return Usage();
 
     CSession session;
+    if (virtualBoard)
+        return session.LoadBoard(args.Board) ? VirtualBoard(session, args) : ExitUsage;
     if (!session.LoadBoard(args.Board) || !session.LoadLayout(p[1]))
         return ExitUsage;
     if (check)

@@ -189,9 +189,16 @@ class CAvrSimulator::CImpl
         return ValidPin(pin) ? m_traces[pin] : none;
     }
 
+    // Ten bits at the speed the program set, or at the target's when it has set none.
     avr_cycle_count_t UartFrameCycles() const
     {
-        return m_target.ClockHz * 10 / std::uint64_t(std::max(1, m_target.Baud));
+        const unsigned ubrr = m_uart ? unsigned(avr_regbit_get(m_avr, m_uart->ubrrl)) |
+                                           unsigned(avr_regbit_get(m_avr, m_uart->ubrrh)) << 8
+                                     : 0;
+        if (ubrr == 0)
+            return m_target.ClockHz * 10 / std::uint64_t(std::max(1, m_target.Baud));
+        const unsigned divisor = avr_regbit_get(m_avr, m_uart->u2x) ? 8 : 16;
+        return 10ull * divisor * (ubrr + 1);
     }
 
     void ArmUart()
@@ -562,6 +569,37 @@ std::uint8_t CAvrSimulator::Digit(int digit) const
 std::string CAvrSimulator::LcdLine(int line) const
 {
     return m_impl->m_lcd.Line(line);
+}
+
+void CAvrSimulator::SetResetAddress(std::uint32_t address)
+{
+    if (!m_impl->m_avr)
+        return;
+    m_impl->m_avr->reset_pc = address;
+    m_impl->m_avr->pc = address;
+}
+
+void CAvrSimulator::ResetExternal()
+{
+    avr_t* avr = m_impl->m_avr;
+    if (!avr)
+        return;
+    // A reset keeps the FLASH; the program starts again at the reset address and reads in
+    // its reset flags that the reset pin, nothing else, caused it.
+    avr_reset(avr);
+    avr->pc = avr->reset_pc;
+    avr->data[R_SPL] = std::uint8_t(avr->ramend);
+    avr->data[R_SPH] = std::uint8_t(avr->ramend >> 8);
+    avr_regbit_clear(avr, avr->reset_flags.porf);
+    avr_regbit_clear(avr, avr->reset_flags.borf);
+    avr_regbit_clear(avr, avr->reset_flags.wdrf);
+    avr_regbit_set(avr, avr->reset_flags.extrf);
+    m_impl->m_running = true;
+    // The reset dropped the core's timers, the serial line's among them.
+    m_impl->m_uartQueue.clear();
+    m_impl->m_uartArmed = false;
+    for (const CPortIo& port : m_impl->m_ports)
+        m_impl->ApplyInputs(port.Name);
 }
 
 std::uint32_t CAvrSimulator::ReadRam(std::uint32_t address, int bytes) const

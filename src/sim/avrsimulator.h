@@ -37,6 +37,13 @@ class CAvrSimulator
     // False before a successful Load and once the core crashed or stopped.
     bool IsRunning() const;
 
+    // Where the core starts after a reset: a boot loader's first address (the fuses' job on
+    // a real chip). Takes effect at once.
+    void SetResetAddress(std::uint32_t address);
+    // The reset pin pulled: the program starts again at the reset address with the reset
+    // flags saying so; the FLASH, the time and the pins' traces stay.
+    void ResetExternal();
+
     // Simulated time; false (Error() says why) when the core stops on the way.
     bool RunCycles(std::uint64_t cycles);
     bool RunMs(double ms) { return RunCycles(Ms(ms)); }

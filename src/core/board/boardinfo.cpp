@@ -198,6 +198,11 @@ void CBoardInfo::ReadSimulation(const QDomElement& simulator)
     m_simulation.Uart = Attribute(simulator, "uart");
     m_simulation.Baud = LeadingInt(Attribute(simulator, "baud"));
     m_simulation.Analog = Attribute(simulator, "adc").split(u' ', Qt::SkipEmptyParts);
+    // Like every file a board names, the boot loader lies inside its folder.
+    const QString boot = Attribute(simulator, "bootloader");
+    if (!boot.isEmpty() && StaysInsideFolder(boot))
+        m_simulation.BootLoader = QDir(m_folder).filePath(boot);
+    m_simulation.BootAddress = Attribute(simulator, "bootat").toUInt(nullptr, 0);
     const QDomElement segments = simulator.firstChildElement(QStringLiteral("SEVENSEG"));
     m_simulation.Segments = Attribute(segments, "segments").split(u' ', Qt::SkipEmptyParts);
     m_simulation.Digits = Attribute(segments, "digits").split(u' ', Qt::SkipEmptyParts);

@@ -27,6 +27,10 @@ struct CBoardSimulation
     QStringList Segments;
     QStringList Digits;
     bool DigitSelectHigh = false;
+    // The boot loader a virtual board starts with (a HEX file in the board folder, absolute
+    // once read) and where the processor starts it; empty when the board names none.
+    QString BootLoader;
+    quint32 BootAddress = 0;
 };
 
 // What one target board offers, read from its folder under TARGET/: the compiler and writer
