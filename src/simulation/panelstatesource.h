@@ -31,6 +31,13 @@ struct CPanelStateFrame
     QString Error;
 };
 
+class CAvrSimulator;
+class CSimMap;
+
+// The frame of a running engine now, its values at the map's addresses; the pins' traces
+// keep only the frame's window from then on.
+CPanelStateFrame MakePanelStateFrame(CAvrSimulator& sim, const CSimMap& map);
+
 // Where the animation's states come from: today the simulator; a board that reports its
 // state over its serial line can feed the same view. Inputs go back the same way.
 class IPanelStateSource

@@ -41,30 +41,36 @@ class CSimController::CWorker
     std::size_t SerialSeen = 0;
 };
 
-void CSimController::CWorker::Publish(bool running, const QString& error)
+CPanelStateFrame MakePanelStateFrame(CAvrSimulator& sim, const CSimMap& map)
 {
     CPanelStateFrame frame;
-    frame.Ms = Sim.NowMs();
-    frame.Running = running;
-    frame.Error = error;
+    frame.Ms = sim.NowMs();
     // Only the window the frame measures is kept of the pins' traces.
     const double from = std::max(0.0, frame.Ms - CPanelStateFrame::kWindowMs);
-    Sim.ForgetBefore(Sim.Ms(from));
-    for (int pin = 0; pin < Sim.Target().PinCount(); ++pin) {
-        frame.Pins.push_back(Sim.Level(pin));
-        frame.Duty.push_back(float(Sim.Duty(pin, from, frame.Ms)));
+    sim.ForgetBefore(sim.Ms(from));
+    for (int pin = 0; pin < sim.Target().PinCount(); ++pin) {
+        frame.Pins.push_back(sim.Level(pin));
+        frame.Duty.push_back(float(sim.Duty(pin, from, frame.Ms)));
         frame.Hz.push_back(frame.Ms > from
-                               ? float(Sim.Pulses(pin, from, frame.Ms) * 1000.0 / (frame.Ms - from))
+                               ? float(sim.Pulses(pin, from, frame.Ms) * 1000.0 / (frame.Ms - from))
                                : 0.0f);
     }
-    frame.Values.reserve(std::size_t(Map.Entries().size()));
-    for (const CSimMap::CEntry& entry : Map.Entries())
-        frame.Values.push_back(Sim.ReadRam(entry.Address, entry.Bytes));
-    frame.Segments = Sim.Segments();
+    frame.Values.reserve(std::size_t(map.Entries().size()));
+    for (const CSimMap::CEntry& entry : map.Entries())
+        frame.Values.push_back(sim.ReadRam(entry.Address, entry.Bytes));
+    frame.Segments = sim.Segments();
     for (int digit = 0; digit < 4; ++digit)
-        frame.Digits[digit] = Sim.Digit(digit);
-    frame.Lcd[0] = Sim.LcdLine(0);
-    frame.Lcd[1] = Sim.LcdLine(1);
+        frame.Digits[digit] = sim.Digit(digit);
+    frame.Lcd[0] = sim.LcdLine(0);
+    frame.Lcd[1] = sim.LcdLine(1);
+    return frame;
+}
+
+void CSimController::CWorker::Publish(bool running, const QString& error)
+{
+    CPanelStateFrame frame = MakePanelStateFrame(Sim, Map);
+    frame.Running = running;
+    frame.Error = error;
     const std::string& sent = Sim.UartOutput();
     const std::lock_guard<std::mutex> guard(Lock);
     for (; SerialSeen < sent.size(); ++SerialSeen)

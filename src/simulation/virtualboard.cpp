@@ -75,7 +75,10 @@ bool CVirtualBoard::Run(const std::atomic<bool>& stop, double forMs,
     const Clock::time_point start = Clock::now();
     bool opened = false;
     std::size_t sent = 0;
-    std::vector<std::size_t> seen(std::size_t(m_target.PinCount()), 0);
+    std::size_t shown = 0;
+    Clock::time_point lastFrame = start;
+    // Each pin's changes up to this cycle have been told.
+    std::vector<std::uint64_t> told(std::size_t(m_target.PinCount()), 0);
     const auto wallMs = [&] {
         return std::chrono::duration<double, std::milli>(Clock::now() - start).count();
     };
@@ -89,7 +92,7 @@ bool CVirtualBoard::Run(const std::atomic<bool>& stop, double forMs,
         if (open && !opened) {
             sim.ResetExternal();
             sim.ClearUartOutput();
-            sent = 0;
+            sent = shown = 0;
         }
         opened = open;
         if (open && (line.revents & POLLIN)) {
@@ -118,17 +121,32 @@ bool CVirtualBoard::Run(const std::atomic<bool>& stop, double forMs,
         }
         if (!open)
             sent = out.size();
-        // Each change is told once, and a board that runs for hours keeps none of them.
-        for (int pin = 0; pin < m_target.PinCount(); ++pin) {
-            const std::vector<CPinChange>& changes = sim.Trace(pin).Changes();
-            for (std::size_t& i = seen[std::size_t(pin)]; i < changes.size(); ++i)
-                if (changed)
-                    changed(double(changes[i].Cycle) * 1000.0 / double(m_target.ClockHz), pin,
-                            changes[i].High);
-        }
-        sim.ForgetBefore(sim.Cycle());
+        // Each change is told once.
         for (int pin = 0; pin < m_target.PinCount(); ++pin)
-            seen[std::size_t(pin)] = sim.Trace(pin).Changes().size();
+            for (const CPinChange& change : sim.Trace(pin).Changes())
+                if (change.Cycle > told[std::size_t(pin)]) {
+                    told[std::size_t(pin)] = change.Cycle;
+                    if (changed)
+                        changed(double(change.Cycle) * 1000.0 / double(m_target.ClockHz), pin,
+                                change.High);
+                }
+        // Commands from the view, and a frame for it; the frame keeps only a window of the
+        // traces, so a board that runs for hours holds no more.
+        std::deque<std::function<void(CAvrSimulator&)>> commands;
+        {
+            const std::lock_guard<std::mutex> guard(m_lock);
+            commands.swap(m_commands);
+        }
+        for (const auto& command : commands)
+            command(sim);
+        if (Clock::now() - lastFrame >= std::chrono::milliseconds(15)) {
+            lastFrame = Clock::now();
+            const std::lock_guard<std::mutex> guard(m_lock);
+            m_frame = MakePanelStateFrame(sim, m_map);
+            m_frame.Running = true;
+            for (const std::string& bytes = sim.UartOutput(); shown < bytes.size(); ++shown)
+                m_serial.append({m_frame.Ms, bytes[shown]});
+        }
     }
     return true;
 #else
@@ -138,4 +156,43 @@ bool CVirtualBoard::Run(const std::atomic<bool>& stop, double forMs,
     why = QStringLiteral("a virtual board needs pseudo-terminals");
     return false;
 #endif
+}
+
+void CVirtualBoard::SetMap(const CSimMap& map)
+{
+    const std::lock_guard<std::mutex> guard(m_lock);
+    m_map = map;
+}
+
+CPanelStateFrame CVirtualBoard::Frame() const
+{
+    const std::lock_guard<std::mutex> guard(m_lock);
+    return m_frame;
+}
+
+void CVirtualBoard::Post(std::function<void(CAvrSimulator&)> command)
+{
+    const std::lock_guard<std::mutex> guard(m_lock);
+    m_commands.push_back(std::move(command));
+}
+
+void CVirtualBoard::SetInput(int pin, bool high)
+{
+    Post([pin, high](CAvrSimulator& sim) { sim.SetInput(pin, high); });
+}
+
+void CVirtualBoard::SetReading(int channel, int reading)
+{
+    Post([channel, reading](CAvrSimulator& sim) { sim.SetAnalogReading(channel, reading); });
+}
+
+void CVirtualBoard::SendSerial(const QByteArray& bytes)
+{
+    Post([text = bytes.toStdString()](CAvrSimulator& sim) { sim.SendUart(text); });
+}
+
+QList<QPair<double, char>> CVirtualBoard::TakeSerial()
+{
+    const std::lock_guard<std::mutex> guard(m_lock);
+    return std::exchange(m_serial, {});
 }

@@ -1,19 +1,28 @@
 #pragma once
 
+#include "panelstatesource.h"
+#include "simmap.h"
 #include "simtarget.h"
 
 #include <QString>
 
 #include <atomic>
+#include <deque>
 #include <functional>
+#include <mutex>
+
+class CAvrSimulator;
 
 // A board that is not there: the simulated processor with the board's boot loader, its
 // serial line on a pseudo-terminal, at real time. A program that opens the line resets it
 // into the boot loader, as the line's DTR does on the real board, so the board's own writer
-// can write a program into it; the program then runs. Unix only.
-class CVirtualBoard
+// can write a program into it; the program then runs. It is a state source too: given the
+// map of the program written, the editor animates the grid from it. Unix only.
+class CVirtualBoard : public IPanelStateSource
 {
   public:
+    ~CVirtualBoard() override { Close(); }
+
     // Starts the board: false, with why, when the boot loader or the terminal cannot be had.
     bool Open(const CSimTarget& target, const QString& bootLoaderHex, quint32 bootAddress,
               QString& why);
@@ -25,12 +34,28 @@ class CVirtualBoard
     bool Run(const std::atomic<bool>& stop, double forMs,
              const std::function<void(double, int, bool)>& changed, QString& why);
     void Close();
-    ~CVirtualBoard() { Close(); }
+
+    // Where the program now in the FLASH keeps its panels' state (from any thread).
+    void SetMap(const CSimMap& map);
+
+    CPanelStateFrame Frame() const override;
+    void SetInput(int pin, bool high) override;
+    void SetReading(int channel, int reading) override;
+    void SendSerial(const QByteArray& bytes) override;
+    QList<QPair<double, char>> TakeSerial() override;
 
   private:
+    void Post(std::function<void(CAvrSimulator&)> command);
+
     int m_master = -1;
     QString m_port;
     CSimTarget m_target;
     QString m_bootLoader;
     quint32 m_bootAddress = 0;
+
+    mutable std::mutex m_lock; // guards everything below
+    CSimMap m_map;
+    CPanelStateFrame m_frame;
+    std::deque<std::function<void(CAvrSimulator&)>> m_commands;
+    QList<QPair<double, char>> m_serial;
 };
