@@ -1,5 +1,6 @@
 // The editor's window, offscreen: its title, which commands it offers, its recent files.
 #include "boardinfo.h"
+#include "builddialog.h"
 #include "core/grid/gridtest.h"
 #include "layoutdocument.h"
 #include "layoutgeometry.h"
@@ -9,6 +10,7 @@
 #include "settings.h"
 #include "simoverlay.h"
 
+#include <QAbstractButton>
 #include <QAction>
 #include <QApplication>
 #include <QClipboard>
@@ -16,10 +18,12 @@
 #include <QFile>
 #include <QListWidget>
 #include <QMenu>
+#include <QMessageBox>
 #include <QSettings>
 #include <QStandardPaths>
 #include <QTemporaryDir>
 #include <QTest>
+#include <QTimer>
 
 #include <memory>
 
@@ -75,6 +79,24 @@ struct MainFrameTest : testing::Test
             if (QAction* action = Action(id); action && action->isEnabled())
                 enabled += CStringTable::Get(id).section(u'(', 0, 0).section(u' ', 0, 0) + u' ';
         return enabled.trimmed();
+    }
+
+    // The editor on the built sample board, whose tools build for real, with its work folder
+    // here, and an example opened from this folder: the example's bytes, or none.
+    QByteArray OpenOnTheSampleBoard(const QString& example)
+    {
+        CRecordingMessenger messenger;
+        QFile ini(dir.filePath("quillon.ini"));
+        QFile source(QUILLON_RENDER_EXAMPLES "/" + example + ".loc");
+        if (!board.Read(QUILLON_SAMPLE_BOARD, QString(), messenger) ||
+            !ini.open(QIODevice::WriteOnly) || !source.open(QIODevice::ReadOnly))
+            return {};
+        ini.write("[Quillon]\r\nWorkDir=" + dir.filePath("work").toUtf8() + "\r\n");
+        ini.close();
+        settings->Load();
+        frame = std::make_unique<CMainFrame>(board, *settings, editor);
+        const QByteArray text = source.readAll();
+        return Open(example + ".loc", text) ? text : QByteArray();
     }
 
     bool Open(const QString& name, const QByteArray& text)
@@ -149,18 +171,8 @@ TEST_F(MainFrameTest, SimulationAnimatesTakesInputsLocksEditingAndStopsCleanly)
 {
     if (!QUILLON_HAVE_AVR_GCC)
         GTEST_SKIP() << "avr-gcc not found";
-    CRecordingMessenger messenger;
-    ASSERT_TRUE(board.Read(QUILLON_SAMPLE_BOARD, QString(), messenger));
-    QFile ini(dir.filePath("quillon.ini"));
-    ASSERT_TRUE(ini.open(QIODevice::WriteOnly));
-    ini.write("[Quillon]\r\nWorkDir=" + dir.filePath("work").toUtf8() + "\r\n");
-    ini.close();
-    settings->Load();
-    frame = std::make_unique<CMainFrame>(board, *settings, editor);
-    QFile example(QUILLON_RENDER_EXAMPLES "/latch.loc");
-    ASSERT_TRUE(example.open(QIODevice::ReadOnly));
-    const QByteArray layout = example.readAll();
-    ASSERT_TRUE(Open("latch.loc", layout));
+    const QByteArray layout = OpenOnTheSampleBoard("latch");
+    ASSERT_FALSE(layout.isEmpty());
 
     Action(Ids::MenuRunSimulate)->trigger();
     auto* overlay = frame->findChild<CSimOverlay*>();
@@ -194,4 +206,41 @@ TEST_F(MainFrameTest, SimulationAnimatesTakesInputsLocksEditingAndStopsCleanly)
     QFile saved(dir.filePath("latch.loc"));
     ASSERT_TRUE(saved.open(QIODevice::ReadOnly));
     EXPECT_EQ(saved.readAll(), layout);
+}
+
+// Without a board: Build && Write writes into the virtual board with the board's own
+// writer, and the grid then shows the program the board runs.
+TEST_F(MainFrameTest, BuildAndWriteIntoTheVirtualBoardAndWatchItRun)
+{
+    if (!QUILLON_HAVE_AVR_GCC || !QFile::exists(QUILLON_SAMPLE_BOARD "/bootloader.hex"))
+        GTEST_SKIP() << "no avr-gcc or boot loader";
+    ASSERT_FALSE(OpenOnTheSampleBoard("blinker").isEmpty());
+
+    Action(Ids::MenuRunVirtualBoard)->setChecked(true);
+    // The question before writing is answered Yes, and the build window closed at its end.
+    QTimer answer;
+    QObject::connect(&answer, &QTimer::timeout, [] {
+        for (QWidget* widget : QApplication::topLevelWidgets()) {
+            if (auto* box = qobject_cast<QMessageBox*>(widget); box && box->isVisible())
+                box->button(QMessageBox::Ok)->click();
+            if (auto* build = qobject_cast<CBuildDialog*>(widget);
+                build && build->isVisible() && !build->IsBuilding() && !build->LogText().isEmpty())
+                build->accept();
+        }
+    });
+    answer.start(50);
+    Action(Ids::MenuRunBuild)->trigger();
+    answer.stop();
+    auto* overlay = frame->findChild<CSimOverlay*>();
+    ASSERT_NE(overlay, nullptr) << "the program was not written";
+    // The blinker's lamp (PB5, pin 13) turns over every 0.5 s on the virtual board.
+    const auto lamp = [&] {
+        overlay->Refresh();
+        return overlay->Frame().Pins.size() > 13 && overlay->Frame().Pins[13];
+    };
+    QTRY_VERIFY_WITH_TIMEOUT(lamp(), 3000);
+    QTRY_VERIFY_WITH_TIMEOUT(!lamp(), 3000);
+    Action(Ids::MenuRunSimStop)->trigger();
+    Action(Ids::MenuRunVirtualBoard)->setChecked(false);
+    QTRY_VERIFY(frame->findChild<CSimOverlay*>() == nullptr);
 }

@@ -18,6 +18,7 @@
 #include "stringtable.h"
 #include "targetdialog.h"
 #include "usedportdialog.h"
+#include "virtualboard.h"
 #include "writeroptiondialog.h"
 
 #include <QApplication>
@@ -91,7 +92,10 @@ CMainFrame::CMainFrame(const CBoardInfo& board, CSettings& settings, IPropertyEd
     resize(1000, 800);
 }
 
-CMainFrame::~CMainFrame() = default;
+CMainFrame::~CMainFrame()
+{
+    SetVirtualBoard(false);
+}
 
 QAction* CMainFrame::AddAction(QMenu* menu, int text, const QList<QKeySequence>& keys,
                                std::function<void()> handler)
@@ -194,6 +198,12 @@ void CMainFrame::CreateActions()
     connect(pause, &QAction::toggled, this, [this](bool on) { m_simulation->SetPaused(on); });
     AddAction(run, Ids::MenuRunSimStep, {QKeySequence(Qt::Key_F10)},
               [this] { m_simulation->Step(); });
+    run->addSeparator();
+    QAction* virtualBoard = AddAction(run, Ids::MenuRunVirtualBoard, {}, [] {});
+    virtualBoard->setCheckable(true);
+    virtualBoard->setToolTip(Text(Ids::TipRunVirtualBoard));
+    virtualBoard->setStatusTip(virtualBoard->toolTip());
+    connect(virtualBoard, &QAction::toggled, this, &CMainFrame::SetVirtualBoard);
 
     QMenu* settingsMenu = menuBar()->addMenu(Text(Ids::MenuSettings));
     AddAction(settingsMenu, Ids::MenuSettingsBoard, {}, [this] {
@@ -323,6 +333,8 @@ void CMainFrame::UpdateCommands()
     for (int id : kWhileSimulating.mid(0, 3))
         enable(id, simulating);
     enable(Ids::MenuRunSimulate, !simulating && m_board.CanSimulate());
+    enable(Ids::MenuRunVirtualBoard,
+           !simulating && !m_board.GetSimulation().BootLoader.isEmpty() && m_board.CanSimulate());
     m_inOutBar->setEnabled(!simulating);
     m_processBar->setEnabled(!simulating);
 }
@@ -375,10 +387,14 @@ void CMainFrame::RunBuild()
     const CBuildSettings settings =
         CBuildSettings::From(m_settings, m_board, QCoreApplication::applicationDirPath());
     const QString path = m_document->GetPath();
+    CBuildSettings written = settings;
+    // A virtual board that runs takes the program instead of a board on a cable.
+    if (m_virtualBoard)
+        written.Writer.Port = m_virtualBoard->Port();
     CBuildDialog dialog(
-        [this, settings, path](IBuildLog& log, CStopRequest& stop) {
+        [this, written, path](IBuildLog& log, CStopRequest& stop) {
             const std::unique_ptr<IPortFinder> finder = CreatePlatformPortFinder();
-            CBuildPipeline pipeline(m_document->Grid(), m_board, settings, log, m_messenger,
+            CBuildPipeline pipeline(m_document->Grid(), m_board, written, log, m_messenger,
                                     *finder);
             pipeline.SetStopRequest(&stop);
             return pipeline.Build(path);
@@ -388,6 +404,46 @@ void CMainFrame::RunBuild()
     // The build's programs may have taken the focus to windows of their own.
     raise();
     activateWindow();
+    // The program written into the virtual board runs on the grid.
+    if (m_virtualBoard && dialog.Succeeded() &&
+        m_simulation->ShowLive(*m_virtualBoard, m_virtualTarget, path)) {
+        m_view->ClearSelection();
+        UpdateCommands();
+    }
+}
+
+void CMainFrame::SetVirtualBoard(bool on)
+{
+    if (m_virtualBoard) {
+        m_simulation->Stop();
+        m_stopVirtualBoard = true;
+        m_virtualThread.join();
+        m_virtualBoard.reset();
+        delete m_virtualPane;
+        m_virtualPane = nullptr;
+    }
+    if (!on)
+        return;
+    QString why;
+    auto board = std::make_unique<CVirtualBoard>();
+    const CBoardSimulation& simulation = m_board.GetSimulation();
+    if (!SimTargetOf(m_board, m_settings.GetClockSource(), m_virtualTarget, why) ||
+        !board->Open(m_virtualTarget, simulation.BootLoader, simulation.BootAddress, why)) {
+        m_messenger.Message(CStringTable::Format(Ids::MsgVirtualBoardFailed, {why}), EButtons::Ok,
+                            EIcon::Warning);
+        const QSignalBlocker quiet(m_actions.value(Ids::MenuRunVirtualBoard));
+        m_actions.value(Ids::MenuRunVirtualBoard)->setChecked(false);
+        return;
+    }
+    m_virtualBoard = std::move(board);
+    m_stopVirtualBoard = false;
+    m_virtualThread = std::thread([board = m_virtualBoard.get(), this] {
+        QString ignored;
+        board->Run(m_stopVirtualBoard, -1, nullptr, ignored);
+    });
+    m_virtualPane =
+        new QLabel(CStringTable::Format(Ids::StatusVirtualBoard, {m_virtualBoard->Port()}), this);
+    statusBar()->addPermanentWidget(m_virtualPane);
 }
 
 void CMainFrame::HelpManual()
@@ -419,6 +475,7 @@ void CMainFrame::HelpVersion()
 void CMainFrame::closeEvent(QCloseEvent* event)
 {
     m_simulation->Stop();
+    SetVirtualBoard(false);
     if (MayDiscard())
         event->accept();
     else

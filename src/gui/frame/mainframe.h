@@ -5,8 +5,12 @@
 
 #include <QMainWindow>
 
+#include "simtarget.h"
+
+#include <atomic>
 #include <functional>
 #include <memory>
+#include <thread>
 
 class CBoardInfo;
 class CPaletteEntry;
@@ -16,6 +20,7 @@ class CLayoutView;
 class CPanelBar;
 class CSettings;
 class CSimulationSession;
+class CVirtualBoard;
 class IPropertyEditor;
 class QAction;
 class QLabel;
@@ -77,6 +82,8 @@ class CMainFrame : public QMainWindow, public IPanelChooser
     // Builds the layout as Build && Write does, without writing, and runs the HEX file in
     // the simulated board over the locked grid.
     void RunSimulate();
+    // Starts or stops the virtual board that Build && Write then writes into.
+    void SetVirtualBoard(bool on);
     void HelpManual();
     void HelpVersion();
 
@@ -95,4 +102,9 @@ class CMainFrame : public QMainWindow, public IPanelChooser
     CSimulationSession* m_simulation = nullptr;
     // The commands a running simulation has turned off.
     QList<QAction*> m_locked;
+    std::unique_ptr<CVirtualBoard> m_virtualBoard;
+    CSimTarget m_virtualTarget;
+    std::thread m_virtualThread;
+    std::atomic<bool> m_stopVirtualBoard{false};
+    QLabel* m_virtualPane = nullptr;
 };

@@ -10,6 +10,7 @@
 #include "simrun.h"
 #include "simsignals.h"
 #include "stringtable.h"
+#include "virtualboard.h"
 
 #include <QCheckBox>
 #include <QComboBox>
@@ -51,38 +52,65 @@ CSimulationSession::~CSimulationSession()
     m_controller.Stop();
 }
 
+bool CSimulationSession::ReadMap(const QString& layoutPath)
+{
+    QString why;
+    const QString path = CBuildPipeline::SimulationMapPathFor(layoutPath);
+    if (m_map.Read(path, why))
+        return true;
+    m_messenger.Message(CStringTable::Format(Ids::SimMapFault, {path, why}), EButtons::Ok,
+                        EIcon::Error);
+    return false;
+}
+
 bool CSimulationSession::Start(const CSimTarget& target, const QString& layoutPath)
 {
     QString why;
-    if (!m_map.Read(CBuildPipeline::SimulationMapPathFor(layoutPath), why)) {
-        m_messenger.Message(
-            CStringTable::Format(Ids::SimMapFault,
-                                 {CBuildPipeline::SimulationMapPathFor(layoutPath), why}),
-            EButtons::Ok, EIcon::Error);
+    if (!ReadMap(layoutPath))
         return false;
-    }
     const QString hex = CBuildPipeline::HexPathFor(layoutPath);
     if (!m_controller.Start(target, hex, m_map, why)) {
         m_messenger.Message(CStringTable::Format(Ids::SimCannotLoad, {hex, why}), EButtons::Ok,
                             EIcon::Error);
         return false;
     }
+    Show(m_controller, target, true);
+    return true;
+}
+
+bool CSimulationSession::ShowLive(CVirtualBoard& board, const CSimTarget& target,
+                                  const QString& layoutPath)
+{
+    Stop();
+    if (!ReadMap(layoutPath))
+        return false;
+    board.SetMap(m_map);
+    Show(board, target, false);
+    return true;
+}
+
+void CSimulationSession::Show(IPanelStateSource& source, const CSimTarget& target, bool timed)
+{
+    m_source = &source;
     m_signals = std::make_unique<CSimSignals>(m_grid, m_board, target);
-    m_overlay = new CSimOverlay(m_view, m_grid, *m_signals, m_map, m_controller);
+    m_overlay = new CSimOverlay(m_view, m_grid, *m_signals, m_map, source);
     m_overlay->setFocus();
     m_view.setAcceptDrops(false);
 
     m_timePane = new QLabel(&m_window);
     m_window.statusBar()->insertPermanentWidget(0, m_timePane);
 
-    m_speed = new QComboBox(&m_window);
-    m_speed->setToolTip(Text(Ids::SimSpeed));
-    for (const double speed : kSpeeds)
-        m_speed->addItem(QString::number(speed) + QStringLiteral("×"), speed);
-    m_speed->setCurrentIndex(3);
-    m_window.statusBar()->insertPermanentWidget(1, m_speed);
-    connect(m_speed, &QComboBox::currentIndexChanged, this,
-            [this](int index) { m_controller.SetSpeed(m_speed->itemData(index).toDouble()); });
+    // A live board runs at real time: only a simulation has a speed.
+    if (timed) {
+        m_speed = new QComboBox(&m_window);
+        m_speed->setToolTip(Text(Ids::SimSpeed));
+        for (const double speed : kSpeeds)
+            m_speed->addItem(QString::number(speed) + QStringLiteral("×"), speed);
+        m_speed->setCurrentIndex(3);
+        m_window.statusBar()->insertPermanentWidget(1, m_speed);
+        connect(m_speed, &QComboBox::currentIndexChanged, this,
+                [this](int index) { m_controller.SetSpeed(m_speed->itemData(index).toDouble()); });
+    }
 
     m_timer = new QTimer(this);
     connect(m_timer, &QTimer::timeout, this, &CSimulationSession::Tick);
@@ -92,7 +120,7 @@ bool CSimulationSession::Start(const CSimTarget& target, const QString& layoutPa
     // The serial line, for a layout that uses it: what the board sends, with its time, and a
     // line to send from.
     if (!UsesSerial())
-        return true;
+        return;
     m_dock = new QDockWidget(Text(Ids::SimSerialTitle), &m_window);
     m_dock->setObjectName("SerialDock");
     auto* pane = new QWidget(m_dock);
@@ -115,7 +143,6 @@ bool CSimulationSession::Start(const CSimTarget& target, const QString& layoutPa
     m_window.resizeDocks({m_dock}, {160}, Qt::Vertical);
     connect(send, &QPushButton::clicked, this, &CSimulationSession::SendTyped);
     connect(m_typed, &QLineEdit::returnPressed, this, &CSimulationSession::SendTyped);
-    return true;
 }
 
 bool CSimulationSession::UsesSerial() const
@@ -145,7 +172,7 @@ void CSimulationSession::SendTyped()
     } else {
         bytes = m_typed->text().toUtf8();
     }
-    m_controller.SendSerial(bytes);
+    m_source->SendSerial(bytes);
     m_typed->clear();
 }
 
@@ -155,10 +182,11 @@ void CSimulationSession::Tick()
     const CPanelStateFrame& frame = m_overlay->Frame();
     const QString time = CSimRun::TimeText(frame.Ms);
     m_timePane->setText(
-        frame.Paused
-            ? CStringTable::Format(Ids::SimStatusPaused, {time})
-            : CStringTable::Format(Ids::SimStatusTime, {time, m_speed->currentData().toString()}));
-    for (const auto& [ms, byte] : m_controller.TakeSerial()) {
+        frame.Paused ? CStringTable::Format(Ids::SimStatusPaused, {time})
+                     : CStringTable::Format(Ids::SimStatusTime,
+                                            {time, m_speed ? m_speed->currentData().toString()
+                                                           : QStringLiteral("1")}));
+    for (const auto& [ms, byte] : m_source->TakeSerial()) {
         if (!m_received)
             continue;
         const auto value = static_cast<unsigned char>(byte);
@@ -179,6 +207,7 @@ void CSimulationSession::Tick()
 void CSimulationSession::Stop()
 {
     m_controller.Stop();
+    m_source = nullptr;
     if (m_timer)
         m_timer->stop();
     // Stop may come from the timer's own tick: everything goes once the tick is over.

@@ -13,6 +13,7 @@ class CLayoutView;
 class CPanelGrid;
 class CSimOverlay;
 class CSimSignals;
+class CVirtualBoard;
 class IMessenger;
 class QCheckBox;
 class QComboBox;
@@ -38,8 +39,12 @@ class CSimulationSession : public QObject
     // Runs the HEX file and map a build just made beside the layout; false, with the reason
     // shown, when they cannot run.
     bool Start(const CSimTarget& target, const QString& layoutPath);
+    // Shows the program a virtual board runs, written from the layout: the map beside the
+    // layout tells the board where its state lies.
+    bool ShowLive(CVirtualBoard& board, const CSimTarget& target, const QString& layoutPath);
     void Stop();
-    bool IsRunning() const { return m_controller.IsRunning(); }
+    // A simulation runs, or a live board is shown.
+    bool IsRunning() const { return m_source != nullptr; }
     void SetPaused(bool paused) { m_controller.SetPaused(paused); }
     void Step() { m_controller.Step(); }
     CSimController& Controller() { return m_controller; }
@@ -50,6 +55,9 @@ class CSimulationSession : public QObject
     void Stopped();
 
   private:
+    // The map beside the layout's HEX file; false, with a message, when it does not read.
+    bool ReadMap(const QString& layoutPath);
+    void Show(IPanelStateSource& source, const CSimTarget& target, bool timed);
     void Tick();
     void SendTyped();
     bool UsesSerial() const;
@@ -60,6 +68,7 @@ class CSimulationSession : public QObject
     const CBoardInfo& m_board;
     IMessenger& m_messenger;
     CSimController m_controller;
+    IPanelStateSource* m_source = nullptr;
     CSimMap m_map;
     std::unique_ptr<CSimSignals> m_signals;
     CSimOverlay* m_overlay = nullptr;
