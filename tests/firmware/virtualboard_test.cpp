@@ -102,4 +102,8 @@ TEST(VirtualBoard, AStoppedBoardFailsTheWriteWithinTenSeconds)
     EXPECT_EQ(write.Exit, 1);
     EXPECT_LT(write.Ms, 10000);
     EXPECT_TRUE(write.Log.contains("Error on write on FLASH.")) << write.Log.toStdString();
+    EXPECT_TRUE(write.Log.trimmed().endsWith(
+        "Hint: the port is not there. Check that the board is plugged in, and the port in "
+        "Settings > Writer Settings."))
+        << write.Log.toStdString();
 }

@@ -1,5 +1,7 @@
 #include "flashwriter.h"
 
+#include <algorithm>
+
 #include "boardinfo.h"
 #include "buildlog.h"
 #include "portfinder.h"
@@ -72,7 +74,13 @@ bool CFlashWriter::Write(const QString& hexPath, const QString& workFolder)
         command = UserCommand(m_settings.Writer, m_settings.WriterOptions, hexPath);
     }
 
-    CProcessRunner runner([this](const QString& line) { m_log.Append(line); }, m_stop);
+    QStringList output;
+    CProcessRunner runner(
+        [this, &output](const QString& line) {
+            output.append(line);
+            m_log.Append(line);
+        },
+        m_stop);
     const CProcessResult result = boardWriter
                                       ? runner.Watch(command, workFolder, m_readings, m_intervalMs)
                                       : runner.Launch(command, workFolder);
@@ -90,5 +98,29 @@ bool CFlashWriter::Write(const QString& hexPath, const QString& workFolder)
         return true;
     }
     m_log.Append(CStringTable::Format(Ids::LogFlashError, {result.ExitCode}));
+    if (const int hint = HintFor(output))
+        m_log.Append(CStringTable::Get(hint));
     return false;
+}
+
+int CFlashWriter::HintFor(const QStringList& output)
+{
+    // What the writer says, from the most to the least telling: the first kind found wins.
+    static const struct
+    {
+        int Hint;
+        const char* Words[4];
+    } kHints[] = {
+        {Ids::HintWriterDenied, {"Permission denied"}},
+        {Ids::HintWriterBusy, {"Device or resource busy", "resource busy"}},
+        {Ids::HintWriterNoPort, {"No such file or directory", "can't open device"}},
+        {Ids::HintWriterNoAnswer, {"not responding", "not in sync", "timeout", "stk500_recv"}},
+    };
+    for (const auto& hint : kHints)
+        for (const char* words : hint.Words)
+            if (words && std::any_of(output.begin(), output.end(), [&](const QString& line) {
+                    return line.contains(QLatin1String(words), Qt::CaseInsensitive);
+                }))
+                return hint.Hint;
+    return 0;
 }

@@ -3,6 +3,7 @@
 #include "commandline.h"
 
 #include <QString>
+#include <QStringList>
 
 class CBoardInfo;
 class IBuildLog;
@@ -37,6 +38,9 @@ class CFlashWriter
     // Appends its progress to the log; true when the writer ended with 0 (a user writer is
     // not waited for and counts as 0).
     bool Write(const QString& hexPath, const QString& workFolder);
+    // A hint in plain words for what the writer said when it failed (the port not there,
+    // no answer, no permission, the port busy): a string id, or 0 when none fits.
+    static int HintFor(const QStringList& output);
 
     // The board writer's command line; empty with the log told why when no port is known.
     CCommandLine BoardCommand(const QString& hexPath);

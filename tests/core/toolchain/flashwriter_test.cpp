@@ -1,6 +1,7 @@
 // Composing and running the FLASH writer.
 #include "core/toolchain/buildtest.h"
 #include "flashwriter.h"
+#include "stringtable.h"
 
 #include <QCoreApplication>
 #include <QElapsedTimer>
@@ -151,4 +152,27 @@ TEST_F(CWriterFixture, UserWriterIsStartedAndNotWaitedFor)
     EXPECT_TRUE(Write(""));
     EXPECT_TRUE(log.Lines.isEmpty()) << "a user writer reports nothing of its own";
     EXPECT_TRUE(Recorded("ok [/l/a.hex]"));
+}
+
+// A failed write ends with a hint in plain words for what the writer said.
+TEST(WriterHint, NamesTheKindOfFailure)
+{
+    const struct
+    {
+        const char* Output;
+        int Hint;
+    } rows[] = {
+        {"avrdude OS error: cannot open port /dev/ttyACM0: No such file or directory",
+         Ids::HintWriterNoPort},
+        {"avrdude error: programmer is not responding", Ids::HintWriterNoAnswer},
+        {"avrdude warning: attempt 1 of 10: not in sync: resp=0x00", Ids::HintWriterNoAnswer},
+        {"avrdude OS error: cannot open port /dev/ttyACM0: Permission denied",
+         Ids::HintWriterDenied},
+        {"avrdude OS error: cannot open port /dev/ttyACM0: Device or resource busy",
+         Ids::HintWriterBusy},
+        {"avrdude: verification error, first mismatch at byte 0x0000", 0},
+    };
+    for (const auto& row : rows)
+        EXPECT_EQ(CFlashWriter::HintFor({"avrdude: stk500 version 5", row.Output}), row.Hint)
+            << row.Output;
 }
