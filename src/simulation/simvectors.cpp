@@ -98,14 +98,14 @@ bool CSimVectors::Parse(const QString& text, const QString& source)
     return true;
 }
 
-bool CSimVectors::ParseInput(const QString& spec)
+bool CSimVectors::ParseInput(const QString& change)
 {
-    const qsizetype at = spec.lastIndexOf(u'@');
+    const qsizetype at = change.lastIndexOf(u'@');
     if (at < 0) {
-        m_error = CStringTable::Format(Ids::SimInputSyntax, {spec});
+        m_error = CStringTable::Format(Ids::SimInputSyntax, {change});
         return false;
     }
-    return ParseLine(spec.mid(at + 1) + QStringLiteral(" set ") + spec.left(at), 0,
+    return ParseLine(change.mid(at + 1) + QStringLiteral(" set ") + change.left(at), 0,
                      QStringLiteral("--input"));
 }
 

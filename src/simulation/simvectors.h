@@ -42,7 +42,7 @@ class CSimVectors
     // Adds the lines of a vectors file; false with Error() naming source, line and column.
     bool Parse(const QString& text, const QString& source);
     // "start=1@0.5s": one input change, as given after --input.
-    bool ParseInput(const QString& spec);
+    bool ParseInput(const QString& change);
     void AddSerial(double ms, const QByteArray& bytes);
     const QString& Error() const { return m_error; }
 
