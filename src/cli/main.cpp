@@ -229,7 +229,8 @@ class CStdoutLog : public IBuildLog
     }
 };
 
-int Build(const CSession& session, const CArguments& args)
+// The settings' build, with the folder and port the command line gives instead.
+CBuildSettings BuildSettings(const CSession& session, const CArguments& args)
 {
     CBuildSettings build =
         CBuildSettings::From(session.Settings(), session.Board(), CSession::Programs());
@@ -239,7 +240,12 @@ int Build(const CSession& session, const CArguments& args)
             CBuildFolders::WorkFolder(CSession::Programs(), args.Work);
     if (!args.Port.isEmpty())
         build.Writer.Port = args.Port;
+    return build;
+}
 
+int Build(const CSession& session, const CArguments& args)
+{
+    const CBuildSettings build = BuildSettings(session, args);
     CStdoutLog log;
     // Without --write the question before writing is answered Cancel.
     CStderrMessenger messenger(args.Write ? EAnswer::Ok : EAnswer::Cancel);
@@ -271,11 +277,7 @@ int Simulate(const CSession& session, const CArguments& args)
         return ExitFaults;
     }
     // The HEX file Build && Write would write, made by the same pipeline.
-    CBuildSettings build =
-        CBuildSettings::From(session.Settings(), session.Board(), CSession::Programs());
-    if (!args.Work.isEmpty())
-        build.WorkFolder = build.OutputFolder =
-            CBuildFolders::WorkFolder(CSession::Programs(), args.Work);
+    const CBuildSettings build = BuildSettings(session, args);
     CKeptLog log;
     CStderrMessenger messenger(EAnswer::Cancel);
     const std::unique_ptr<IPortFinder> finder = CreatePlatformPortFinder();

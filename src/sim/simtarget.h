@@ -1,6 +1,7 @@
 #pragma once
 
 #include <cstdint>
+#include <optional>
 #include <string>
 #include <vector>
 
@@ -48,10 +49,18 @@ struct CSimTarget
     // "PB5" as a pin number, -1 when the board has no such pin.
     int PinNamed(const std::string& name) const
     {
-        for (int pin = 0; pin < PinCount(); ++pin)
-            if (name.size() == 3 && name[0] == 'P' && name[1] == Pins[pin].Port &&
-                name[2] - '0' == Pins[pin].Bit)
+        const std::optional<CPin> place = PinOf(name);
+        for (int pin = 0; place && pin < PinCount(); ++pin)
+            if (Pins[pin].Port == place->Port && Pins[pin].Bit == place->Bit)
                 return pin;
         return -1;
+    }
+    // "PD2" as a port letter and bit; nullopt for a name that is none.
+    static std::optional<CPin> PinOf(const std::string& name)
+    {
+        if (name.size() != 3 || name[0] != 'P' || name[1] < 'A' || name[1] > 'Z' || name[2] < '0' ||
+            name[2] > '7')
+            return std::nullopt;
+        return CPin{name[1], name[2] - '0'};
     }
 };

@@ -5,6 +5,9 @@
 #include <QPair>
 #include <QString>
 
+#include <deque>
+#include <functional>
+#include <mutex>
 #include <string>
 #include <vector>
 
@@ -52,4 +55,31 @@ class IPanelStateSource
     virtual void SendSerial(const QByteArray& bytes) = 0;
     // The bytes the board sent since the last call, each with the time it came, in ms.
     virtual QList<QPair<double, char>> TakeSerial() = 0;
+};
+
+// What passes between an engine's thread and the view, from either side at any time: the
+// view's commands one way, the newest frame and the bytes the board sent the other.
+class CStateExchange : public IPanelStateSource
+{
+  public:
+    CPanelStateFrame Frame() const override;
+    void SetInput(int pin, bool high) override;
+    void SetReading(int channel, int reading) override;
+    void SendSerial(const QByteArray& bytes) override;
+    QList<QPair<double, char>> TakeSerial() override;
+
+    // The engine's side: runs the commands the view gave since the last call.
+    void RunCommands(CAvrSimulator& sim);
+    // The engine's side: a new frame, and what the board has sent so far (which starts
+    // afresh when the board was reset); the bytes not yet seen take the frame's time.
+    void Publish(CPanelStateFrame frame, const std::string& sent);
+    // A new run: no frame, no commands, no bytes.
+    void Reset();
+
+  private:
+    mutable std::mutex m_lock; // guards everything below
+    std::deque<std::function<void(CAvrSimulator&)>> m_commands;
+    CPanelStateFrame m_frame;
+    QList<QPair<double, char>> m_serial;
+    std::size_t m_serialSeen = 0;
 };

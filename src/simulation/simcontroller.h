@@ -14,14 +14,14 @@
 // waits for it: at real time or a multiple of it (0.1 to 10), paused, or one scan at a time.
 // Simulated time is the engine's cycle count at the board's clock; wall time only paces it.
 // Every input is handed over between two short runs, so Stop returns within a few ms.
-class CSimController : public IPanelStateSource
+class CSimController : public CStateExchange
 {
   public:
     // The length of one step: one scan of the board's program.
     static constexpr double kStepMs = 1.0;
 
     CSimController();
-    ~CSimController() override;
+    ~CSimController();
     CSimController(const CSimController&) = delete;
     CSimController& operator=(const CSimController&) = delete;
 
@@ -39,18 +39,9 @@ class CSimController : public IPanelStateSource
     // While paused: runs one more scan.
     void Step();
 
-    CPanelStateFrame Frame() const override;
-    void SetInput(int pin, bool high) override;
-    void SetReading(int channel, int reading) override;
-    void SendSerial(const QByteArray& bytes) override;
-    QList<QPair<double, char>> TakeSerial() override;
-
     class CWorker;
 
   private:
-    // Work for the engine's thread, done between two runs.
-    void Post(std::function<void(class CAvrSimulator&)> command);
-
     std::unique_ptr<CWorker> m_worker;
     std::thread m_thread;
     std::atomic<double> m_speed{1.0};

@@ -1,5 +1,6 @@
 #include "simmap.h"
 
+#include "layoutfile.h"
 #include "panelgrid.h"
 
 #include <QFile>
@@ -7,21 +8,12 @@
 
 CGridPos CSimMap::CellOf(const QString& text)
 {
-    if (text.size() != 4)
-        return {};
-    bool ok = false;
-    const int row = text.mid(2).toInt(&ok);
-    const QString prefix = text.left(2);
-    int column = prefix == u"I_"   ? CPanelGrid::GetInputColumn()
-                 : prefix == u"O_" ? CPanelGrid::GetOutputColumn()
-                                   : 0;
-    bool columnOk = column != 0;
-    if (!columnOk)
-        column = prefix.toInt(&columnOk);
-    if (!ok || !columnOk || row < 1 || row > CPanelGrid::GetRowCount() ||
-        (column > 0 && column > CPanelGrid::GetColumnCount()) || column == 0)
-        return {};
-    return {column, row};
+    const CGridPos pos = CLayoutFile::PositionOf(text);
+    const bool onGrid = pos.Row >= 1 && pos.Row <= CPanelGrid::GetRowCount() &&
+                        (pos.Column == CPanelGrid::GetInputColumn() ||
+                         pos.Column == CPanelGrid::GetOutputColumn() ||
+                         (pos.Column >= 1 && pos.Column <= CPanelGrid::GetColumnCount()));
+    return text.size() == 4 && onGrid ? pos : CGridPos();
 }
 
 bool CSimMap::Read(const QString& path, QString& error)

@@ -1,6 +1,7 @@
 #include "simrun.h"
 
 #include "avrsimulator.h"
+#include "layoutfile.h"
 #include "simmap.h"
 #include "simsignals.h"
 #include "stringtable.h"
@@ -36,19 +37,6 @@ QString CSimRun::TimeText(double ms)
     return QString::number(ms / 1000.0, 'f', 6) + QStringLiteral(" s");
 }
 
-namespace {
-
-// "0201", "I_05", "O_07": a cell as a layout record names it.
-QString CellName(CGridPos cell)
-{
-    const auto two = [](int n) { return QStringLiteral("%1").arg(n, 2, 10, QChar(u'0')); };
-    if (cell.Column < 0)
-        return (cell.Column == -1 ? QStringLiteral("I_") : QStringLiteral("O_")) + two(cell.Row);
-    return two(cell.Column) + two(cell.Row);
-}
-
-} // namespace
-
 bool CSimRun::Run(const QList<CSimVectors::CEvent>& events, double endMs)
 {
     if (m_map && m_waves.empty()) {
@@ -56,7 +44,7 @@ bool CSimRun::Run(const QList<CSimVectors::CEvent>& events, double endMs)
         for (const CSimMap::CEntry& entry : m_map->Entries())
             if (std::none_of(m_waves.begin(), m_waves.end(),
                              [&](const CWave& wave) { return wave.Address == entry.Address; }))
-                m_waves.push_back({CellName(entry.Cell) + u'_' + entry.Item,
+                m_waves.push_back({CLayoutFile::PositionText(entry.Cell) + u'_' + entry.Item,
                                    entry.Item.size() == 1 ? 1 : 8 * entry.Bytes,
                                    entry.Address,
                                    {}});

@@ -1,6 +1,7 @@
 #include "simsignals.h"
 
 #include "boardinfo.h"
+#include "layoutfile.h"
 #include "panel.h"
 #include "panelcell.h"
 #include "panelgrid.h"
@@ -19,8 +20,7 @@ CSimSignals::CSimSignals(const CPanelGrid& grid, const CBoardInfo& board, const 
             const int pin = target.PinNamed(port.toStdString());
             if (pin < 0)
                 continue;
-            const QString place = (input ? QStringLiteral("I_") : QStringLiteral("O_")) +
-                                  QStringLiteral("%1").arg(row, 2, 10, QChar(u'0'));
+            const QString place = CLayoutFile::PositionText({column, row});
             const QString name = panel->GetTrailingComment().trimmed();
             const bool analog = panel->GetKind() == EPanelKind::AnalogIn;
             m_signals.append({name.isEmpty() ? place : name, place, port, pin, input,

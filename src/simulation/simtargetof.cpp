@@ -3,19 +3,6 @@
 #include "boardinfo.h"
 #include "stringtable.h"
 
-namespace {
-
-// "PD2" as the engine's pin; nullopt for a name that is no port letter and bit.
-std::optional<CSimTarget::CPin> PinOf(const QString& name)
-{
-    if (name.size() != 3 || name[0] != u'P' || !name[1].isUpper() || name[2] < u'0' ||
-        name[2] > u'7')
-        return std::nullopt;
-    return CSimTarget::CPin{char(name[1].unicode()), name[2].unicode() - u'0'};
-}
-
-} // namespace
-
 bool SimTargetOf(const CBoardInfo& board, int clockSource, CSimTarget& target, QString& why)
 {
     const CBoardSimulation& simulation = board.GetSimulation();
@@ -28,7 +15,8 @@ bool SimTargetOf(const CBoardInfo& board, int clockSource, CSimTarget& target, Q
     target.Mcu = simulation.Mcu.toStdString();
     target.ClockHz = std::uint64_t(hz);
     for (int row = 0; row < board.GetPortCount(); ++row) {
-        const std::optional<CSimTarget::CPin> pin = PinOf(board.GetPort(row).Name);
+        const std::optional<CSimTarget::CPin> pin =
+            CSimTarget::PinOf(board.GetPort(row).Name.toStdString());
         if (!pin) {
             why = CStringTable::Format(Ids::SimNoSuchPin,
                                        {board.GetBoardName(), board.GetPort(row).Name});

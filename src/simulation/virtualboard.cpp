@@ -4,6 +4,7 @@
 
 #include <QFile>
 
+#include <algorithm>
 #include <chrono>
 #include <thread>
 
@@ -75,7 +76,6 @@ bool CVirtualBoard::Run(const std::atomic<bool>& stop, double forMs,
     const Clock::time_point start = Clock::now();
     bool opened = false;
     std::size_t sent = 0;
-    std::size_t shown = 0;
     Clock::time_point lastFrame = start;
     // Each pin's changes up to this cycle have been told.
     std::vector<std::uint64_t> told(std::size_t(m_target.PinCount()), 0);
@@ -92,7 +92,7 @@ bool CVirtualBoard::Run(const std::atomic<bool>& stop, double forMs,
         if (open && !opened) {
             sim.ResetExternal();
             sim.ClearUartOutput();
-            sent = shown = 0;
+            sent = 0;
         }
         opened = open;
         if (open && (line.revents & POLLIN)) {
@@ -122,30 +122,30 @@ bool CVirtualBoard::Run(const std::atomic<bool>& stop, double forMs,
         if (!open)
             sent = out.size();
         // Each change is told once.
-        for (int pin = 0; pin < m_target.PinCount(); ++pin)
-            for (const CPinChange& change : sim.Trace(pin).Changes())
-                if (change.Cycle > told[std::size_t(pin)]) {
-                    told[std::size_t(pin)] = change.Cycle;
-                    if (changed)
-                        changed(double(change.Cycle) * 1000.0 / double(m_target.ClockHz), pin,
-                                change.High);
-                }
+        for (int pin = 0; changed && pin < m_target.PinCount(); ++pin) {
+            const std::vector<CPinChange>& changes = sim.Trace(pin).Changes();
+            std::uint64_t& last = told[std::size_t(pin)];
+            // The trace keeps a window of changes: only those after the last one told are
+            // looked at, so a fast pin costs nothing per slice but its new changes.
+            auto next = std::partition_point(changes.begin(), changes.end(),
+                                             [&](const CPinChange& c) { return c.Cycle <= last; });
+            for (; next != changes.end(); ++next) {
+                last = next->Cycle;
+                changed(double(next->Cycle) * 1000.0 / double(m_target.ClockHz), pin, next->High);
+            }
+        }
         // Commands from the view, and a frame for it; the frame keeps only a window of the
         // traces, so a board that runs for hours holds no more.
-        std::deque<std::function<void(CAvrSimulator&)>> commands;
-        {
-            const std::lock_guard<std::mutex> guard(m_lock);
-            commands.swap(m_commands);
-        }
-        for (const auto& command : commands)
-            command(sim);
+        RunCommands(sim);
         if (Clock::now() - lastFrame >= std::chrono::milliseconds(15)) {
             lastFrame = Clock::now();
-            const std::lock_guard<std::mutex> guard(m_lock);
-            m_frame = MakePanelStateFrame(sim, m_map);
-            m_frame.Running = true;
-            for (const std::string& bytes = sim.UartOutput(); shown < bytes.size(); ++shown)
-                m_serial.append({m_frame.Ms, bytes[shown]});
+            CPanelStateFrame frame;
+            {
+                const std::lock_guard<std::mutex> guard(m_mapLock);
+                frame = MakePanelStateFrame(sim, m_map);
+            }
+            frame.Running = true;
+            Publish(std::move(frame), sim.UartOutput());
         }
     }
     return true;
@@ -160,39 +160,6 @@ bool CVirtualBoard::Run(const std::atomic<bool>& stop, double forMs,
 
 void CVirtualBoard::SetMap(const CSimMap& map)
 {
-    const std::lock_guard<std::mutex> guard(m_lock);
+    const std::lock_guard<std::mutex> guard(m_mapLock);
     m_map = map;
-}
-
-CPanelStateFrame CVirtualBoard::Frame() const
-{
-    const std::lock_guard<std::mutex> guard(m_lock);
-    return m_frame;
-}
-
-void CVirtualBoard::Post(std::function<void(CAvrSimulator&)> command)
-{
-    const std::lock_guard<std::mutex> guard(m_lock);
-    m_commands.push_back(std::move(command));
-}
-
-void CVirtualBoard::SetInput(int pin, bool high)
-{
-    Post([pin, high](CAvrSimulator& sim) { sim.SetInput(pin, high); });
-}
-
-void CVirtualBoard::SetReading(int channel, int reading)
-{
-    Post([channel, reading](CAvrSimulator& sim) { sim.SetAnalogReading(channel, reading); });
-}
-
-void CVirtualBoard::SendSerial(const QByteArray& bytes)
-{
-    Post([text = bytes.toStdString()](CAvrSimulator& sim) { sim.SendUart(text); });
-}
-
-QList<QPair<double, char>> CVirtualBoard::TakeSerial()
-{
-    const std::lock_guard<std::mutex> guard(m_lock);
-    return std::exchange(m_serial, {});
 }

@@ -7,7 +7,6 @@
 #include <QString>
 
 #include <atomic>
-#include <deque>
 #include <functional>
 #include <mutex>
 
@@ -18,10 +17,10 @@ class CAvrSimulator;
 // into the boot loader, as the line's DTR does on the real board, so the board's own writer
 // can write a program into it; the program then runs. It is a state source too: given the
 // map of the program written, the editor animates the grid from it. Unix only.
-class CVirtualBoard : public IPanelStateSource
+class CVirtualBoard : public CStateExchange
 {
   public:
-    ~CVirtualBoard() override { Close(); }
+    ~CVirtualBoard() { Close(); }
 
     // Starts the board: false, with why, when the boot loader or the terminal cannot be had.
     bool Open(const CSimTarget& target, const QString& bootLoaderHex, quint32 bootAddress,
@@ -38,24 +37,13 @@ class CVirtualBoard : public IPanelStateSource
     // Where the program now in the FLASH keeps its panels' state (from any thread).
     void SetMap(const CSimMap& map);
 
-    CPanelStateFrame Frame() const override;
-    void SetInput(int pin, bool high) override;
-    void SetReading(int channel, int reading) override;
-    void SendSerial(const QByteArray& bytes) override;
-    QList<QPair<double, char>> TakeSerial() override;
-
   private:
-    void Post(std::function<void(CAvrSimulator&)> command);
-
     int m_master = -1;
     QString m_port;
     CSimTarget m_target;
     QString m_bootLoader;
     quint32 m_bootAddress = 0;
 
-    mutable std::mutex m_lock; // guards everything below
+    mutable std::mutex m_mapLock;
     CSimMap m_map;
-    CPanelStateFrame m_frame;
-    std::deque<std::function<void(CAvrSimulator&)>> m_commands;
-    QList<QPair<double, char>> m_serial;
 };

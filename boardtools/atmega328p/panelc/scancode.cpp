@@ -2,6 +2,7 @@
 
 #include "panelname.h"
 
+#include "layoutfile.h"
 #include "netlist.h"
 #include "panelgrid.h"
 
@@ -74,17 +75,6 @@ const CMapField* FieldOf(const QString& type, const QString& item, bool longTime
             (field.Times == ETimes::Any || (field.Times == ETimes::Long) == longTimes))
             return &field;
     return nullptr;
-}
-
-// A cell as a layout record names it: "I_05", "0201", "O_07".
-QString CellName(CGridPos cell)
-{
-    const auto two = [](int n) { return QStringLiteral("%1").arg(n, 2, 10, QChar(u'0')); };
-    if (cell.Column == CPanelGrid::GetInputColumn())
-        return "I_" + two(cell.Row);
-    if (cell.Column == CPanelGrid::GetOutputColumn())
-        return "O_" + two(cell.Row);
-    return two(cell.Column) + two(cell.Row);
 }
 
 } // namespace
@@ -246,12 +236,13 @@ QByteArray CScanCode::BaseCells(const QString& layoutName) const
     // The map names every net a wire shows: each pin of the net, on whichever side.
     for (const int net : ComputedNets())
         for (const CNetPin& pin : m_netlist.GetNets()[net].GetPins())
-            text += CellName(pin.Cell()) + u' ' + QChar(pin.Side) + u' ' + NetName(net) + " 0 1\n";
+            text += CLayoutFile::PositionText(pin.Cell()) + u' ' + QChar(pin.Side) + u' ' +
+                    NetName(net) + " 0 1\n";
     const bool longTimes = Uses("Q_USE_LONG_TIMES");
     for (const CMappedState& state : m_mapped)
         if (const CMapField* field = FieldOf(state.Type, state.Item, longTimes))
             text += QStringLiteral("%1 %2 %3 %4 %5\n")
-                        .arg(CellName(state.Cell), state.Item, state.Symbol)
+                        .arg(CLayoutFile::PositionText(state.Cell), state.Item, state.Symbol)
                         .arg(field->Offset)
                         .arg(field->Bytes);
     return text.toUtf8();

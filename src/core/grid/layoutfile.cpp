@@ -207,6 +207,28 @@ std::unique_ptr<CPanelCell> CLayoutFile::MakeCell(const QString& record) const
     return std::make_unique<CPanelCell>(std::move(panel));
 }
 
+QString CLayoutFile::PositionText(CGridPos pos)
+{
+    QByteArray text;
+    if (pos.Column == CPanelGrid::GetInputColumn())
+        text = "I_";
+    else if (pos.Column == CPanelGrid::GetOutputColumn())
+        text = "O_";
+    else
+        AppendTwoDigits(text, pos.Column);
+    AppendTwoDigits(text, pos.Row);
+    return QString::fromLatin1(text);
+}
+
+CGridPos CLayoutFile::PositionOf(QStringView prefix)
+{
+    const QStringView column = prefix.left(2);
+    return {column == u"I_"   ? CPanelGrid::GetInputColumn()
+            : column == u"O_" ? CPanelGrid::GetOutputColumn()
+                              : LeadingInt(column),
+            LeadingInt(prefix.mid(2, 2))};
+}
+
 void CLayoutFile::ReadRecord(CPanelGrid& grid, QStringView line, int number)
 {
     // Headings only guide a reader of the file: each record's prefix names its column.
@@ -216,11 +238,7 @@ void CLayoutFile::ReadRecord(CPanelGrid& grid, QStringView line, int number)
     if (line.size() < 5)
         return AddFault(number, Ids::LoadNoRecord);
     // Only the record itself is copied out of the file's text.
-    const QStringView prefix = line.left(2);
-    const int column = prefix == u"I_"   ? CPanelGrid::GetInputColumn()
-                       : prefix == u"O_" ? CPanelGrid::GetOutputColumn()
-                                         : LeadingInt(prefix);
-    const int row = LeadingInt(line.mid(2, 2));
+    const auto [column, row] = PositionOf(line);
     if (!grid.Contains(column, row))
         return AddFault(number, Ids::LoadNoPosition);
     const QString record = line.mid(5).toString();

@@ -1,5 +1,7 @@
 #pragma once
 
+#include "gridpos.h"
+
 #include <QByteArray>
 #include <QHash>
 #include <QString>
@@ -45,6 +47,12 @@ class CLayoutFile
     std::unique_ptr<CPanelCell> MakeCell(const QString& record) const;
 
     const QString& ErrorString() const { return m_error; }
+
+    // A position as a record's prefix names it: "I_05", "0201", "O_07".
+    static QString PositionText(CGridPos pos);
+    // The position a record's first four characters name, read as loading reads them; the
+    // caller checks it lies on the grid.
+    static CGridPos PositionOf(QStringView prefix);
 
   private:
     void ReadRecord(CPanelGrid& grid, QStringView line, int number);

@@ -339,77 +339,62 @@ void CMainFrame::UpdateCommands()
     m_processBar->setEnabled(!simulating);
 }
 
-void CMainFrame::RunSimulate()
+void CMainFrame::BuildInDialog(int notSaved, bool write, const CSimTarget* simulated)
 {
     if (m_document->GetPath().isEmpty()) {
-        m_messenger.Message(Text(Ids::MsgNotSavedCantSimulate), EButtons::Ok, EIcon::Warning);
+        m_messenger.Message(Text(notSaved), EButtons::Ok, EIcon::Warning);
         return;
     }
+    if (m_settings.GetSaveBeforeCompile() && m_document->IsModified())
+        FileSave();
+    CBuildSettings settings =
+        CBuildSettings::From(m_settings, m_board, QCoreApplication::applicationDirPath());
+    // A virtual board that runs takes the program instead of a board on a cable.
+    if (m_virtualBoard)
+        settings.Writer.Port = m_virtualBoard->Port();
+    const QString path = m_document->GetPath();
+    CBuildDialog dialog(
+        [this, settings, path, write](IBuildLog& log, CStopRequest& stop) {
+            const std::unique_ptr<IPortFinder> finder = CreatePlatformPortFinder();
+            CBuildPipeline pipeline(m_document->Grid(), m_board, settings, log, m_messenger,
+                                    *finder);
+            pipeline.SetStopRequest(&stop);
+            return write ? pipeline.Build(path) : pipeline.Make(path);
+        },
+        // A build that only prepares a simulation starts at once and closes when it succeeds.
+        m_messenger, this, write ? 100 : 0);
+    dialog.SetClosesOnSuccess(!write);
+    dialog.exec();
+    // The build's programs may have taken the focus to windows of their own.
+    raise();
+    activateWindow();
+    // The simulation, or the program written into the virtual board, runs on the grid.
+    const bool shown =
+        dialog.Succeeded() &&
+        (simulated
+             ? m_simulation->Start(*simulated, path)
+             : m_virtualBoard && m_simulation->ShowLive(*m_virtualBoard, m_virtualTarget, path));
+    if (shown) {
+        m_view->ClearSelection();
+        UpdateCommands();
+    }
+}
+
+void CMainFrame::RunSimulate()
+{
     CSimTarget target;
     QString why;
     if (!SimTargetOf(m_board, m_settings.GetClockSource(), target, why)) {
         m_messenger.Message(why, EButtons::Ok, EIcon::Warning);
         return;
     }
-    if (m_settings.GetSaveBeforeCompile() && m_document->IsModified())
-        FileSave();
     // The HEX file Build && Write would write, made the same way, without writing it.
-    const CBuildSettings settings =
-        CBuildSettings::From(m_settings, m_board, QCoreApplication::applicationDirPath());
-    const QString path = m_document->GetPath();
-    CBuildDialog dialog(
-        [this, settings, path](IBuildLog& log, CStopRequest& stop) {
-            const std::unique_ptr<IPortFinder> finder = CreatePlatformPortFinder();
-            CBuildPipeline pipeline(m_document->Grid(), m_board, settings, log, m_messenger,
-                                    *finder);
-            pipeline.SetStopRequest(&stop);
-            return pipeline.Make(path);
-        },
-        m_messenger, this, 0);
-    dialog.SetClosesOnSuccess(true);
-    dialog.exec();
-    raise();
-    activateWindow();
-    if (!dialog.Succeeded() || !m_simulation->Start(target, path))
-        return;
-    m_view->ClearSelection();
-    UpdateCommands();
+    BuildInDialog(Ids::MsgNotSavedCantSimulate, false, &target);
 }
 
 void CMainFrame::RunBuild()
 {
-    if (m_document->GetPath().isEmpty()) {
-        m_messenger.Message(Text(Ids::MsgNotSavedCantBuild), EButtons::Ok, EIcon::Warning);
-        return;
-    }
-    if (m_settings.GetSaveBeforeCompile() && m_document->IsModified())
-        FileSave();
-    const CBuildSettings settings =
-        CBuildSettings::From(m_settings, m_board, QCoreApplication::applicationDirPath());
-    const QString path = m_document->GetPath();
-    CBuildSettings written = settings;
-    // A virtual board that runs takes the program instead of a board on a cable.
-    if (m_virtualBoard)
-        written.Writer.Port = m_virtualBoard->Port();
-    CBuildDialog dialog(
-        [this, written, path](IBuildLog& log, CStopRequest& stop) {
-            const std::unique_ptr<IPortFinder> finder = CreatePlatformPortFinder();
-            CBuildPipeline pipeline(m_document->Grid(), m_board, written, log, m_messenger,
-                                    *finder);
-            pipeline.SetStopRequest(&stop);
-            return pipeline.Build(path);
-        },
-        m_messenger, this);
-    dialog.exec();
-    // The build's programs may have taken the focus to windows of their own.
-    raise();
-    activateWindow();
-    // The program written into the virtual board runs on the grid.
-    if (m_virtualBoard && dialog.Succeeded() &&
-        m_simulation->ShowLive(*m_virtualBoard, m_virtualTarget, path)) {
-        m_view->ClearSelection();
-        UpdateCommands();
-    }
+    BuildInDialog(Ids::MsgNotSavedCantBuild, true, nullptr);
 }
 
 void CMainFrame::SetVirtualBoard(bool on)

@@ -79,6 +79,10 @@ class CMainFrame : public QMainWindow, public IPanelChooser
     void FilePreview();
     void FilePrintSetup();
     void RunBuild();
+    // Builds the saved layout in the build dialog (notSaved: the message when it is not
+    // saved), writing it or not, then runs it: in the simulator for a target, in the
+    // virtual board's view after a write into one.
+    void BuildInDialog(int notSaved, bool write, const CSimTarget* simulated);
     // Builds the layout as Build && Write does, without writing, and runs the HEX file in
     // the simulated board over the locked grid.
     void RunSimulate();
