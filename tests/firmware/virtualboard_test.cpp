@@ -49,21 +49,33 @@ CWrite WriteBlinker(const QString& port)
             QString::fromUtf8(cli.readAll()), timer.elapsed()};
 }
 
-bool CanWrite()
+// A virtual board started for each test, where the build can write at all.
+struct VirtualBoard : testing::Test
 {
-    return QUILLON_HAVE_AVR_GCC && QFile::exists(QUILLON_BOARD_FOLDER "/bootloader.hex") &&
-           QFile::exists("/usr/bin/avrdude");
-}
+    QString port;
+    std::unique_ptr<QProcess> board;
+
+    void SetUp() override
+    {
+        if (!QUILLON_HAVE_AVR_GCC || !QFile::exists(QUILLON_BOARD_FOLDER "/bootloader.hex") ||
+            !QFile::exists("/usr/bin/avrdude"))
+            GTEST_SKIP() << "no avr-gcc, boot loader or avrdude";
+        board = StartBoard(port);
+        ASSERT_TRUE(board) << "the virtual board did not start";
+    }
+    void TearDown() override
+    {
+        if (board) {
+            board->terminate();
+            board->waitForFinished(5000);
+        }
+    }
+};
 
 } // namespace
 
-TEST(VirtualBoard, TheBoardsWriterWritesTheBlinkerAndItRuns)
+TEST_F(VirtualBoard, TheBoardsWriterWritesTheBlinkerAndItRuns)
 {
-    if (!CanWrite())
-        GTEST_SKIP() << "no avr-gcc, boot loader or avrdude";
-    QString port;
-    const std::unique_ptr<QProcess> board = StartBoard(port);
-    ASSERT_TRUE(board) << "the virtual board did not start";
     const CWrite write = WriteBlinker(port);
     EXPECT_EQ(write.Exit, 0) << write.Log.toStdString();
     EXPECT_TRUE(write.Log.contains("302 bytes of flash verified")) << write.Log.toStdString();
@@ -78,8 +90,6 @@ TEST(VirtualBoard, TheBoardsWriterWritesTheBlinkerAndItRuns)
         board->waitForReadyRead(200);
         changes += QString::fromUtf8(board->readAll());
     }
-    board->terminate();
-    board->waitForFinished(5000);
     std::vector<double> times;
     for (const QString& line : changes.split(u'\n'))
         if (line.endsWith(" PB5 1") || line.endsWith(" PB5 0"))
@@ -89,13 +99,8 @@ TEST(VirtualBoard, TheBoardsWriterWritesTheBlinkerAndItRuns)
         EXPECT_NEAR(times[i] - times[i - 1], 0.5, 0.002) << changes.toStdString();
 }
 
-TEST(VirtualBoard, AStoppedBoardFailsTheWriteWithinTenSeconds)
+TEST_F(VirtualBoard, AStoppedBoardFailsTheWriteWithinTenSeconds)
 {
-    if (!CanWrite())
-        GTEST_SKIP() << "no avr-gcc, boot loader or avrdude";
-    QString port;
-    const std::unique_ptr<QProcess> board = StartBoard(port);
-    ASSERT_TRUE(board) << "the virtual board did not start";
     board->terminate();
     board->waitForFinished(5000);
     const CWrite write = WriteBlinker(port);
